@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamba {
+
+/// A file operation that failed: `what()` is the system's own description ("No space left on device").
+class FileError : public std::exception {
+public:
+    explicit FileError(std::string description) : description_(std::move(description)) {}
+    [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
+
+private:
+    std::string description_;
+};
+
+/// The door to the disk. Everything throws `FileError` with the system's description.
+namespace Files {
+
+using Path = std::filesystem::path;
+
+[[nodiscard]] bool exists(const Path& path);
+[[nodiscard]] std::string read(const Path& path);
+/// Size in bytes of a regular file, or nothing.
+[[nodiscard]] std::optional<std::uint64_t> size(const Path& path);
+
+/// Replaces `path` by `bytes` so that a power cut at any moment leaves the old file or the new one, whole: a temporary
+/// file beside it is written and flushed to the disk, renamed over it, and the folder is flushed.
+void writeAtomically(const Path& path, std::string_view bytes);
+/// Copies a file to a name that is not yet taken, flushed to the disk before it carries that name. False when the
+/// name is taken: nothing is ever overwritten.
+[[nodiscard]] bool copyToNew(const Path& from, const Path& to);
+/// Renames; falls back to copy and remove between file systems. Never overwrites.
+void move(const Path& from, const Path& to);
+void remove(const Path& path);
+void makeFolders(const Path& folder);
+/// Names of the entries of a folder, sorted; empty when it cannot be read.
+[[nodiscard]] std::vector<std::string> names(const Path& folder);
+/// Copies a file or a whole folder.
+void copyTree(const Path& from, const Path& to);
+/// A new file in the system's folder for temporary files. Its name holds a fresh UUID and ends in `name`, made safe.
+[[nodiscard]] Path writeTemporary(std::string_view bytes, std::string_view name);
+
+/// The place `relative` names inside `folder`; nothing when it is absolute, empty, climbs out with "..", or leaves the
+/// folder through a link. The file itself need not exist.
+[[nodiscard]] std::optional<Path> inside(const Path& folder, std::string_view relative);
+
+/// Same size and same bytes.
+[[nodiscard]] bool sameBytes(const Path& a, const Path& b);
+
+/// What identifies one state of a file without reading it.
+struct Stamp {
+    std::uint64_t size = 0;
+    std::int64_t modifiedNanoseconds = 0;
+    std::uint64_t inode = 0;
+    bool operator==(const Stamp&) const = default;
+};
+[[nodiscard]] std::optional<Stamp> stamp(const Path& path);
+
+/// Called before each operation that changes the disk, with its name. For tests that cut the power: the callback may
+/// end the process or throw. Null by default.
+void setObserver(std::function<void(const char* operation)> observer);
+
+}  // namespace Files
+}  // namespace tamba

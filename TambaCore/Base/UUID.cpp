@@ -1,0 +1,58 @@
+#include "TambaCore/Base/UUID.h"
+
+#include "TambaCore/Base/Check.h"
+
+#include <sys/random.h>
+
+namespace tamba {
+
+namespace {
+
+constexpr bool hyphenBefore(std::size_t byte) { return byte == 4 || byte == 6 || byte == 8 || byte == 10; }
+
+int hexDigit(char c) {
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    return -1;
+}
+
+}  // namespace
+
+UUID UUID::random() {
+    UUID id;
+    if (getrandom(id.bytes.data(), id.bytes.size(), 0) != static_cast<ssize_t>(id.bytes.size()))
+        fatal("the system gives no random numbers");
+    id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0F) | 0x40);
+    id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3F) | 0x80);
+    return id;
+}
+
+std::optional<UUID> UUID::parse(std::string_view text) {
+    if (text.size() != 36) return std::nullopt;
+    UUID id;
+    std::size_t at = 0;
+    for (std::size_t byte = 0; byte < 16; ++byte) {
+        if (hyphenBefore(byte) && text[at++] != '-') return std::nullopt;
+        const int high = hexDigit(text[at]);
+        const int low = hexDigit(text[at + 1]);
+        if (high < 0 || low < 0) return std::nullopt;
+        id.bytes[byte] = static_cast<std::uint8_t>(high * 16 + low);
+        at += 2;
+    }
+    return id;
+}
+
+std::string UUID::text() const {
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string out;
+    out.reserve(36);
+    for (std::size_t byte = 0; byte < 16; ++byte) {
+        if (hyphenBefore(byte)) out += '-';
+        out += digits[bytes[byte] >> 4];
+        out += digits[bytes[byte] & 15];
+    }
+    return out;
+}
+
+}  // namespace tamba

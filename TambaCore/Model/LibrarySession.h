@@ -1,0 +1,80 @@
+#pragma once
+
+#include "TambaCore/Base/Files.h"
+#include "TambaCore/Model/Changes.h"
+#include "TambaCore/Model/LibraryStore.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tamba {
+
+/// The folder is open in another Tamba on this machine.
+class LockedError : public std::exception {
+public:
+    [[nodiscard]] const char* what() const noexcept override {
+        return "These books are already open in another Tamba. Close it there first.";
+    }
+};
+
+/// One folder of books, open for work: what application and command line share above `LibraryStore`. It holds an
+/// advisory lock (outside the folder, keyed by its real path), copies the file as found at the day's first opening to
+/// Backups/opened-<yyyy-mm-dd>.json (14 kept), and before each save looks whether another machine has changed the file,
+/// and then merges instead of overwriting.
+///
+///     LibrarySession session(folder, LibrarySession::Access::write);   // throws LockedError, StoreError
+///     Library library = session.loaded().value_or(Library::make());
+///     auto saved = session.save(library);                              // saved.library is what now stands on disk
+class LibrarySession {
+public:
+    enum class Access { read, write };
+
+    /// Locks (for `write`) and loads. A damaged file throws `StoreError::unreadable` and nothing is touched.
+    LibrarySession(std::filesystem::path folder, Access access);
+    ~LibrarySession();
+    LibrarySession(const LibrarySession&) = delete;
+    LibrarySession& operator=(const LibrarySession&) = delete;
+
+    [[nodiscard]] const LibraryStore& store() const { return store_; }
+    /// What opening found; nothing for a new book.
+    [[nodiscard]] const std::optional<Library>& loaded() const { return base_; }
+
+    struct Saved {
+        Library library;                  ///< what now stands on disk: `ours`, or the merge
+        bool merged = false;              ///< another machine's changes came in
+        std::vector<Conflict> conflicts;  ///< fields both changed; ours were kept, theirs are named here
+    };
+    /// Saves `ours`. When the file on disk is no longer what was last read or written, its changes are merged in first.
+    /// Throws `StoreError`; what is on disk then stays, also when it became unreadable.
+    Saved save(const Library& ours);
+
+    /// Another machine's change, when there is one: the books as they now stand on disk. The next save counts from it.
+    [[nodiscard]] std::optional<Library> reloadIfChanged();
+
+    struct Backup {
+        std::string name;  ///< file name in Backups
+        Day day;
+        bool asOpened = false;  ///< as found at the day's first opening, not as first saved
+        std::uint64_t size = 0;
+    };
+    /// Newest first; of one day, as saved before as opened.
+    [[nodiscard]] std::vector<Backup> backups() const;
+    /// Reads a backup. Throws `unreadable`, or `notAFile` for a name that is not in the Backups folder.
+    [[nodiscard]] Library readBackup(std::string_view name) const;
+    /// Puts a backup in place of the books; the present file is first kept as
+    /// Backups/replaced-<yyyy-mm-dd-hhmmss>.json. Works on damaged books too.
+    static Library restore(const std::filesystem::path& folder, std::string_view name);
+
+private:
+    struct Lock;
+    LibraryStore store_;
+    std::unique_ptr<Lock> lock_;
+    std::optional<Library> base_;
+    std::optional<Files::Stamp> stamp_;
+};
+
+}  // namespace tamba

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "TambaCore/Model/Models.h"
+
+#include <exception>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tamba {
+
+/// A refusal of the store; `what()` is the finished sentence for the user.
+class StoreError : public std::exception {
+public:
+    enum class Code { unreadable, unwritable, notAFile };
+    StoreError(Code code, std::string_view message);
+    [[nodiscard]] Code code() const { return code_; }
+    [[nodiscard]] const char* what() const noexcept override { return text_.c_str(); }
+
+private:
+    Code code_;
+    std::string text_;
+};
+
+/// Keeps one `Library` in one folder: `tamba.json`, receipts by month, invoice PDFs, assets, daily backups. Holds only
+/// the folder's location; takes no lock and keeps no copy. Used from one thread. What must happen around it (the lock,
+/// noticing another machine's changes) is `LibrarySession`'s.
+class LibraryStore {
+public:
+    using Path = std::filesystem::path;
+
+    /// Binds to a folder; touches nothing.
+    explicit LibraryStore(Path folder) : folder_(std::move(folder)) {}
+
+    /// $XDG_DATA_HOME/Tamba, else ~/.local/share/Tamba.
+    [[nodiscard]] static Path defaultFolder();
+
+    [[nodiscard]] const Path& folder() const { return folder_; }
+    [[nodiscard]] Path fileURL() const { return folder_ / "tamba.json"; }
+    [[nodiscard]] Path receiptsFolder() const { return folder_ / "Receipts"; }
+    [[nodiscard]] Path invoicesFolder() const { return folder_ / "Invoices"; }
+    [[nodiscard]] Path assetsFolder() const { return folder_ / "Assets"; }
+    [[nodiscard]] Path backupsFolder() const { return folder_ / "Backups"; }
+    [[nodiscard]] Path removedFolder() const { return folder_ / "Removed"; }
+
+    /// Makes the folder and its subfolders. Throws `unwritable`.
+    void prepare() const;
+    /// The books; nothing when there is no file yet. Throws `unreadable`, with the path of the culprit inside the file,
+    /// and leaves the file as it is.
+    [[nodiscard]] std::optional<Library> load() const;
+    /// Writes the books atomically; the first save of a calendar day is also that day's backup, of which 14 are kept.
+    /// Throws `unwritable`; the file on disk is then the old one.
+    void save(const Library& library) const;
+
+    /// Copies a file to Receipts/<yyyy-mm>/<date>-<vendor or name>[-n].<ext> and gives that path relative to the
+    /// folder. Throws `notAFile` when nothing is there, `unwritable` when it cannot be copied.
+    [[nodiscard]] std::string importReceipt(const Path& file, Day date, std::string_view vendor) const;
+    /// The same for bytes that are not yet a file.
+    [[nodiscard]] std::string writeAttachment(std::string_view data, std::string_view name, Day date) const;
+    /// Path relative to the folder, "/"-separated.
+    [[nodiscard]] std::string relative(const Path& path) const;
+    /// Where the attachment lies; nothing when its path is absolute or leaves the folder.
+    [[nodiscard]] std::optional<Path> url(const Attachment& attachment) const;
+    /// Moves the file to Removed/, never deletes it. A path that leaves the folder is left alone. Throws `unwritable`.
+    void removeAttachment(const Attachment& attachment) const;
+    /// Copies every top-level item to `destination`; refuses, before copying anything more, when one is there already.
+    void copyTo(const Path& destination) const;
+
+    /// File-name-safe form of a vendor: lower case, letters and digits of any script, at most 40 characters.
+    [[nodiscard]] static std::string slug(std::string_view text);
+
+private:
+    Path folder_;
+};
+
+}  // namespace tamba
