@@ -45,6 +45,9 @@ void makeFolders(const Path& folder);
 [[nodiscard]] std::vector<std::string> names(const Path& folder);
 /// Copies a file or a whole folder.
 void copyTree(const Path& from, const Path& to);
+/// A name that came from outside as a plain file name: no folders, no control characters, not hidden, at most 200
+/// bytes.
+[[nodiscard]] std::string safeName(std::string_view name);
 /// A new file in the system's folder for temporary files. Its name holds a fresh UUID and ends in `name`, made safe.
 [[nodiscard]] Path writeTemporary(std::string_view bytes, std::string_view name);
 

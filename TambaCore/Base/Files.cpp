@@ -1,0 +1,291 @@
+#include "TambaCore/Base/Files.h"
+
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Base/UUID.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <system_error>
+#include <utility>
+
+namespace tamba::Files {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::function<void(const char*)>& observer() {
+    static std::function<void(const char*)> current;
+    return current;
+}
+
+void observe(const char* operation) {
+    if (observer()) observer()(operation);
+}
+
+[[noreturn]] void fail(int error) { throw FileError(std::generic_category().message(error)); }
+
+/// Runs a std::filesystem call and turns its error code into our exception.
+template <class Call>
+auto checked(Call&& call) {
+    std::error_code error;
+    if constexpr (std::is_void_v<decltype(call(error))>) {
+        call(error);
+        if (error) throw FileError(error.message());
+    } else {
+        auto result = call(error);
+        if (error) throw FileError(error.message());
+        return result;
+    }
+}
+
+/// A file descriptor that closes itself.
+class Descriptor {
+public:
+    Descriptor(const Path& path, int flags, mode_t mode = 0) : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
+        if (fd_ < 0) fail(errno);
+    }
+    ~Descriptor() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    [[nodiscard]] int get() const { return fd_; }
+
+private:
+    int fd_;
+};
+
+void writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fd, bytes.data(), std::min<std::size_t>(bytes.size(), 1U << 30));
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) fail(errno);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void flush(int fd) {
+    observe("flush");
+    if (::fsync(fd) != 0) fail(errno);
+}
+
+void flushFolder(const Path& folder) {
+    const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+    observe("flush folder");
+    // Some network and FUSE file systems cannot flush a folder; the file itself is safe by then.
+    if (::fsync(descriptor.get()) != 0 && errno != EINVAL && errno != ENOTSUP) fail(errno);
+}
+
+/// The hidden name a file has until it is whole. Fixed, so that what a crash leaves behind is overwritten next time.
+Path unfinished(const Path& path) {
+    const std::string name = path.filename().string();
+    return path.parent_path() / ("." + std::string(Text::prefixBytes(name, 240)) + ".tmp");
+}
+
+void removeQuietly(const Path& path) {
+    std::error_code ignored;
+    fs::remove(path, ignored);
+}
+
+/// False when `to` exists.
+bool renameToNew(const Path& from, const Path& to) {
+    observe("rename");
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+    if (errno == EEXIST) return false;
+    if (errno != EINVAL && errno != ENOSYS) fail(errno);
+    // A file system without that call: the folder has one writer, so looking first is enough.
+    if (exists(to)) return false;
+    if (::rename(from.c_str(), to.c_str()) != 0) fail(errno);
+    return true;
+}
+
+}  // namespace
+
+void setObserver(std::function<void(const char* operation)> newObserver) { observer() = std::move(newObserver); }
+
+bool exists(const Path& path) {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
+}
+
+std::string read(const Path& path) {
+    const Descriptor descriptor(path, O_RDONLY);
+    struct stat info{};
+    if (::fstat(descriptor.get(), &info) != 0) fail(errno);
+    if (S_ISDIR(info.st_mode)) fail(EISDIR);
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(info.st_size) + 128);  // parsers want some room behind the text
+    bytes.resize(static_cast<std::size_t>(info.st_size));
+    std::size_t filled = 0;
+    while (true) {
+        if (filled == bytes.size()) {  // at the end, unless the file grew or never told its size
+            char extra[4096];
+            const ssize_t count = ::read(descriptor.get(), extra, sizeof extra);
+            if (count < 0 && errno == EINTR) continue;
+            if (count < 0) fail(errno);
+            if (count == 0) break;
+            bytes.append(extra, static_cast<std::size_t>(count));
+            filled = bytes.size();
+            continue;
+        }
+        const ssize_t count = ::read(descriptor.get(), bytes.data() + filled, bytes.size() - filled);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) fail(errno);
+        if (count == 0) break;
+        filled += static_cast<std::size_t>(count);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+std::optional<std::uint64_t> size(const Path& path) {
+    std::error_code error;
+    if (!fs::is_regular_file(path, error)) return std::nullopt;
+    const auto bytes = fs::file_size(path, error);
+    if (error) return std::nullopt;
+    return bytes;
+}
+
+void writeAtomically(const Path& path, std::string_view bytes) {
+    std::error_code ignored;
+    // Through a link, so that a library file kept elsewhere stays where its owner put it.
+    const Path target =
+        fs::is_symlink(path, ignored) ? checked([&](auto& e) { return fs::weakly_canonical(path, e); }) : path;
+    struct stat info{};
+    const mode_t mode = ::stat(target.c_str(), &info) == 0 ? info.st_mode & 0777 : 0644;
+    const Path temporary = unfinished(target);
+    try {
+        observe("create");
+        const Descriptor descriptor(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, mode);
+        observe("write");
+        writeAll(descriptor.get(), bytes);
+        flush(descriptor.get());
+        observe("rename");
+        if (::rename(temporary.c_str(), target.c_str()) != 0) fail(errno);
+    } catch (const FileError&) {
+        removeQuietly(temporary);
+        throw;
+    }
+    flushFolder(target.parent_path());
+}
+
+bool copyToNew(const Path& from, const Path& to) {
+    if (exists(to)) return false;
+    const Path temporary = unfinished(to);
+    try {
+        observe("copy");
+        removeQuietly(temporary);
+        checked([&](auto& e) { return fs::copy_file(from, temporary, fs::copy_options::overwrite_existing, e); });
+        checked([&](auto& e) { fs::permissions(temporary, fs::perms::owner_write, fs::perm_options::add, e); });
+        flush(Descriptor(temporary, O_RDONLY).get());
+        if (!renameToNew(temporary, to)) {
+            removeQuietly(temporary);
+            return false;
+        }
+    } catch (const FileError&) {
+        removeQuietly(temporary);
+        throw;
+    }
+    flushFolder(to.parent_path());
+    return true;
+}
+
+void move(const Path& from, const Path& to) {
+    observe("move");
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
+    if (errno != EXDEV && errno != EINVAL && errno != ENOSYS) fail(errno);
+    if (!copyToNew(from, to)) fail(EEXIST);
+    remove(from);
+}
+
+void remove(const Path& path) {
+    observe("remove");
+    checked([&](auto& e) { return fs::remove(path, e); });
+}
+
+void makeFolders(const Path& folder) {
+    if (fs::is_directory(folder)) return;
+    observe("make folder");
+    checked([&](auto& e) { return fs::create_directories(folder, e); });
+}
+
+std::vector<std::string> names(const Path& folder) {
+    std::vector<std::string> found;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+        found.push_back(entry->path().filename().string());
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+void copyTree(const Path& from, const Path& to) {
+    observe("copy");
+    checked([&](auto& e) { fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::copy_symlinks, e); });
+}
+
+std::string safeName(std::string_view name) {
+    const std::size_t separator = name.find_last_of("/\\");
+    if (separator != std::string_view::npos) name.remove_prefix(separator + 1);
+    std::string safe = Text::repairedUTF8(name);
+    std::replace_if(
+        safe.begin(), safe.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+    safe = std::string(Text::trim(safe));
+    while (!safe.empty() && safe.front() == '.') safe.erase(0, 1);  // neither hidden nor "..", the parent
+    if (safe.size() > 200) {
+        const std::string extension = Path(safe).extension().string();
+        safe = std::string(Text::prefixBytes(safe, 180)) + (extension.size() <= 20 ? extension : "");
+    }
+    return safe.empty() ? "file" : safe;
+}
+
+Path writeTemporary(std::string_view bytes, std::string_view name) {
+    const Path folder = checked([&](auto& e) { return fs::temp_directory_path(e); });
+    const std::string safe = safeName(name);
+    const Path path = folder / ("tamba-" + UUID::random().text() + "-" + safe);
+    try {
+        const Descriptor descriptor(path, O_WRONLY | O_CREAT | O_EXCL, 0600);
+        writeAll(descriptor.get(), bytes);
+    } catch (const FileError&) {
+        removeQuietly(path);
+        throw;
+    }
+    return path;
+}
+
+std::optional<Path> inside(const Path& folder, std::string_view relative) {
+    const Path part(relative);
+    if (relative.empty() || part.is_absolute() || relative.find('\0') != std::string_view::npos) return std::nullopt;
+    for (const Path& piece : part)
+        if (piece == "..") return std::nullopt;
+    std::error_code error;
+    const Path root = fs::weakly_canonical(folder, error);
+    if (error) return std::nullopt;
+    const Path real = fs::weakly_canonical(folder / part, error);
+    if (error) return std::nullopt;
+    const auto [inRoot, inReal] = std::mismatch(root.begin(), root.end(), real.begin(), real.end());
+    if (inRoot != root.end() || inReal == real.end()) return std::nullopt;
+    return folder / part;
+}
+
+bool sameBytes(const Path& a, const Path& b) {
+    const auto sizeA = size(a);
+    const auto sizeB = size(b);
+    return sizeA && sizeB && *sizeA == *sizeB && read(a) == read(b);
+}
+
+std::optional<Stamp> stamp(const Path& path) {
+    struct stat info{};
+    if (::stat(path.c_str(), &info) != 0) return std::nullopt;
+    return Stamp{static_cast<std::uint64_t>(info.st_size),
+                 std::int64_t{info.st_mtim.tv_sec} * 1'000'000'000 + info.st_mtim.tv_nsec,
+                 static_cast<std::uint64_t>(info.st_ino)};
+}
+
+}  // namespace tamba::Files
