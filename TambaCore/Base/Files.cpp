@@ -101,7 +101,7 @@ bool renameToNew(const Path& from, const Path& to) {
     if (errno == EEXIST) return false;
     if (errno != EINVAL && errno != ENOSYS) fail(errno);
     // A file system without that call: the folder has one writer, so looking first is enough.
-    if (exists(to)) return false;
+    if (Files::exists(to)) return false;
     if (::rename(from.c_str(), to.c_str()) != 0) fail(errno);
     return true;
 }
@@ -177,7 +177,7 @@ void writeAtomically(const Path& path, std::string_view bytes) {
 }
 
 bool copyToNew(const Path& from, const Path& to) {
-    if (exists(to)) return false;
+    if (Files::exists(to)) return false;
     const Path temporary = unfinished(to);
     try {
         observe("copy");
@@ -202,7 +202,7 @@ void move(const Path& from, const Path& to) {
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
     if (errno != EXDEV && errno != EINVAL && errno != ENOSYS) fail(errno);
     if (!copyToNew(from, to)) fail(EEXIST);
-    remove(from);
+    Files::remove(from);
 }
 
 void remove(const Path& path) {
