@@ -4,11 +4,14 @@
 #include "TambaCore/Model/Changes.h"
 #include "TambaCore/Model/LibraryStore.h"
 
+#include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tamba {
@@ -61,8 +64,9 @@ public:
         bool asOpened = false;  ///< as found at the day's first opening, not as first saved
         std::uint64_t size = 0;
     };
-    /// Newest first; of one day, as saved before as opened.
+    /// Newest first; of one day, as saved before as opened. The second also works on damaged books.
     [[nodiscard]] std::vector<Backup> backups() const;
+    [[nodiscard]] static std::vector<Backup> backups(const std::filesystem::path& folder);
     /// Reads a backup. Throws `unreadable`, or `notAFile` for a name that is not in the Backups folder.
     [[nodiscard]] Library readBackup(std::string_view name) const;
     /// Puts a backup in place of the books; the present file is first kept as
@@ -71,9 +75,12 @@ public:
 
 private:
     struct Lock;
+    void keepAsOpened() const;
+    [[nodiscard]] std::optional<std::pair<Library, Library>> reloadFrom(const std::optional<Library>& known);
+
     LibraryStore store_;
     std::unique_ptr<Lock> lock_;
-    std::optional<Library> base_;
+    std::optional<Library> base_;  // the books as last read or written
     std::optional<Files::Stamp> stamp_;
 };
 

@@ -53,6 +53,9 @@ public:
     /// Throws `unwritable`; the file on disk is then the old one.
     void save(const Library& library) const;
 
+    /// Deletes all but the `keep` newest backups whose names begin with `prefix`; failures are passed over.
+    void pruneBackups(std::string_view prefix, std::size_t keep) const;
+
     /// Copies a file to Receipts/<yyyy-mm>/<date>-<vendor or name>[-n].<ext> and gives that path relative to the
     /// folder. Throws `notAFile` when nothing is there, `unwritable` when it cannot be copied.
     [[nodiscard]] std::string importReceipt(const Path& file, Day date, std::string_view vendor) const;

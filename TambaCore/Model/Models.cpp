@@ -3,24 +3,11 @@
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
 
-#include <algorithm>
-
 namespace tamba {
 
 const UnknownKeys::Entries& UnknownKeys::entries() const {
     static const Entries none;
     return entries_ ? *entries_ : none;
-}
-
-void UnknownKeys::add(std::string key, std::string json) {
-    Entries grown = entries();
-    const auto place =
-        std::lower_bound(grown.begin(), grown.end(), key, [](const auto& e, const auto& k) { return e.first < k; });
-    if (place != grown.end() && place->first == key)
-        place->second = std::move(json);
-    else
-        grown.insert(place, {std::move(key), std::move(json)});
-    entries_ = std::make_shared<const Entries>(std::move(grown));
 }
 
 bool BankDetails::isEmpty() const {

@@ -26,10 +26,11 @@ namespace tamba {
 /// program never drops what a newer one wrote.
 class UnknownKeys {
 public:
-    using Entries = std::vector<std::pair<std::string, std::string>>;  ///< key, JSON text
+    using Entries = std::vector<std::pair<std::string, std::string>>;  ///< key, JSON text; sorted by key
 
+    UnknownKeys() = default;
+    explicit UnknownKeys(Entries entries) : entries_(std::make_shared<const Entries>(std::move(entries))) {}
     [[nodiscard]] const Entries& entries() const;
-    void add(std::string key, std::string json);
     friend bool operator==(const UnknownKeys& a, const UnknownKeys& b) {
         return a.entries_ == b.entries_ || a.entries() == b.entries();
     }

@@ -1,0 +1,283 @@
+#include "TambaCore/Base/Check.h"
+#include "TambaCore/Model/Fields.h"
+#include "TambaCore/Model/ModelsJSON.h"
+
+#include <simdjson.h>
+
+#include <algorithm>
+#include <array>
+#include <bitset>
+#include <limits>
+
+namespace tamba::ModelsJSON {
+
+void DecodeError::inKey(std::string_view key) {
+    path_ = std::string(key) + (path_.empty() || path_.front() == '[' ? "" : ".") + path_;
+    compose();
+}
+
+void DecodeError::inList(std::size_t index) {
+    path_ = "[" + std::to_string(index) + "]" + (path_.empty() || path_.front() == '[' ? "" : ".") + path_;
+    compose();
+}
+
+void DecodeError::compose() { text_ = path_.empty() ? message_ : message_ + " (" + path_ + ")"; }
+
+namespace {
+
+namespace od = simdjson::ondemand;
+
+/// Throws where the text itself is broken; a value of another type is the caller's to explain.
+[[noreturn]] void fail(simdjson::error_code error, const char* expected) {
+    switch (error) {
+        case simdjson::INCORRECT_TYPE:
+        case simdjson::NUMBER_ERROR:
+        case simdjson::NUMBER_OUT_OF_RANGE:
+            throw DecodeError(expected);
+        case simdjson::UTF8_ERROR:
+            throw DecodeError("The text is not UTF-8");
+        case simdjson::EMPTY:
+            throw DecodeError("The file is empty");
+        case simdjson::MEMALLOC:
+        case simdjson::CAPACITY:
+            throw DecodeError("The file is too large for this machine");
+        default:
+            throw DecodeError("The file is damaged or cut off here");
+    }
+}
+
+template <class T>
+T get(simdjson::simdjson_result<T> result, const char* expected) {
+    T value;
+    if (const auto error = std::move(result).get(value)) fail(error, expected);
+    return value;
+}
+
+std::string_view text(od::value& v) { return get(v.get_string(), "Not a text"); }
+
+std::string shortened(std::string_view word) {
+    return word.size() <= 60 ? std::string(word) : std::string(word.substr(0, 57)) + "…";
+}
+
+void decode(od::value& v, bool& out) { out = get(v.get_bool(), "Neither true nor false"); }
+void decode(od::value& v, std::int64_t& out) { out = get(v.get_int64(), "Not a whole number"); }
+void decode(od::value& v, int& out) {
+    std::int64_t wide = 0;
+    decode(v, wide);
+    if (wide < std::numeric_limits<int>::min() || wide > std::numeric_limits<int>::max())
+        throw DecodeError("Not a number of this size");
+    out = static_cast<int>(wide);
+}
+void decode(od::value& v, std::string& out) { out = text(v); }
+void decode(od::value& v, UUID& out) {
+    const std::string_view word = text(v);
+    const auto id = UUID::parse(word);
+    if (!id) throw DecodeError("Bad identifier " + shortened(word));
+    out = *id;
+}
+void decode(od::value& v, Day& out) {
+    const std::string_view word = text(v);
+    const auto day = Day::iso(word);
+    if (!day) throw DecodeError("Bad day " + shortened(word));
+    out = *day;
+}
+void decode(od::value& v, Instant& out) {
+    const std::string_view word = text(v);
+    const auto instant = parseInstant(word);
+    if (!instant) throw DecodeError("Bad point in time " + shortened(word));
+    out = *instant;
+}
+template <class E>
+    requires std::is_enum_v<E>
+void decode(od::value& v, E& out) {
+    const std::string_view written = text(v);
+    const auto value = fromWord<E>(written);
+    if (!value) throw DecodeError("Unknown word " + shortened(written));
+    out = *value;
+}
+template <IsRecord R>
+void decode(od::value& v, R& out);
+void decode(od::value& v, std::map<std::string, std::int64_t>& out);
+
+/// Calls `element(value)` for each element, naming its position in errors.
+template <class Element>
+void eachElement(od::value& v, Element&& element) {
+    std::size_t index = 0;
+    try {
+        auto array = get(v.get_array(), "Not a list");
+        for (auto item : array) {
+            auto value = get(std::move(item), "Not a value");
+            element(value);
+            ++index;
+        }
+    } catch (DecodeError& error) {
+        error.inList(index);
+        throw;
+    } catch (const simdjson::simdjson_error& error) {
+        fail(error.error(), "Not a list");
+    }
+}
+
+template <class T>
+void decode(od::value& v, std::vector<T>& out) {
+    eachElement(v, [&](od::value& item) { decode(item, out.emplace_back()); });
+}
+template <class T>
+void decode(od::value& v, List<T>& out) {
+    eachElement(v, [&](od::value& item) {
+        auto record = std::make_shared<T>();
+        decode(item, *record);
+        out.append(std::shared_ptr<const T>(std::move(record)));
+    });
+}
+template <class T>
+void decode(od::value& v, std::optional<T>& out) {
+    if (v.is_null()) return;
+    decode(v, out.emplace());
+}
+
+template <class R>
+struct Reader {
+    static constexpr std::size_t count = fieldCount<R>;
+    using Decode = void (*)(od::value&, R&);
+
+    static constexpr auto keys = std::apply([](const auto&... field) { return std::array{field.key...}; }, Fields<R>);
+
+    template <std::size_t I>
+    static void decodeField(od::value& v, R& record) {
+        decode(v, record.*std::get<I>(Fields<R>).member);
+    }
+    static constexpr auto decoders = []<std::size_t... I>(std::index_sequence<I...>) {
+        return std::array<Decode, count>{&decodeField<I>...};
+    }(std::make_index_sequence<count>{});
+
+    static constexpr auto required = std::apply(
+        [](const auto&... field) {
+        return std::array{!requires(const R& record){(record.*field.member).has_value(); }...
+};
+},
+        Fields<R>);
+
+/// Files have their keys in the table's order, so the next one is tried first.
+static std::size_t find(std::string_view key, std::size_t expected) {
+    if (expected < count && keys[expected] == key) return expected;
+    const auto place = std::lower_bound(keys.begin(), keys.end(), key);
+    return place != keys.end() && *place == key ? static_cast<std::size_t>(place - keys.begin()) : count;
+}
+};
+
+/// The key as written, without its quotes; escapes are left as they are.
+std::string_view rawKey(od::field& field) {
+    const char* begin = field.key().raw();
+    const char* end = begin;
+    while (*end != '"') end += *end == '\\' ? 2 : 1;
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+/// A value that no table names, kept as checked JSON text. The quick parser skips over it without looking, so it is
+/// read once more by the thorough one.
+std::string keep(od::value& v) {
+    std::string raw(get(simdjson::to_json_string(v), "Not a value"));
+    simdjson::dom::parser thorough;
+    simdjson::dom::element ignored;
+    if (const auto error = thorough.parse(raw).get(ignored)) fail(error, "Not a value");
+    return raw;
+}
+
+template <IsRecord R>
+void decode(od::value& v, R& out) {
+    std::bitset<fieldCount<R>> seen;
+    UnknownKeys::Entries unknown;
+    std::string_view key;
+    std::size_t expected = 0;
+    try {
+        auto object = get(v.get_object(), "Not a record");
+        for (auto item : object) {
+            auto field = get(std::move(item), "Not a record");
+            key = rawKey(field);
+            const std::size_t index = Reader<R>::find(key, expected);
+            od::value value = field.value();
+            if (index == fieldCount<R>) {
+                if constexpr (KeepsUnknownKeys<R>) {
+                    unknown.emplace_back(get(field.unescaped_key(), "Not a key"), keep(value));
+                } else {
+                    throw DecodeError("Unknown key");
+                }
+            } else {
+                if (seen[index]) throw DecodeError("Key written twice");
+                seen[index] = true;
+                Reader<R>::decoders[index](value, out);
+                expected = index + 1;
+            }
+            key = {};
+        }
+    } catch (DecodeError& error) {
+        if (!key.empty()) error.inKey(key);
+        throw;
+    } catch (const simdjson::simdjson_error& error) {
+        try {
+            fail(error.error(), "Not a record");
+        } catch (DecodeError& told) {
+            if (!key.empty()) told.inKey(key);
+            throw;
+        }
+    }
+    for (std::size_t i = 0; i < fieldCount<R>; ++i)
+        if (Reader<R>::required[i] && !seen[i]) {
+            DecodeError missing("Missing key");
+            missing.inKey(Reader<R>::keys[i]);
+            throw missing;
+        }
+    if constexpr (KeepsUnknownKeys<R>) {
+        if (unknown.empty()) return;
+        std::sort(unknown.begin(), unknown.end());
+        const auto twice = std::adjacent_find(unknown.begin(), unknown.end(),
+                                              [](const auto& a, const auto& b) { return a.first == b.first; });
+        if (twice != unknown.end()) {
+            DecodeError error("Key written twice");
+            error.inKey(twice->first);
+            throw error;
+        }
+        out.unknown = UnknownKeys(std::move(unknown));
+    }
+}
+
+void decode(od::value& v, std::map<std::string, std::int64_t>& out) {
+    std::string key;
+    try {
+        auto object = get(v.get_object(), "Not a record");
+        for (auto item : object) {
+            auto field = get(std::move(item), "Not a record");
+            key = std::string(get(field.unescaped_key(), "Not a key"));
+            if (out.contains(key)) throw DecodeError("Key written twice");
+            od::value value = field.value();
+            decode(value, out[key]);
+            key.clear();
+        }
+    } catch (DecodeError& error) {
+        if (!key.empty()) error.inKey(key);
+        throw;
+    } catch (const simdjson::simdjson_error& error) {
+        fail(error.error(), "Not a record");
+    }
+}
+
+}  // namespace
+
+Library decode(std::string bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
+    od::parser parser;
+    Library library;
+    try {
+        bytes.reserve(bytes.size() + simdjson::SIMDJSON_PADDING);
+        auto document = get(parser.iterate(bytes), "Not a record");
+        auto root = get(document.get_value(), "Not a record");
+        decode(root, library);
+        if (!document.current_location().error()) throw DecodeError("There is something after the end of the books");
+    } catch (const simdjson::simdjson_error& error) {
+        fail(error.error(), "Not a record");
+    }
+    return library;
+}
+
+}  // namespace tamba::ModelsJSON

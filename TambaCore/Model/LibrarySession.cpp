@@ -1,0 +1,175 @@
+#include "TambaCore/Model/LibrarySession.h"
+
+#include "TambaCore/Model/ModelsJSON.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace tamba {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t openedKept = 14;
+constexpr std::string_view savedPrefix = "tamba-", openedPrefix = "opened-";
+
+/// FNV-1a, to turn a path into a file name; nothing depends on it being hard to forge.
+std::string hashed(std::string_view text) {
+    std::uint64_t hash = 0xCBF29CE484222325ULL;
+    for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3ULL;
+    char digits[17];
+    std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
+    return digits;
+}
+
+/// The folder for locks: with the user's state files, so that the window and a cron job find the same one.
+fs::path lockFolder() {
+    if (const char* state = std::getenv("XDG_STATE_HOME"); state && *state == '/')
+        return fs::path(state) / "Tamba" / "locks";
+    if (const char* home = std::getenv("HOME"); home && *home == '/')
+        return fs::path(home) / ".local/state/Tamba/locks";
+    return fs::temp_directory_path() / ("tamba-locks-" + std::to_string(::getuid()));
+}
+
+Library read(const fs::path& file) {
+    try {
+        return ModelsJSON::decode(Files::read(file));
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    } catch (const ModelsJSON::DecodeError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    }
+}
+
+bool isBackup(std::string_view name) {
+    return name.ends_with(".json") && (name.starts_with(savedPrefix) || name.starts_with(openedPrefix));
+}
+
+}  // namespace
+
+/// Held while the session lives; the system drops it when the process ends, however it ends.
+struct LibrarySession::Lock {
+    explicit Lock(const fs::path& folder) {
+        fs::path file;
+        try {
+            Files::makeFolders(lockFolder());
+            file = lockFolder() / (hashed(fs::weakly_canonical(folder).string()) + ".lock");
+        } catch (const FileError& error) {
+            throw StoreError(StoreError::Code::unwritable, error.what());
+        }
+        fd = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        if (fd < 0) throw StoreError(StoreError::Code::unwritable, "its lock cannot be made");
+        if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
+            ::close(fd);
+            throw LockedError();
+        }
+    }
+    ~Lock() { ::close(fd); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    int fd = -1;
+};
+
+LibrarySession::LibrarySession(fs::path folder, Access access) : store_(std::move(folder)) {
+    if (access == Access::write) lock_ = std::make_unique<Lock>(store_.folder());
+    stamp_ = Files::stamp(store_.fileURL());  // before reading: a change in between is noticed at the next save
+    base_ = store_.load();
+    if (base_ && access == Access::write) keepAsOpened();
+}
+
+LibrarySession::~LibrarySession() = default;
+
+void LibrarySession::keepAsOpened() const {
+    try {
+        const fs::path copy = store_.backupsFolder() / (std::string(openedPrefix) + Day::today().iso() + ".json");
+        if (Files::exists(copy)) return;
+        Files::makeFolders(store_.backupsFolder());
+        if (Files::copyToNew(store_.fileURL(), copy)) store_.pruneBackups(openedPrefix, openedKept);
+    } catch (const FileError&) {
+        // A folder that cannot be written can still be looked at; saving will say so.
+    }
+}
+
+LibrarySession::Saved LibrarySession::save(const Library& ours) {
+    if (!lock_) fatal("books opened for reading are being saved");
+    Saved saved{ours, false, {}};
+    if (const auto theirs = reloadFrom(base_)) {
+        Merged merged = merge(theirs->first, ours, theirs->second);
+        saved = {std::move(merged.library), true, std::move(merged.conflicts)};
+    }
+    store_.save(saved.library);
+    stamp_ = Files::stamp(store_.fileURL());
+    base_ = saved.library;
+    return saved;
+}
+
+std::optional<Library> LibrarySession::reloadIfChanged() {
+    const auto changed = reloadFrom(base_);
+    if (!changed) return std::nullopt;
+    base_ = changed->second;
+    return base_;
+}
+
+/// The books as last known and as they stand on disk, when another machine has changed them since.
+std::optional<std::pair<Library, Library>> LibrarySession::reloadFrom(const std::optional<Library>& known) {
+    const auto present = Files::stamp(store_.fileURL());
+    if (present == stamp_) return std::nullopt;
+    if (!present) return std::nullopt;  // the file is gone: what we hold is all there is, and saving brings it back
+    std::optional<Library> onDisk = store_.load();
+    stamp_ = present;
+    // A synchroniser may have touched or rewritten the same books.
+    if (!onDisk || onDisk == known) return std::nullopt;
+    return std::pair{known.value_or(Library{}), std::move(*onDisk)};
+}
+
+std::vector<LibrarySession::Backup> LibrarySession::backups() const { return backups(store_.folder()); }
+
+std::vector<LibrarySession::Backup> LibrarySession::backups(const fs::path& folder) {
+    const LibraryStore store(folder);
+    std::vector<Backup> found;
+    for (const std::string& name : Files::names(store.backupsFolder())) {
+        if (!isBackup(name)) continue;
+        const bool asOpened = name.starts_with(openedPrefix);
+        const auto day = Day::iso(std::string_view(name).substr((asOpened ? openedPrefix : savedPrefix).size()));
+        const auto size = Files::size(store.backupsFolder() / name);
+        if (day && size) found.push_back({name, *day, asOpened, *size});
+    }
+    std::stable_sort(found.begin(), found.end(), [](const Backup& a, const Backup& b) {
+        return a.day != b.day ? a.day > b.day : a.asOpened < b.asOpened;
+    });
+    return found;
+}
+
+Library LibrarySession::readBackup(std::string_view name) const {
+    if (Files::safeName(name) != name) throw StoreError(StoreError::Code::notAFile, "");
+    const fs::path file = store_.backupsFolder() / name;
+    if (!Files::exists(file)) throw StoreError(StoreError::Code::notAFile, "");
+    return read(file);
+}
+
+Library LibrarySession::restore(const fs::path& folder, std::string_view name) {
+    const Lock lock(folder);
+    const LibraryStore store(folder);
+    const fs::path backup = store.backupsFolder() / name;
+    if (Files::safeName(name) != name || !Files::exists(backup)) throw StoreError(StoreError::Code::notAFile, "");
+    Library library = read(backup);
+    try {
+        if (Files::exists(store.fileURL())) {
+            const std::string time = instantText(now());  // 2026-04-01T09:30:00Z
+            std::string kept =
+                "replaced-" + time.substr(0, 10) + "-" + time.substr(11, 2) + time.substr(14, 2) + time.substr(17, 2);
+            while (!Files::copyToNew(store.fileURL(), store.backupsFolder() / (kept + ".json"))) kept += "-2";
+        }
+        Files::writeAtomically(store.fileURL(), Files::read(backup));
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unwritable, error.what());
+    }
+    return library;
+}
+
+}  // namespace tamba

@@ -1,0 +1,187 @@
+#include "TambaCore/Model/LibraryStore.h"
+
+#include "TambaCore/Base/Files.h"
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Model/ModelsJSON.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace tamba {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Longest file name of the usual file systems, in bytes.
+constexpr std::size_t longestName = 255;
+
+std::string sentence(StoreError::Code code, std::string_view message) {
+    switch (code) {
+        case StoreError::Code::unreadable:
+            return "Tamba couldn’t read its library: " + std::string(message) +
+                   ". A daily backup is in the Backups folder.";
+        case StoreError::Code::unwritable:
+            return "Tamba couldn’t save: " + std::string(message) + ".";
+        case StoreError::Code::notAFile:
+            break;
+    }
+    return "That file couldn’t be added.";
+}
+
+/// Runs a step whose failure means that the folder cannot be written.
+template <class Step>
+auto writing(Step&& step) {
+    try {
+        return step();
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unwritable, error.what());
+    }
+}
+
+std::string extension(const fs::path& file) {
+    std::string written = file.extension().string();
+    if (!written.empty()) written.erase(0, 1);
+    const std::string kept = Text::lettersAndDigits(Text::lower(written));
+    return kept.empty() || kept.size() > 20 ? "dat" : kept;
+}
+
+}  // namespace
+
+StoreError::StoreError(Code code, std::string_view message) : code_(code), text_(sentence(code, message)) {}
+
+LibraryStore::Path LibraryStore::defaultFolder() {
+    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/') return Path(data) / "Tamba";
+    const char* home = std::getenv("HOME");
+    return Path(home && *home ? home : "/") / ".local" / "share" / "Tamba";
+}
+
+void LibraryStore::prepare() const {
+    writing([&] {
+        for (const Path& folder : {folder_, receiptsFolder(), invoicesFolder(), assetsFolder(), backupsFolder()})
+            Files::makeFolders(folder);
+    });
+}
+
+std::optional<Library> LibraryStore::load() const {
+    if (!Files::exists(fileURL())) return std::nullopt;
+    try {
+        return ModelsJSON::decode(Files::read(fileURL()));
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    } catch (const ModelsJSON::DecodeError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    }
+}
+
+void LibraryStore::save(const Library& library) const {
+    prepare();
+    const std::string bytes = ModelsJSON::encode(library, Files::size(fileURL()).value_or(0));
+    writing([&] { Files::writeAtomically(fileURL(), bytes); });
+    try {
+        const Path backup = backupsFolder() / ("tamba-" + Day::today().iso() + ".json");
+        if (Files::exists(backup)) return;
+        Files::writeAtomically(backup, bytes);
+        pruneBackups("tamba-", 14);
+    } catch (const FileError&) {
+        // The books are safe; a missing backup must not keep anybody from working.
+    }
+}
+
+void LibraryStore::pruneBackups(std::string_view prefix, std::size_t keep) const {
+    std::vector<std::string> names = Files::names(backupsFolder());
+    std::erase_if(names, [&](const std::string& name) { return !name.starts_with(prefix); });
+    std::reverse(names.begin(), names.end());  // the day in the name makes this newest first
+    for (std::size_t i = keep; i < names.size(); ++i) {
+        try {
+            Files::remove(backupsFolder() / names[i]);
+        } catch (const FileError&) {
+            // One too many does no harm.
+        }
+    }
+}
+
+std::string LibraryStore::importReceipt(const Path& file, Day date, std::string_view vendor) const {
+    prepare();
+    if (!Files::exists(file)) throw StoreError(StoreError::Code::notAFile, "");
+    const Path folder = receiptsFolder() / date.monthKey();
+    const std::string ending = "." + extension(file);
+    const std::string base = slug(vendor.empty() ? file.stem().string() : std::string(vendor));
+    return writing([&] {
+        Files::makeFolders(folder);
+        for (int n = 1;; ++n) {
+            const std::string count = n == 1 ? "" : "-" + std::to_string(n);
+            const std::string start = date.iso() + "-";
+            const std::size_t room = longestName - start.size() - 7 - ending.size();  // the count may grow to "-99999"
+            const Path target = folder / (start + std::string(Text::prefixBytes(base, room)) + count + ending);
+            if (Files::copyToNew(file, target)) return relative(target);
+        }
+    });
+}
+
+std::string LibraryStore::writeAttachment(std::string_view data, std::string_view name, Day date) const {
+    const Path folder = fs::temp_directory_path() / ("tamba-" + UUID::random().text());
+    struct Cleanup {
+        Path folder;
+        ~Cleanup() {
+            std::error_code ignored;
+            fs::remove_all(folder, ignored);
+        }
+    } const cleanup{folder};
+    const Path file = folder / Files::safeName(name);
+    writing([&] {
+        Files::makeFolders(folder);
+        Files::writeAtomically(file, data);
+    });
+    return importReceipt(file, date, "");
+}
+
+std::string LibraryStore::relative(const Path& path) const {
+    return fs::absolute(path)
+        .lexically_normal()
+        .lexically_relative(fs::absolute(folder_).lexically_normal())
+        .generic_string();
+}
+
+std::optional<LibraryStore::Path> LibraryStore::url(const Attachment& attachment) const {
+    return Files::inside(folder_, attachment.path);
+}
+
+void LibraryStore::removeAttachment(const Attachment& attachment) const {
+    const auto file = url(attachment);
+    if (!file || !Files::exists(*file)) return;
+    writing([&] {
+        Files::makeFolders(removedFolder());
+        const std::string name = file->filename().string();
+        Path target = removedFolder() / name;
+        if (Files::exists(target)) target = removedFolder() / (UUID::random().text().substr(0, 8) + "-" + name);
+        Files::move(*file, target);
+    });
+}
+
+void LibraryStore::copyTo(const Path& destination) const {
+    writing([&] {
+        Files::makeFolders(destination);
+        for (const std::string& name : Files::names(folder_)) {
+            if (Files::exists(destination / name)) throw FileError("“" + name + "” already exists in that folder");
+            Files::copyTree(folder_ / name, destination / name);
+        }
+    });
+}
+
+std::string LibraryStore::slug(std::string_view text) {
+    const std::string lower = Text::lower(text);
+    std::string kept;
+    for (const std::string_view character : Text::characters(lower)) {
+        if (Text::isLetterOrDigit(character))
+            kept += character;
+        else if (!kept.ends_with('-'))
+            kept += '-';
+    }
+    const std::string_view short_ = Text::prefix(Text::trim(kept, "-"), 40);
+    return short_.empty() ? "receipt" : std::string(short_);
+}
+
+}  // namespace tamba
