@@ -25,9 +25,12 @@ struct TextBox {
     double x = 0, y = 0, width = 0, height = 0;
 };
 
-/// Gets lines of text out of pictures (JPEG, PNG, TIFF, WebP, GIF, HEIC) and PDFs, on this machine. One engine is made
-/// at the first use and kept: make one reader per worker thread and reuse it. Bounded for hostile files: at most three
-/// pages of a PDF, 100 megapixels of a picture.
+class Recogniser;
+
+/// Gets lines of text out of pictures (JPEG, PNG, TIFF, WebP, GIF, BMP, HEIC) and PDFs, on this machine. What a file is
+/// is told by its content. One engine is made at the first use and kept: make one reader per worker thread and reuse
+/// it. Bounded for hostile files: three pages of a PDF, 100 megapixels of a picture (200 of a JPEG), 20 seconds of
+/// recognition a page.
 class ReceiptReader {
 public:
     class ReadError : public std::exception {
@@ -48,20 +51,23 @@ public:
     ReceiptReader(const ReceiptReader&) = delete;
     ReceiptReader& operator=(const ReceiptReader&) = delete;
 
+    /// How a picture is recognised. `block` is best by far for a first look; the others are slower looks for what it
+    /// did not give: scattered text, and the picture scaled to the letter size the model likes best.
+    enum class Pass { block, sparse, scaled };
     struct Lines {
         std::vector<std::string> lines;
         bool recognised = false;  ///< some came from a picture, not from a text layer
     };
     /// Printed lines of a picture, or of the first three pages of a PDF (its text layer where it has one). Throws
     /// `unreadable` for what is neither or is encrypted, `empty` when no text was found, `Cancelled`.
-    [[nodiscard]] Lines lines(const std::filesystem::path& file, const std::atomic<bool>* cancel = nullptr);
-    /// Recognises a picture. `second`: the slower pass in other settings, for what the first did not give.
-    enum class Pass { first, second };
-    [[nodiscard]] std::vector<std::string> ocr(const Raster& picture, Pass pass = Pass::first,
+    [[nodiscard]] Lines lines(const std::filesystem::path& file, const std::atomic<bool>* cancel = nullptr,
+                              Pass pass = Pass::block);
+    /// Printed lines of a grey picture; none when it shows no text.
+    [[nodiscard]] std::vector<std::string> ocr(const Raster& grey, Pass pass = Pass::block,
                                                const std::atomic<bool>* cancel = nullptr);
 
-    /// A page of a PDF, or a picture (page 0), upright and at most `maximumWidth` wide, for the screen. Throws
-    /// `unreadable`.
+    /// A page of a PDF, or a picture (page 0), in colour, upright and at most `maximumWidth` wide, for the screen.
+    /// Throws `unreadable`.
     [[nodiscard]] static Raster picture(const std::filesystem::path& file, int page, int maximumWidth);
     [[nodiscard]] static int pageCount(const std::filesystem::path& file);
 
@@ -70,8 +76,7 @@ public:
     [[nodiscard]] static std::vector<std::string> joinRows(std::vector<std::pair<TextBox, std::string>> observations);
 
 private:
-    struct Engine;
-    std::unique_ptr<Engine> engine_;
+    std::unique_ptr<Recogniser> recogniser_;
 };
 
 }  // namespace tamba

@@ -1,0 +1,132 @@
+#include "TambaCore/Receipts/Recogniser.h"
+
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Receipts/RupeeSign.h"
+
+#include <omp.h>
+#include <tesseract/baseapi.h>
+#include <tesseract/ocrclass.h>
+#include <tesseract/resultiterator.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace tamba {
+namespace {
+
+/// A picture of noise can keep the engine busy for many minutes; a receipt takes a second.
+constexpr int deadlineMilliseconds = 20'000;
+/// A gap between two words wider than this many heights parts two columns.
+constexpr double columnGap = 1.6;
+
+struct Word {
+    TextBox box;
+    std::string text;
+};
+
+TextBox boxAt(const tesseract::PageIterator& at, tesseract::PageIteratorLevel level) {
+    int left = 0, top = 0, right = 0, bottom = 0;
+    at.BoundingBox(level, &left, &top, &right, &bottom);
+    return {double(left), double(top), double(right - left), double(bottom - top)};
+}
+
+std::string textAt(const tesseract::ResultIterator& at, tesseract::PageIteratorLevel level) {
+    const std::unique_ptr<const char[]> text(at.GetUTF8Text(level));
+    return text ? text.get() : "";
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// "2473.00" is ₹473.00 when the picture shows a rupee sign where the 2 was read.
+void mendRupeeSign(Word& word, const tesseract::ResultIterator& at, const Raster& grey) {
+    if (word.text.size() < 2 || std::string_view("237%XZT").find(word.text[0]) == std::string::npos ||
+        !isDigit(word.text[1]))
+        return;
+    if (RupeeSign::isAt(grey, boxAt(at, tesseract::RIL_SYMBOL))) word.text.replace(0, 1, "₹");
+}
+
+TextBox united(const TextBox& a, const TextBox& b) {
+    const double x = std::min(a.x, b.x), y = std::min(a.y, b.y);
+    return {x, y, std::max(a.x + a.width, b.x + b.width) - x, std::max(a.y + a.height, b.y + b.height) - y};
+}
+
+bool hasContent(std::string_view word) {
+    const auto characters = Text::characters(word);
+    return std::any_of(characters.begin(), characters.end(), Text::isLetterOrDigit);
+}
+
+}  // namespace
+
+struct Recogniser::Engine {
+    tesseract::TessBaseAPI api;
+    bool ready = false;
+};
+
+Recogniser::Recogniser() : engine_(std::make_unique<Engine>()) {
+    // The dictionaries would "correct" codes and numbers.
+    const std::vector<std::string> names{"load_system_dawg", "load_freq_dawg", "debug_file"};
+    const std::vector<std::string> values{"0", "0", "/dev/null"};
+    engine_->ready =
+        engine_->api.Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY, nullptr, 0, &names, &values, false) == 0;
+}
+
+Recogniser::~Recogniser() = default;
+
+Recogniser::Observations Recogniser::observations(const Raster& grey, Layout layout, const std::atomic<bool>* cancel) {
+    if (!engine_->ready || grey.width < 8 || grey.height < 8) return {};
+    // Four threads, which the engine asks for, take three times as long as one.
+    omp_set_max_active_levels(0);
+    tesseract::TessBaseAPI& api = engine_->api;
+    api.SetPageSegMode(layout == Layout::block ? tesseract::PSM_SINGLE_BLOCK : tesseract::PSM_SPARSE_TEXT);
+    api.SetImage(grey.pixels.data(), grey.width, grey.height, 1, grey.width);
+    api.SetSourceResolution(300);
+
+    tesseract::ETEXT_DESC monitor;
+    monitor.set_deadline_msecs(deadlineMilliseconds);
+    monitor.cancel_this = const_cast<std::atomic<bool>*>(cancel);
+    if (cancel) monitor.cancel = [](void* flag, int) { return static_cast<const std::atomic<bool>*>(flag)->load(); };
+    api.Recognize(&monitor);  // false past the deadline; what was read until then counts
+
+    Observations result;
+    const std::unique_ptr<tesseract::ResultIterator> at(api.GetIterator());
+    bool lineBegins = true;
+    double lastHeight = 0;
+    while (at) {
+        lineBegins = lineBegins || at->IsAtBeginningOf(tesseract::RIL_TEXTLINE);
+        Word word{boxAt(*at, tesseract::RIL_WORD), textAt(*at, tesseract::RIL_WORD)};
+        mendRupeeSign(word, *at, grey);
+        if (hasContent(word.text)) {
+            const double height = std::max(word.box.height, lastHeight);
+            const bool follows =
+                !lineBegins && word.box.x - (result.back().first.x + result.back().first.width) <= columnGap * height;
+            if (follows) {
+                result.back().first = united(result.back().first, word.box);
+                result.back().second += ' ' + word.text;
+            } else {
+                result.emplace_back(word.box, word.text);
+            }
+            lineBegins = false;
+            lastHeight = word.box.height;
+        }
+        if (!at->Next(tesseract::RIL_WORD)) break;
+    }
+    api.Clear();
+    if (cancel && *cancel) throw ReceiptReader::Cancelled{};
+    for (auto& [box, text] : result) text = repairedDigits(text);
+    return result;
+}
+
+std::string Recogniser::repairedDigits(std::string_view text) {
+    static const Text::Pattern apostrophe(R"((?<=\p{L})[‘’](?=\p{L}))");
+    static const Text::Pattern strayMarks(R"([‘’“”„«»‹›|])");
+    static const Text::Pattern letterO(R"((?<=\d[.,]?)[Oo](?=[.,]?\d))");
+    static const Text::Pattern splitDecimals(R"((?<=\d)(?:\. | \.)(?=\d{2}(?![\d.,])))");
+    static const Text::Pattern decimalComma(R"((?<![\d.,])(\d+),(?=\d{2}(?![\d.,])))");
+    std::string result = apostrophe.replaceAll(text, "'");
+    result = strayMarks.replaceAll(result, "");
+    result = letterO.replaceAll(result, "0");
+    result = splitDecimals.replaceAll(result, ".");
+    return decimalComma.replaceAll(result, "$1.");
+}
+
+}  // namespace tamba

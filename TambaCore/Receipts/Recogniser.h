@@ -1,0 +1,34 @@
+#pragma once
+
+#include "TambaCore/Receipts/ReceiptReader.h"
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tamba {
+
+/// Recognises the text of grey pictures. Making one loads the language model (70 ms); one thread at a time.
+class Recogniser {
+public:
+    Recogniser();
+    ~Recogniser();
+
+    /// Boxes of text that was printed together: a line, cut where a wide gap shows a column. Misread digits and rupee
+    /// signs are mended. Throws `ReceiptReader::Cancelled`.
+    using Observations = std::vector<std::pair<TextBox, std::string>>;
+    enum class Layout { block, sparse };
+    [[nodiscard]] Observations observations(const Raster& grey, Layout layout, const std::atomic<bool>* cancel);
+
+    /// Misread figures of a recognised line put right: "39. 80" is 39.80, "2,10" is 2.10, "1O5" is 105. Only for text
+    /// that comes from a picture.
+    [[nodiscard]] static std::string repairedDigits(std::string_view text);
+
+private:
+    struct Engine;
+    std::unique_ptr<Engine> engine_;
+};
+
+}  // namespace tamba
