@@ -22,6 +22,8 @@ namespace tamba::Text {
 /// Each word with a capital first letter and the rest small; words are split at white space.
 [[nodiscard]] std::string capitalised(std::string_view text);
 
+/// The code point at byte `at`, which is moved behind it; U+FFFD for bytes that are no UTF-8.
+[[nodiscard]] char32_t codePoint(std::string_view text, std::size_t& at);
 /// The text's characters, each a view into `text`.
 [[nodiscard]] std::vector<std::string_view> characters(std::string_view text);
 [[nodiscard]] std::size_t length(std::string_view text);
@@ -39,13 +41,14 @@ namespace tamba::Text {
 [[nodiscard]] std::string replaceAll(std::string text, std::string_view from, std::string_view to);
 /// Pieces between the separators; empty pieces are kept.
 [[nodiscard]] std::vector<std::string> split(std::string_view text, char separator);
+/// Pieces between line ends (LF, CR LF or CR); empty pieces are kept.
 [[nodiscard]] std::vector<std::string> splitLines(std::string_view text);
 [[nodiscard]] std::string join(const std::vector<std::string>& pieces, std::string_view separator);
 /// Order for people: letters compared without case and accents first (root collation), ties by bytes.
 [[nodiscard]] int compareForPeople(std::string_view a, std::string_view b);
 
 [[nodiscard]] bool isUTF8(std::string_view bytes);
-/// Every byte that is no UTF-8 replaced by U+FFFD, so that what comes from outside can be kept and written.
+/// Bytes that are no UTF-8 replaced by U+FFFD, so that what comes from outside can be kept and written.
 [[nodiscard]] std::string repairedUTF8(std::string_view bytes);
 /// Decodes bytes of a named character set (IANA name); nothing when the name is unknown. US-ASCII with high bytes is
 /// read as Windows-1252, which is what senders mean by it.
@@ -74,7 +77,7 @@ public:
     [[nodiscard]] bool matches(std::string_view text) const;  ///< occurs anywhere in the text
     [[nodiscard]] std::optional<Match> first(std::string_view text) const;
     [[nodiscard]] std::vector<Match> all(std::string_view text) const;
-    /// Every match replaced; $1 … $9 in the replacement stand for groups.
+    /// Every match replaced; $1 … $9 in the replacement stand for groups. Unchanged where matching ran too long.
     [[nodiscard]] std::string replaceAll(std::string_view text, std::string_view replacement) const;
 
 private:
