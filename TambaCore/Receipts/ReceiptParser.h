@@ -11,7 +11,7 @@
 namespace tamba {
 
 /// Why a guess deserves a look before it is trusted.
-enum class Doubt { noDate, otherDateOrder, noTotal, totalWithoutKeyword, sumsDoNotClose };
+enum class Doubt { noDate, otherDateOrder, unlikelyDate, noTotal, totalWithoutKeyword, sumsDoNotClose };
 /// A finished sentence: "No date was found."
 [[nodiscard]] std::string_view sentence(Doubt doubt);
 
