@@ -98,8 +98,8 @@ void LibrarySession::keepAsOpened() const {
 LibrarySession::Saved LibrarySession::save(const Library& ours) {
     if (!lock_) fatal("books opened for reading are being saved");
     Saved saved{ours, false, {}};
-    if (const auto theirs = reloadFrom(base_)) {
-        Merged merged = merge(theirs->first, ours, theirs->second);
+    if (auto theirs = strangersChange()) {
+        Merged merged = merge(base_.value_or(Library{}), ours, *theirs);
         saved = {std::move(merged.library), true, std::move(merged.conflicts)};
     }
     store_.save(saved.library);
@@ -109,22 +109,23 @@ LibrarySession::Saved LibrarySession::save(const Library& ours) {
 }
 
 std::optional<Library> LibrarySession::reloadIfChanged() {
-    const auto changed = reloadFrom(base_);
-    if (!changed) return std::nullopt;
-    base_ = changed->second;
+    const auto present = Files::stamp(store_.fileURL());
+    auto theirs = strangersChange();
+    if (!theirs) return std::nullopt;
+    stamp_ = present;
+    base_ = std::move(theirs);
     return base_;
 }
 
-/// The books as last known and as they stand on disk, when another machine has changed them since.
-std::optional<std::pair<Library, Library>> LibrarySession::reloadFrom(const std::optional<Library>& known) {
+/// The books on disk, when they are no longer those last read or written. What this session holds is left as it is, so
+/// that a save that fails afterwards finds the change again.
+std::optional<Library> LibrarySession::strangersChange() {
     const auto present = Files::stamp(store_.fileURL());
-    if (present == stamp_) return std::nullopt;
-    if (!present) return std::nullopt;  // the file is gone: what we hold is all there is, and saving brings it back
+    if (!present || present == stamp_) return std::nullopt;  // a file that is gone comes back with the next save
     std::optional<Library> onDisk = store_.load();
-    stamp_ = present;
-    // A synchroniser may have touched or rewritten the same books.
-    if (!onDisk || onDisk == known) return std::nullopt;
-    return std::pair{known.value_or(Library{}), std::move(*onDisk)};
+    if (onDisk != base_) return onDisk;
+    stamp_ = present;  // a synchroniser touched or rewrote the same books
+    return std::nullopt;
 }
 
 std::vector<LibrarySession::Backup> LibrarySession::backups() const { return backups(store_.folder()); }

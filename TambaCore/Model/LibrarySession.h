@@ -11,7 +11,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace tamba {
@@ -76,7 +75,7 @@ public:
 private:
     struct Lock;
     void keepAsOpened() const;
-    [[nodiscard]] std::optional<std::pair<Library, Library>> reloadFrom(const std::optional<Library>& known);
+    [[nodiscard]] std::optional<Library> strangersChange();
 
     LibraryStore store_;
     std::unique_ptr<Lock> lock_;
