@@ -1,0 +1,103 @@
+#include "TambaCore/Model/Changes.h"
+#include "TambaCore/Model/ModelsJSON.h"
+#include "tests/support/Books.h"
+
+namespace tamba {
+namespace {
+
+using testing::aLibrary;
+using testing::anExpense;
+
+void rename(Library& library, std::size_t index, const char* vendor) {
+    library.expenses.update(index, [&](Expense& e) { e.vendor = vendor; });
+}
+
+TEST(Changes, nameWhatWasAddedRemovedAndAltered) {
+    Library before = aLibrary();
+    for (int i = 0; i < 50; ++i) before.expenses.append(anExpense("v" + std::to_string(i)));
+    Library after = before;
+    EXPECT_TRUE(Changes::between(before, after).empty());
+
+    rename(after, 3, "other");
+    const UUID gone = after.expenses[10].id;
+    after.expenses.erase(10);
+    after.expenses.append(anExpense("new"));
+    after.business.name = "x";
+    after.rates.append({"EUR", 1, {2026, 1, 1}, {}});
+    const Changes changes = Changes::between(before, after);
+    EXPECT_EQ(changes.expenses.altered, std::vector{before.expenses[3].id});
+    EXPECT_EQ(changes.expenses.removed, std::vector{gone});
+    EXPECT_EQ(changes.expenses.added, std::vector{after.expenses.back().id});
+    EXPECT_TRUE(changes.business && changes.other && changes.clients.empty());
+
+    const Library reread = ModelsJSON::decode(ModelsJSON::encode(before));
+    EXPECT_TRUE(Changes::between(before, reread).empty()) << "equal records need not be the same objects";
+}
+
+TEST(Merge, takesWhatOnlyOneSideChanged) {
+    Library base = aLibrary();
+    base.expenses.append(anExpense("two"));
+    base.expenses.append(anExpense("three"));
+    Library ours = base;
+    Library theirs = base;
+    rename(ours, 0, "ours");
+    ours.expenses.append(anExpense("added here"));
+    ours.expenses.erase(1);
+    rename(theirs, 2, "theirs");
+    theirs.expenses.append(anExpense("added there"));
+    theirs.business.upiID = "studio@okaxis";
+    ours.business.phone = "98";
+    const Merged merged = merge(base, ours, theirs);
+    EXPECT_TRUE(merged.conflicts.empty());
+    std::vector<std::string> vendors;
+    for (const Expense& e : merged.library.expenses) vendors.push_back(e.vendor);
+    EXPECT_EQ(vendors, (std::vector<std::string>{"ours", "theirs", "added here", "added there"}));
+    EXPECT_EQ(merged.library.business.upiID, "studio@okaxis");
+    EXPECT_EQ(merged.library.business.phone, "98");
+}
+
+TEST(Merge, joinsFieldsOfOneRecordAndNamesThoseBothChanged) {
+    const Library base = aLibrary();
+    Library ours = base;
+    Library theirs = base;
+    ours.expenses.update(0, [](Expense& e) { e.vendor = "Chai", e.notes = "ours"; });
+    theirs.expenses.update(0, [](Expense& e) { e.amount = 5, e.notes = "theirs"; });
+    ours.series.update(0, [](NumberSeries& s) { s.next["26-27"] = 5; });
+    theirs.series.update(0, [](NumberSeries& s) { s.next["26-27"] = 9, s.next["27-28"] = 2; });
+    const Merged merged = merge(base, ours, theirs);
+    EXPECT_EQ(merged.library.expenses[0].vendor, "Chai");
+    EXPECT_EQ(merged.library.expenses[0].amount, 5);
+    EXPECT_EQ(merged.library.expenses[0].notes, "ours");
+    EXPECT_EQ(merged.conflicts,
+              (std::vector<Conflict>{{"expenses", base.expenses[0].id.text(), "notes", "\"ours\"", "\"theirs\""}}));
+    EXPECT_EQ(merged.library.series[0].next, (std::map<std::string, std::int64_t>{{"26-27", 9}, {"27-28", 2}}))
+        << "no number is given twice";
+}
+
+TEST(Merge, keepsWhatOneSideRemovedAndTheOtherChanged) {
+    const Library base = aLibrary();
+    Library changed = base;
+    Library removed = base;
+    rename(changed, 0, "changed");
+    removed.expenses.erase(0);
+    for (const auto& [ours, theirs] : {std::pair{&changed, &removed}, {&removed, &changed}}) {
+        const Merged merged = merge(base, *ours, *theirs);
+        ASSERT_EQ(merged.library.expenses.size(), 1u);
+        EXPECT_EQ(merged.library.expenses[0].vendor, "changed");
+        EXPECT_EQ(merged.conflicts.size(), 1u);
+    }
+}
+
+TEST(Merge, keepsBankLinesInDateOrder) {
+    Library base = aLibrary();
+    Library ours = base;
+    Library theirs = base;
+    ours.transactions.append(BankTransaction::make({2026, 12, 1}, "late", 1));
+    theirs.transactions.append(BankTransaction::make({2026, 11, 1}, "early", 1));
+    const Merged merged = merge(base, ours, theirs);
+    EXPECT_EQ(merged.library.transactions[1].text, "early");
+    EXPECT_EQ(merged.library.transactions[2].text, "late");
+}
+
+}  // namespace
+}  // namespace tamba

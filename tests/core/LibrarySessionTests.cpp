@@ -1,0 +1,142 @@
+#include "TambaCore/Model/LibrarySession.h"
+#include "TambaCore/Model/ModelsJSON.h"
+#include "tests/support/Books.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tamba {
+namespace {
+
+using testing::aLibrary;
+using testing::anExpense;
+using testing::contents;
+using testing::TemporaryFolder;
+using testing::write;
+
+constexpr auto writing = LibrarySession::Access::write;
+
+std::string asOpenedToday() { return "opened-" + Day::today().iso() + ".json"; }
+
+TEST(LibrarySession, keepsOthersOutOfAnOpenFolder) {
+    const TemporaryFolder folder;
+    {
+        const LibrarySession first(folder.path(), writing);
+        EXPECT_THROW(LibrarySession(folder.path(), writing), LockedError);
+        std::filesystem::create_directory_symlink(folder.path(), folder / "link");
+        EXPECT_THROW(LibrarySession(folder / "link", writing), LockedError) << "the same folder under another name";
+        EXPECT_NO_THROW(LibrarySession(folder.path(), LibrarySession::Access::read));
+        std::filesystem::remove(folder / "link");
+    }
+    const LibrarySession again(folder.path(), writing);
+    EXPECT_TRUE(Files::names(folder.path()).empty()) << "the lock is not in the folder";
+}
+
+TEST(LibrarySession, keepsTheFileAsTheDayFoundIt) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    Library library = aLibrary();
+    store.save(library);
+    const std::string evening = contents(store.fileURL());
+    for (int i = 1; i <= 20; ++i)
+        write(store.backupsFolder() / ("opened-2020-01-" + std::to_string(10 + i) + ".json"), "{}");
+    for (int opening = 0; opening < 2; ++opening) {
+        LibrarySession session(folder.path(), writing);
+        library.expenses.append(anExpense());
+        session.save(library);
+    }
+    EXPECT_EQ(contents(store.backupsFolder() / asOpenedToday()), evening);
+    std::size_t kept = 0;
+    for (const std::string& name : Files::names(store.backupsFolder())) kept += name.starts_with("opened-") ? 1 : 0;
+    EXPECT_EQ(kept, 14u);
+    const auto backups = LibrarySession::backups(folder.path());
+    EXPECT_EQ(backups[0].name, "tamba-" + Day::today().iso() + ".json");
+    EXPECT_EQ(backups[1].name, asOpenedToday());
+    EXPECT_TRUE(backups[1].asOpened);
+}
+
+TEST(LibrarySession, mergesWhatAnotherMachineSaved) {
+    const TemporaryFolder folder;
+    const LibraryStore elsewhere(folder.path());
+    elsewhere.save(aLibrary());
+    LibrarySession session(folder.path(), writing);
+    Library ours = *session.loaded();
+    ours.expenses.append(anExpense("ours"));
+    Library theirs = *session.loaded();
+    theirs.expenses.append(anExpense("theirs"));
+    elsewhere.save(theirs);
+
+    const auto saved = session.save(ours);
+    EXPECT_TRUE(saved.merged);
+    EXPECT_TRUE(saved.conflicts.empty());
+    EXPECT_EQ(saved.library.expenses.size(), 3u);
+    EXPECT_EQ(elsewhere.load(), saved.library);
+    EXPECT_FALSE(session.save(saved.library).merged) << "only once";
+
+    elsewhere.save(saved.library);
+    EXPECT_FALSE(session.reloadIfChanged()) << "the same books written anew are no change";
+    theirs = saved.library;
+    theirs.business.phone = "1";
+    elsewhere.save(theirs);
+    EXPECT_EQ(session.reloadIfChanged(), theirs);
+    EXPECT_FALSE(session.reloadIfChanged());
+}
+
+TEST(LibrarySession, aFailedSaveFindsTheOtherMachinesChangeAgain) {
+    const TemporaryFolder folder;
+    const LibraryStore elsewhere(folder.path());
+    elsewhere.save(aLibrary());
+    LibrarySession session(folder.path(), writing);
+    Library ours = *session.loaded();
+    ours.expenses.append(anExpense("ours"));
+    Library theirs = *session.loaded();
+    theirs.expenses.append(anExpense("theirs"));
+    elsewhere.save(theirs);
+
+    Files::setObserver([](const char* operation) {
+        if (std::string_view(operation) == "write") throw FileError("No space left on device");
+    });
+    EXPECT_THROW(session.save(ours), StoreError);
+    Files::setObserver(nullptr);
+    EXPECT_EQ(elsewhere.load(), theirs);
+    EXPECT_EQ(session.save(ours).library.expenses.size(), 3u);
+}
+
+TEST(LibrarySession, neverSavesOverBooksThatBecameUnreadable) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    store.save(aLibrary());
+    LibrarySession session(folder.path(), writing);
+    write(store.fileURL(), "half a fil");
+    try {
+        session.save(*session.loaded());
+        FAIL();
+    } catch (const StoreError& error) {
+        EXPECT_EQ(error.code(), StoreError::Code::unreadable);
+    }
+    EXPECT_EQ(contents(store.fileURL()), "half a fil");
+}
+
+TEST(LibrarySession, restoresABackupOverDamagedBooksAndKeepsThem) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    store.save(aLibrary());
+    const Library good = *store.load();
+    write(store.fileURL(), "damaged");
+    EXPECT_THROW(LibrarySession(folder.path(), writing), StoreError);
+    const auto backups = LibrarySession::backups(folder.path());
+    ASSERT_EQ(backups.size(), 1u);
+    EXPECT_EQ(LibrarySession::restore(folder.path(), backups[0].name), good);
+    EXPECT_EQ(store.load(), good);
+    const auto names = Files::names(store.backupsFolder());
+    ASSERT_EQ(names.size(), 2u);
+    EXPECT_TRUE(names[0].starts_with("replaced-"));
+    EXPECT_EQ(contents(store.backupsFolder() / names[0]), "damaged");
+    for (const char* name : {"../tamba.json", "absent.json", ""})
+        EXPECT_THROW(LibrarySession::restore(folder.path(), name), StoreError) << name;
+    EXPECT_EQ(store.load(), good);
+}
+
+}  // namespace
+}  // namespace tamba

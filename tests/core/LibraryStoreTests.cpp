@@ -1,0 +1,256 @@
+#include "TambaCore/Base/Files.h"
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Model/LibraryStore.h"
+#include "TambaCore/Model/ModelsJSON.h"
+#include "tests/support/Books.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tamba {
+namespace {
+
+using testing::aLibrary;
+using testing::contents;
+using testing::TemporaryFolder;
+using testing::write;
+
+std::string todaysBackup() { return "tamba-" + Day::today().iso() + ".json"; }
+
+TEST(LibraryStore, anEmptyFolderHoldsNoBooksAndStaysEmpty) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "books");
+    EXPECT_FALSE(store.load());
+    EXPECT_FALSE(Files::exists(store.folder()));
+}
+
+TEST(LibraryStore, theFirstSaveOfADayIsItsBackup) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "a/b/books");
+    Library library = aLibrary();
+    store.save(library);
+    const std::string first = contents(store.fileURL());
+    library.business.name = "Other";
+    store.save(library);
+    EXPECT_EQ(store.load(), library);
+    EXPECT_EQ(Files::names(store.backupsFolder()), std::vector{todaysBackup()});
+    EXPECT_EQ(contents(store.backupsFolder() / todaysBackup()), first);
+    EXPECT_TRUE(Files::exists(store.receiptsFolder()) && Files::exists(store.invoicesFolder()) &&
+                Files::exists(store.assetsFolder()));
+}
+
+TEST(LibraryStore, keepsFourteenBackupsAndStrangersFiles) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    for (int day = 1; day <= 15; ++day)
+        write(store.backupsFolder() /
+                  ("tamba-2020-01-" + std::string(day < 10 ? "0" : "") + std::to_string(day) + ".json"),
+              "x");
+    write(store.backupsFolder() / "mine.json", "x");
+    store.save(aLibrary());
+    const auto names = Files::names(store.backupsFolder());
+    EXPECT_EQ(names.size(), 15u);
+    EXPECT_EQ(names.front(), "mine.json");
+    EXPECT_EQ(names[1], "tamba-2020-01-03.json");
+    EXPECT_EQ(names.back(), todaysBackup());
+}
+
+TEST(LibraryStore, aDamagedFileIsReportedAndLeftAlone) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    write(store.fileURL(), "{\"version\": 1");
+    try {
+        (void)store.load();
+        FAIL();
+    } catch (const StoreError& error) {
+        EXPECT_EQ(error.code(), StoreError::Code::unreadable);
+        EXPECT_STREQ(error.what(),
+                     "Tamba couldn’t read its library: The file is damaged or cut off here. A daily backup is in the "
+                     "Backups folder.");
+    }
+    EXPECT_EQ(contents(store.fileURL()), "{\"version\": 1");
+    EXPECT_EQ(Files::names(folder.path()).size(), 1u);
+}
+
+TEST(LibraryStore, aFolderThatCannotBeWrittenIsAFinishedSentence) {
+    const TemporaryFolder folder;
+    write(folder / "file", "x");
+    try {
+        LibraryStore(folder / "file/books").save(aLibrary());
+        FAIL();
+    } catch (const StoreError& error) {
+        EXPECT_EQ(error.code(), StoreError::Code::unwritable);
+        EXPECT_STREQ(error.what(), "Tamba couldn’t save: Not a directory.");
+    }
+}
+
+TEST(LibraryStore, filesReceiptsByMonthUnderFreeNames) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "books");
+    const Day day{2026, 4, 14};
+    write(folder / "IMG 1.JPG", "one");
+    write(folder / "scan", "two");
+    write(folder / "odd.j p\ng", "three");
+    const std::string syllables = [] {
+        std::string text;
+        for (int i = 0; i < 40; ++i) text += "क्षि";
+        return text;
+    }();
+    const struct {
+        const char* file;
+        std::string vendor, path;
+    } cases[] = {
+        {"IMG 1.JPG", "Chai Point", "Receipts/2026-04/2026-04-14-chai-point.jpg"},
+        {"IMG 1.JPG", "Chai Point", "Receipts/2026-04/2026-04-14-chai-point-2.jpg"},
+        {"IMG 1.JPG", "Chai Point", "Receipts/2026-04/2026-04-14-chai-point-3.jpg"},
+        {"IMG 1.JPG", "", "Receipts/2026-04/2026-04-14-img-1.jpg"},
+        {"scan", "../../etc/passwd", "Receipts/2026-04/2026-04-14-etc-passwd.dat"},
+        {"odd.j p\ng", "a\nb", "Receipts/2026-04/2026-04-14-a-b.jpg"},
+    };
+    for (const auto& c : cases) {
+        const std::string path = store.importReceipt(folder / c.file, day, c.vendor);
+        EXPECT_EQ(path, c.path);
+        EXPECT_EQ(contents(store.folder() / path), contents(folder / c.file));
+    }
+    EXPECT_TRUE(Files::exists(folder / "IMG 1.JPG")) << "copied, never moved";
+
+    (void)store.importReceipt(folder / "scan", day, syllables);
+    const std::string second = store.importReceipt(folder / "scan", day, syllables);
+    const std::string name = std::filesystem::path(second).filename().string();
+    EXPECT_LE(name.size(), 255u);
+    EXPECT_TRUE(name.ends_with("क्षि-2.dat")) << "cut between characters: " << name;
+
+    EXPECT_THROW((void)store.importReceipt(folder / "absent", day, "x"), StoreError);
+    EXPECT_EQ(store.writeAttachment("bytes", "../Facture n°7.pdf", day), "Receipts/2026-04/2026-04-14-facture-n-7.pdf");
+    EXPECT_EQ(contents(store.folder() / "Receipts/2026-04/2026-04-14-facture-n-7.pdf"), "bytes");
+}
+
+TEST(LibraryStore, slugsAreFileNamesInAnyScript) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"Café Coffee Day!", "café-coffee-day"},
+        {"***", "receipt"},
+        {"", "receipt"},
+        {"--a  &  b--", "a-b"},
+        {"हिन्दी भवन", "हिन्दी-भवन"},
+        {std::string(60, 'x'), std::string(40, 'x')},
+        {std::string(39, 'x') + " y", std::string(39, 'x') + "-"},
+    };
+    for (const auto& [vendor, slug] : cases) EXPECT_EQ(LibraryStore::slug(vendor), slug);
+}
+
+TEST(LibraryStore, attachmentsThatLeaveTheFolderAreNeverTouched) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "books");
+    store.prepare();
+    write(folder / "secret.txt", "x");
+    write(store.folder() / "Receipts/2026-04/a.jpg", "one");
+    std::filesystem::create_directory_symlink(folder.path(), store.receiptsFolder() / "link");
+    for (const std::string path : {"../secret.txt", (folder / "secret.txt").string().c_str(),
+                                   "Receipts/../../secret.txt", "Receipts/link/secret.txt", "", "."}) {
+        const Attachment attachment = Attachment::make(path, "x");
+        EXPECT_FALSE(store.url(attachment)) << path;
+        store.removeAttachment(attachment);
+    }
+    EXPECT_TRUE(Files::exists(folder / "secret.txt"));
+
+    const Attachment good = Attachment::make("Receipts/2026-04/a.jpg", "a.jpg");
+    store.removeAttachment(good);
+    EXPECT_EQ(contents(store.removedFolder() / "a.jpg"), "one");
+    write(store.folder() / good.path, "two");
+    store.removeAttachment(good);
+    const auto removed = Files::names(store.removedFolder());
+    ASSERT_EQ(removed.size(), 2u);
+    EXPECT_TRUE(removed[0].ends_with("-a.jpg") && removed[0].size() == 8 + 1 + 5) << removed[0];
+    store.removeAttachment(good);  // nothing there any more
+}
+
+TEST(LibraryStore, copyingNeverOverwrites) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "books");
+    store.save(aLibrary());
+    write(store.folder() / "Receipts/2026-04/a.jpg", "one");
+    store.copyTo(folder / "copy");
+    EXPECT_EQ(LibraryStore(folder / "copy").load(), store.load());
+    EXPECT_EQ(contents(folder / "copy/Receipts/2026-04/a.jpg"), "one");
+    write(folder / "other/tamba.json", "theirs");
+    try {
+        store.copyTo(folder / "other");
+        FAIL();
+    } catch (const StoreError& error) {
+        EXPECT_STREQ(error.what(), "Tamba couldn’t save: “tamba.json” already exists in that folder.");
+    }
+    EXPECT_EQ(contents(folder / "other/tamba.json"), "theirs");
+}
+
+/// Runs `save` in a child process that ends, as if the power went, just before its n-th operation on the disk. True
+/// when it got that far.
+bool endsAtOperation(int n, const LibraryStore& store, const Library& library) {
+    const pid_t child = fork();
+    if (child == 0) {
+        int left = n;
+        Files::setObserver([&left](const char*) {
+            if (left-- == 0) _exit(9);
+        });
+        try {
+            store.save(library);
+        } catch (...) {
+            _exit(1);
+        }
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) != 1);
+    return WEXITSTATUS(status) == 9;
+}
+
+TEST(LibraryStore, aPowerCutAtAnyOperationLeavesTheOldOrTheNewBooks) {
+    const Library before = aLibrary();
+    Library after = before;
+    after.business.name = "After";
+    int operations = 0;
+    for (bool more = true; more; ++operations) {
+        const TemporaryFolder folder;
+        const LibraryStore store(folder.path());
+        store.save(before);
+        Files::remove(store.backupsFolder() / todaysBackup());  // so that the backup is part of what is cut
+        more = endsAtOperation(operations, store, after);
+        const auto found = store.load();
+        ASSERT_TRUE(found);
+        EXPECT_TRUE(*found == before || *found == after) << operations;
+        EXPECT_TRUE(more || *found == after);
+        if (Files::exists(store.backupsFolder() / todaysBackup()))
+            EXPECT_EQ(contents(store.backupsFolder() / todaysBackup()), ModelsJSON::encode(after));
+        store.save(after);  // whatever was left behind does not stand in the way
+        EXPECT_EQ(store.load(), after);
+        for (const std::string& name : Files::names(folder.path())) EXPECT_FALSE(name.ends_with(".tmp")) << name;
+    }
+    EXPECT_GE(operations, 8) << "create, write, flush, rename and flush folder, twice";
+}
+
+TEST(LibraryStore, aFullDiskAtAnyOperationIsReportedAndTheOldBooksStay) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    const Library before = aLibrary();
+    store.save(before);
+    Library after = before;
+    after.business.name = "After";
+    for (const std::string failing : {"create", "write", "flush", "rename"}) {
+        Files::setObserver([&](const char* operation) {
+            if (operation == failing) throw FileError("No space left on device");
+        });
+        try {
+            store.save(after);
+            ADD_FAILURE() << failing;
+        } catch (const StoreError& error) {
+            EXPECT_STREQ(error.what(), "Tamba couldn’t save: No space left on device.");
+        }
+        Files::setObserver(nullptr);
+        EXPECT_EQ(store.load(), before) << failing;
+        EXPECT_FALSE(Files::exists(folder / ".tamba.json.tmp"));
+    }
+}
+
+}  // namespace
+}  // namespace tamba
