@@ -265,12 +265,11 @@ std::optional<Path> inside(const Path& folder, std::string_view relative) {
     for (const Path& piece : part)
         if (piece == "..") return std::nullopt;
     std::error_code error;
-    const Path root = fs::weakly_canonical(folder, error);
+    const std::string root = fs::weakly_canonical(folder, error).string();
     if (error) return std::nullopt;
-    const Path real = fs::weakly_canonical(folder / part, error);
-    if (error) return std::nullopt;
-    const auto [inRoot, inReal] = std::mismatch(root.begin(), root.end(), real.begin(), real.end());
-    if (inRoot != root.end() || inReal == real.end()) return std::nullopt;
+    const std::string real = fs::weakly_canonical(folder / part, error).string();
+    if (error || !real.starts_with(root) || real.size() < root.size() + 2 || real[root.size()] != '/')
+        return std::nullopt;
     return folder / part;
 }
 

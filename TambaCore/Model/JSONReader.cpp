@@ -102,9 +102,9 @@ void decode(od::value& v, std::map<std::string, std::int64_t>& out);
 /// Calls `element(value)` for each element, naming its position in errors.
 template <class Element>
 void eachElement(od::value& v, Element&& element) {
+    auto array = get(v.get_array(), "Not a list");
     std::size_t index = 0;
     try {
-        auto array = get(v.get_array(), "Not a list");
         for (auto item : array) {
             auto value = get(std::move(item), "Not a value");
             element(value);
@@ -174,14 +174,18 @@ std::string_view rawKey(od::field& field) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-/// A value that no table names, kept as checked JSON text. The quick parser skips over it without looking, so it is
-/// read once more by the thorough one.
+/// A value that no table names, kept as checked JSON text without blanks. The quick parser skips over it without
+/// looking, so it is read once more by the thorough one.
 std::string keep(od::value& v) {
     std::string raw(get(simdjson::to_json_string(v), "Not a value"));
     simdjson::dom::parser thorough;
     simdjson::dom::element ignored;
     if (const auto error = thorough.parse(raw).get(ignored)) fail(error, "Not a value");
-    return raw;
+    std::string bare(raw.size(), ' ');
+    std::size_t length = 0;
+    if (const auto error = simdjson::minify(raw.data(), raw.size(), bare.data(), length)) fail(error, "Not a value");
+    bare.resize(length);
+    return bare;
 }
 
 template <IsRecord R>

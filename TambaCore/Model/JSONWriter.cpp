@@ -43,7 +43,8 @@ std::string quoted(std::string_view text) {
     return out;
 }
 
-/// JSON that was checked when it was read, laid out anew at the present depth. No recursion: it may be nested deeply.
+/// JSON without blanks that was checked when it was read, laid out anew at the present depth. No recursion: it may be
+/// nested deeply.
 void Writer::raw(std::string_view json) {
     const std::size_t base = depth_;
     for (std::size_t i = 0; i < json.size(); ++i) {
@@ -61,19 +62,15 @@ void Writer::raw(std::string_view json) {
                 break;
             }
             case '{':
-            case '[': {
-                const std::size_t inner = json.find_first_not_of(" \t\r\n", i + 1);
-                if (json[inner] == '}' || json[inner] == ']') {
-                    out += c;
-                    out += json[inner];
-                    i = inner;
+            case '[':
+                out += c;
+                if (json[i + 1] == '}' || json[i + 1] == ']') {
+                    out += json[++i];
                 } else {
-                    out += c;
                     ++depth_;
                     newLine();
                 }
                 break;
-            }
             case '}':
             case ']':
                 --depth_;

@@ -151,7 +151,7 @@ std::optional<LibraryStore::Path> LibraryStore::url(const Attachment& attachment
 
 void LibraryStore::removeAttachment(const Attachment& attachment) const {
     const auto file = url(attachment);
-    if (!file || !Files::exists(*file)) return;
+    if (!file || !Files::size(*file)) return;  // a folder is no attachment
     writing([&] {
         Files::makeFolders(removedFolder());
         const std::string name = file->filename().string();

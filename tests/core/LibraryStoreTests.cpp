@@ -59,7 +59,7 @@ TEST(LibraryStore, keepsFourteenBackupsAndStrangersFiles) {
 TEST(LibraryStore, aDamagedFileIsReportedAndLeftAlone) {
     const TemporaryFolder folder;
     const LibraryStore store(folder.path());
-    write(store.fileURL(), "{\"version\": 1");
+    write(store.fileURL(), "{\"version\": 1, \"ru");
     try {
         (void)store.load();
         FAIL();
@@ -69,7 +69,7 @@ TEST(LibraryStore, aDamagedFileIsReportedAndLeftAlone) {
                      "Tamba couldn’t read its library: The file is damaged or cut off here. A daily backup is in the "
                      "Backups folder.");
     }
-    EXPECT_EQ(contents(store.fileURL()), "{\"version\": 1");
+    EXPECT_EQ(contents(store.fileURL()), "{\"version\": 1, \"ru");
     EXPECT_EQ(Files::names(folder.path()).size(), 1u);
 }
 
@@ -146,12 +146,14 @@ TEST(LibraryStore, attachmentsThatLeaveTheFolderAreNeverTouched) {
     write(folder / "secret.txt", "x");
     write(store.folder() / "Receipts/2026-04/a.jpg", "one");
     std::filesystem::create_directory_symlink(folder.path(), store.receiptsFolder() / "link");
-    for (const std::string path : {"../secret.txt", (folder / "secret.txt").string().c_str(),
-                                   "Receipts/../../secret.txt", "Receipts/link/secret.txt", "", "."}) {
+    for (const std::string& path :
+         std::vector<std::string>{"../secret.txt", (folder / "secret.txt").string(), "Receipts/../../secret.txt",
+                                  "Receipts/link/secret.txt", "", "."}) {
         const Attachment attachment = Attachment::make(path, "x");
         EXPECT_FALSE(store.url(attachment)) << path;
         store.removeAttachment(attachment);
     }
+    store.removeAttachment(Attachment::make("Receipts", "a folder is no attachment"));
     EXPECT_TRUE(Files::exists(folder / "secret.txt"));
 
     const Attachment good = Attachment::make("Receipts/2026-04/a.jpg", "a.jpg");
@@ -220,8 +222,9 @@ TEST(LibraryStore, aPowerCutAtAnyOperationLeavesTheOldOrTheNewBooks) {
         ASSERT_TRUE(found);
         EXPECT_TRUE(*found == before || *found == after) << operations;
         EXPECT_TRUE(more || *found == after);
-        if (Files::exists(store.backupsFolder() / todaysBackup()))
+        if (Files::exists(store.backupsFolder() / todaysBackup())) {
             EXPECT_EQ(contents(store.backupsFolder() / todaysBackup()), ModelsJSON::encode(after));
+        }
         store.save(after);  // whatever was left behind does not stand in the way
         EXPECT_EQ(store.load(), after);
         for (const std::string& name : Files::names(folder.path())) EXPECT_FALSE(name.ends_with(".tmp")) << name;
