@@ -3,13 +3,15 @@
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Receipts/RupeeSign.h"
 
-#include <omp.h>
 #include <tesseract/baseapi.h>
 #include <tesseract/ocrclass.h>
 #include <tesseract/resultiterator.h>
 
 #include <algorithm>
 #include <string_view>
+
+// Of the runtime that the engine is linked with. Its header belongs to one compiler only.
+extern "C" void omp_set_max_active_levels(int levels);
 
 namespace tamba {
 namespace {
