@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <functional>
 #include <mutex>
 #include <unordered_map>
 
