@@ -4,7 +4,6 @@
 #include <unicode/regex.h>
 #include <unicode/unistr.h>
 
-#include <chrono>
 #include <cstdint>
 #include <limits>
 #include <mutex>
@@ -12,25 +11,12 @@
 namespace tamba::Text {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-/// From this size on a pattern can be slow in ways that ICU's own limit does not see (a loop over one class of
-/// characters, tried again from each position), so the clock is asked too.
-constexpr std::size_t longText = 16'384;
-constexpr std::chrono::seconds longTextTime{3};
-
-/// Ten thousand steps of the matching engine each: 5 million for any text, and 20 more for each byte.
+/// Ten thousand steps of the matching engine each, its own measure, so that the outcome is the same on any machine:
+/// five million for any text, about a tenth of a second, and 20 more for each byte.
 std::int32_t stepLimit(std::size_t bytes) { return static_cast<std::int32_t>(500 + bytes / 500); }
 
-struct Deadline {
-    Clock::time_point end;
-    unsigned calls = 0;
-};
-
-UBool keepsTime(const void* context, std::int64_t) {
-    auto& deadline = *static_cast<Deadline*>(const_cast<void*>(context));
-    return ++deadline.calls % 64 != 0 || Clock::now() < deadline.end;
-}
+/// A matcher that has seen a longer text is not kept: it holds the text and the memory of its search.
+constexpr std::size_t longText = 65'536;
 
 icu::UnicodeString unicode(std::string_view text) {
     if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max() / 4)) fatal("text too long");
@@ -98,19 +84,16 @@ struct Pattern::Compiled {
         UErrorCode status = U_ZERO_ERROR;
         matcher.setTimeLimit(stepLimit(text.size()), status);
         matcher.reset(search->text);
-        Deadline deadline{Clock::now() + longTextTime};
-        if (text.size() >= longText) matcher.setFindProgressCallback(keepsTime, &deadline, status);
         std::optional<Offsets> offsets;
         while (matcher.find(status)) {
             if (!offsets) offsets.emplace(text, search->text.length());
             if (!found(matcher, *offsets)) break;
         }
-        const bool complete = U_SUCCESS(status) != 0;
-        status = U_ZERO_ERROR;
-        matcher.setFindProgressCallback(nullptr, nullptr, status);
-        const std::lock_guard lock(mutex);
-        idle.push_back(std::move(search));
-        return complete;
+        if (text.size() < longText) {
+            const std::lock_guard lock(mutex);
+            idle.push_back(std::move(search));
+        }
+        return U_SUCCESS(status) != 0;
     }
 };
 

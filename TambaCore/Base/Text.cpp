@@ -46,7 +46,7 @@ std::string mapCase(std::string_view text, Mapping&& mapping) {
     UErrorCode status = U_ZERO_ERROR;
     mapping(piece(text), sink, status);
     if (U_FAILURE(status)) fatal("case mapping failed");
-    return result;
+    return repairedUTF8(result);
 }
 
 /// Calls `visit(begin, end)` for each character until it returns false.

@@ -5,6 +5,7 @@
 #include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
 #include <unicode/numfmt.h>
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
@@ -128,12 +129,12 @@ namespace {
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isASCIILetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-/// Currency signs, and the words that stand for a currency. A sign takes the letters glued before it along (US$).
 bool isSign(std::string_view character) {
-    static const std::array<std::string_view, 8> signs = {"₹", "₨", "$", "€", "£", "¥", "৳", "Rp"};
-    return std::find(signs.begin(), signs.end(), character) != signs.end();
+    std::size_t at = 0;
+    return u_charType(static_cast<UChar32>(Text::codePoint(character, at))) == U_CURRENCY_SYMBOL;
 }
 
+/// Words that stand for a currency.
 bool isMarkWord(std::string_view word) {
     static const std::vector<std::string> words = [] {
         std::vector<std::string> made = {"RS", "RE", "RUPEE", "RUPEES", "DHS", "DH"};
@@ -152,6 +153,7 @@ std::string withoutMarks(std::string_view side) {
     std::string result;
     const auto characters = Text::characters(side);
     for (std::size_t i = 0; i < characters.size();) {
+        // A sign takes the letters glued before it along (US$).
         std::size_t end = i;
         std::string word;
         while (end < characters.size() && characters[end].size() == 1 && isASCIILetter(characters[end].front()))
