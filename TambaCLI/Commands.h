@@ -1,0 +1,59 @@
+#pragma once
+
+#include "TambaCore/Model/LibrarySession.h"
+#include "TambaCore/Model/Models.h"
+
+#include <exception>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The commands, one function each. `main.cpp` reads the words of the command line and calls one of them; what a
+/// command returns is the exit status: 0 done, 1 refused or found problems. A refusal that ends the command is thrown,
+/// its sentence goes to standard error.
+namespace tamba::cli {
+
+/// A refusal of the command line itself; `what()` is the finished sentence.
+class Refusal : public std::exception {
+public:
+    explicit Refusal(std::string sentence) : sentence_(std::move(sentence)) {}
+    [[nodiscard]] const char* what() const noexcept override { return sentence_.c_str(); }
+
+private:
+    std::string sentence_;
+};
+
+/// What every command is given.
+struct Context {
+    std::filesystem::path folder;  ///< of the books
+    bool json = false;
+    Day today;
+};
+
+/// Books that exist; refuses a folder without any.
+[[nodiscard]] const Library& existing(const LibrarySession& session);
+/// Saves, and says on standard error when another machine's changes came in. Gives what now stands on disk.
+Library save(LibrarySession& session, const Library& library);
+/// The currency code somebody typed, in capitals; refuses what is none.
+[[nodiscard]] std::string currencyCode(std::string_view typed);
+struct NewOptions {
+    std::string name, state, gstin, currency, country, regime, dateOrder;
+    int fyStartMonth = 4;
+};
+int makeBooks(const Context& context, const NewOptions& options);
+int checkBooks(const Context& context);
+
+struct ReceiptOptions {
+    std::vector<std::string> files;
+    std::optional<DateOrder> order;
+};
+int scanReceipts(const Context& context, const ReceiptOptions& options);
+/// "-" is standard input.
+int parseReceipt(const Context& context, const ReceiptOptions& options);
+int showMail(const Context& context, const std::filesystem::path& file);
+
+int listBackups(const Context& context);
+int restoreBackup(const Context& context, const std::string& name);
+
+}  // namespace tamba::cli

@@ -1,0 +1,117 @@
+#include "TambaCLI/Commands.h"
+#include "TambaCLI/Output.h"
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Model/Fields.h"
+#include "TambaCore/Model/LibraryCheck.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace tamba::cli {
+namespace {
+
+std::string stateCode(const std::string& typed) {
+    if (const auto state = IndianState::of(typed)) return std::string(state->code);
+    const std::string wanted = Text::lower(Text::trim(typed));
+    for (const IndianState& state : IndianState::all())
+        if (Text::lower(state.name) == wanted) return std::string(state.code);
+    throw Refusal("“" + typed + "” is not a state or union territory of India.");
+}
+
+/// The text in capitals; a refusal unless it is so many letters.
+std::string letterCode(std::string_view typed, std::size_t letters, std::string_view what) {
+    const std::string code = Text::upper(Text::trim(typed));
+    const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
+    if (code.size() != letters || !std::all_of(code.begin(), code.end(), isCapital))
+        throw Refusal("“" + std::string(typed) + "” is not a " + std::string(what) + ".");
+    return code;
+}
+
+Business businessFrom(const NewOptions& options) {
+    Business business;
+    business.name = Text::trim(options.name);
+    if (!options.country.empty()) business.country = letterCode(options.country, 2, "country code such as IN or US");
+    if (!options.currency.empty()) business.homeCurrency = currencyCode(options.currency);
+    if (!options.state.empty()) business.stateCode = stateCode(options.state);
+    if (!options.gstin.empty()) {
+        business.taxID = GSTIN::clean(options.gstin);
+        if (const auto problem = GSTIN::validate(business.taxID))
+            throw Refusal(std::string(GSTIN::problemText(*problem)));
+        if (const auto state = GSTIN::stateCode(business.taxID); state && options.state.empty())
+            business.stateCode = state;
+    }
+    if (!options.regime.empty())
+        business.regime = fromWord<TaxRegime>(options.regime).value_or(business.regime);
+    else if (business.country != "IN")
+        business.regime = TaxRegime::simple;
+    if (!options.dateOrder.empty())
+        business.receiptDateOrder = fromWord<DateOrder>(options.dateOrder).value_or(business.receiptDateOrder);
+    business.fyStartMonth = options.fyStartMonth;
+    return business;
+}
+
+}  // namespace
+
+std::string currencyCode(std::string_view typed) { return letterCode(typed, 3, "currency code such as INR or USD"); }
+
+const Library& existing(const LibrarySession& session) {
+    if (!session.loaded())
+        throw Refusal("There are no books in " + session.store().folder().string() +
+                      " yet. “tamba-cli new” makes them.");
+    return *session.loaded();
+}
+
+Library save(LibrarySession& session, const Library& library) {
+    LibrarySession::Saved saved = session.save(library);
+    if (saved.merged) std::cerr << "Another machine had changed these books; its changes were brought in.\n";
+    for (const Conflict& conflict : saved.conflicts)
+        std::cerr << "Both changed " << conflict.list << " " << conflict.id << " " << conflict.field << ": kept "
+                  << conflict.ours << " over " << conflict.theirs << ".\n";
+    return std::move(saved.library);
+}
+
+int makeBooks(const Context& context, const NewOptions& options) {
+    const Business business = businessFrom(options);
+    LibrarySession session(context.folder, LibrarySession::Access::write);
+    if (session.loaded()) throw Refusal("There are books in " + context.folder.string() + " already.");
+    Library library = Library::make();
+    library.business = business;
+    if (business.homeCurrency != "INR")
+        for (std::size_t i = 0; i < library.accounts.size(); ++i)
+            library.accounts.update(i, [&](BankAccount& account) { account.currency = business.homeCurrency; });
+    save(session, library);
+    if (context.json)
+        std::cout << JSON::object().add("folder", context.folder.string()).text() << "\n";
+    else
+        std::cout << "Made new books in " << context.folder.string() << ".\n";
+    return 0;
+}
+
+int checkBooks(const Context& context) {
+    const LibrarySession session(context.folder, LibrarySession::Access::read);
+    const LibraryCheck::Report report = LibraryCheck::check(existing(session), session.store());
+    if (context.json) {
+        JSON counts = JSON::object();
+        for (const auto& [list, count] : report.counts) counts.add(list, static_cast<std::int64_t>(count));
+        JSON problems = JSON::array();
+        for (const LibraryCheck::Problem& problem : report.problems)
+            problems.append(JSON::object()
+                                .add("kind", LibraryCheck::word(problem.kind))
+                                .add("list", problem.list)
+                                .add("id", problem.id)
+                                .add("sentence", problem.sentence));
+        std::cout << JSON::object().add("counts", counts).add("problems", problems).text() << "\n";
+        return report.problems.empty() ? 0 : 1;
+    }
+    std::vector<std::pair<std::string, std::string>> lines;
+    for (const auto& [list, count] : report.counts) lines.emplace_back(list, std::to_string(count));
+    std::cout << details(lines) << "\n";
+    for (const LibraryCheck::Problem& problem : report.problems) std::cout << problem.sentence << "\n";
+    if (report.problems.empty())
+        std::cout << "No problems.\n";
+    else
+        std::cout << "\n" << counted(report.problems.size(), "problem", "problems") << ".\n";
+    return report.problems.empty() ? 0 : 1;
+}
+
+}  // namespace tamba::cli
