@@ -1,0 +1,262 @@
+#include "TambaCore/Model/LibraryCheck.h"
+#include "tests/support/Books.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <functional>
+
+using namespace tamba;
+using namespace tamba::testing;
+using LibraryCheck::Kind;
+
+namespace {
+
+const UUID nobody = *UUID::parse("00000000-0000-4000-8000-000000000000");
+constexpr std::int64_t tooMuch = maximumAmount + 1;
+
+/// The sound books of every case, with their files in the folder.
+struct LibraryCheckTest : ::testing::Test {
+    TemporaryFolder folder;
+    LibraryStore store{folder.path()};
+    Library sound = aLibrary();
+
+    void SetUp() override {
+        for (const Expense& expense : sound.expenses)
+            for (const Attachment& attachment : expense.attachments) write(folder / attachment.path, "bill");
+        write(folder / "Assets/logo.png", "logo");
+        sound.business.logoFile = "logo.png";
+    }
+    [[nodiscard]] std::vector<LibraryCheck::Problem> problems(const Library& library) const {
+        return LibraryCheck::check(library, store).problems;
+    }
+};
+
+void expense(Library& l, const std::function<void(Expense&)>& change) { l.expenses.update(0, change); }
+void document(Library& l, const std::function<void(Document&)>& change) { l.documents.update(0, change); }
+void transaction(Library& l, const std::function<void(BankTransaction&)>& change) { l.transactions.update(0, change); }
+
+struct Case {
+    const char* name;
+    std::function<void(Library&)> spoil;
+    Kind kind;
+    const char* list;
+    const char* sentence;  ///< a part of it
+};
+
+const Case cases[] = {
+    // ids that refer to nothing
+    {"project's client", [](Library& l) { l.projects.update(0, [](Project& p) { p.clientID = nobody; }); },
+     Kind::danglingReference, "projects", "The project “Rebrand” refers to a client that isn’t in the books."},
+    {"expense's project", [](Library& l) { expense(l, [](Expense& e) { e.projectID = nobody; }); },
+     Kind::danglingReference, "expenses", "The expense “Chai Point” of 2026-10-14 refers to a project"},
+    {"expense's client", [](Library& l) { expense(l, [](Expense& e) { e.clientID = nobody; }); },
+     Kind::danglingReference, "expenses", "a client"},
+    {"expense's bank line", [](Library& l) { expense(l, [](Expense& e) { e.bankTxnID = nobody; }); },
+     Kind::danglingReference, "expenses", "a bank line"},
+    {"expense's invoice", [](Library& l) { expense(l, [](Expense& e) { e.rebilledInvoiceID = nobody; }); },
+     Kind::danglingReference, "expenses", "an invoice"},
+    {"expense billed on an estimate",
+     [](Library& l) {
+         l.documents.append(Document::make(DocKind::estimate, {2026, 4, 1}, {2026, 5, 1}));
+         expense(l, [&](Expense& e) { e.rebilledInvoiceID = l.documents.back().id; });
+     },
+     Kind::danglingReference, "expenses", "an invoice"},
+    {"template's project",
+     [](Library& l) { l.recurring.update(0, [](RecurringExpense& r) { r.template_.projectID = nobody; }); },
+     Kind::danglingReference, "recurring", "The recurring expense “Rent” refers to a project"},
+    {"draft's client",
+     [](Library& l) {
+         l.documents.append(Document::make(DocKind::invoice, {2026, 4, 1}, {2026, 5, 1}));
+         l.documents.update(1, [](Document& d) { d.clientID = nobody; });
+     },
+     Kind::danglingReference, "documents", "The invoice draft of 2026-04-01 refers to a client"},
+    {"draft's series",
+     [](Library& l) {
+         l.documents.append(Document::make(DocKind::creditNote, {2026, 4, 1}, {2026, 5, 1}));
+         l.documents.update(1, [](Document& d) { d.seriesID = nobody; });
+     },
+     Kind::danglingReference, "documents", "The credit note draft of 2026-04-01 refers to a number series"},
+    {"draft's billed expense",
+     [](Library& l) {
+         document(l, [](Document& d) {
+             d.state = DocState::draft;
+             d.lines[0].expenseID = nobody;
+         });
+     },
+     Kind::danglingReference, "documents", "an expense"},
+    {"issued without a copy of its client",
+     [](Library& l) {
+         document(l, [](Document& d) {
+             d.billTo.reset();
+             d.clientID = nobody;
+         });
+     },
+     Kind::danglingReference, "documents", "The invoice “INV/26-27/001” refers to a client"},
+    {"linked document", [](Library& l) { document(l, [](Document& d) { d.linkedID = nobody; }); },
+     Kind::danglingReference, "documents", "an invoice"},
+    {"payment's bank line", [](Library& l) { document(l, [](Document& d) { d.payments[0].bankTxnID = nobody; }); },
+     Kind::danglingReference, "documents", "a bank line"},
+    {"bank line's account", [](Library& l) { transaction(l, [](BankTransaction& t) { t.accountID = nobody; }); },
+     Kind::danglingReference, "transactions", "The bank line “UPI/DR/1/CHAI POINT” of 2026-10-14 refers to a bank acc"},
+    {"bank line's expense", [](Library& l) { transaction(l, [](BankTransaction& t) { t.expenseID = nobody; }); },
+     Kind::danglingReference, "transactions", "an expense"},
+    {"bank line's invoice", [](Library& l) { transaction(l, [](BankTransaction& t) { t.invoiceID = nobody; }); },
+     Kind::danglingReference, "transactions", "an invoice"},
+    {"bank line's payment", [](Library& l) { transaction(l, [](BankTransaction& t) { t.paymentID = nobody; }); },
+     Kind::danglingReference, "transactions", "a payment"},
+    {"payment of another invoice",
+     [](Library& l) {
+         l.documents.append(anInvoice("INV/26-27/002"));
+         transaction(l, [&](BankTransaction& t) {
+             t.invoiceID = l.documents[0].id;
+             t.paymentID = l.documents[1].payments[0].id;
+         });
+     },
+     Kind::danglingReference, "transactions", "a payment"},
+    {"rule's category", [](Library& l) { l.rules.update(0, [](CategoryRule& r) { r.categoryID = nobody; }); },
+     Kind::danglingReference, "rules", "The rule “chai” refers to a category"},
+
+    // two with one id
+    {"the same expense twice", [](Library& l) { l.expenses.append(l.expenses.at(0)); }, Kind::duplicateID, "expenses",
+     "Another record has the same ID as the expense “Chai Point” of 2026-10-14."},
+    {"the same category twice", [](Library& l) { l.categories.append(l.categories.at(0)); }, Kind::duplicateID,
+     "categories", "the category “Software & subscriptions”"},
+    {"two rates of a currency", [](Library& l) { l.rates.append(l.rates.at(0)); }, Kind::duplicateID, "rates",
+     "There is more than one exchange rate for USD."},
+    {"the same payment on two invoices",
+     [](Library& l) {
+         Document other = anInvoice("INV/26-27/002");
+         other.payments = l.documents[0].payments;
+         l.documents.append(std::move(other));
+     },
+     Kind::duplicateID, "documents", "one of the invoice “INV/26-27/002”"},
+
+    // files
+    {"missing file", [](Library& l) { expense(l, [](Expense& e) { e.attachments[0].path = "Receipts/gone.jpg"; }); },
+     Kind::missingFile, "expenses",
+     "The file “Receipts/gone.jpg” of the expense “Chai Point” of 2026-10-14 is missing."},
+    {"a folder for a file", [](Library& l) { expense(l, [](Expense& e) { e.attachments[0].path = "Receipts"; }); },
+     Kind::missingFile, "expenses", "is missing"},
+    {"climbs out", [](Library& l) { expense(l, [](Expense& e) { e.attachments[0].path = "../../etc/passwd"; }); },
+     Kind::fileOutside, "expenses", "The file “../../etc/passwd” of the expense"},
+    {"absolute path", [](Library& l) { expense(l, [](Expense& e) { e.attachments[0].path = "/etc/passwd"; }); },
+     Kind::fileOutside, "expenses", "lies outside the books’ folder."},
+    {"template's file",
+     [](Library& l) { l.recurring.update(0, [](auto& r) { r.template_.attachments[0].path = "x.pdf"; }); },
+     Kind::missingFile, "recurring", "of the recurring expense “Rent”"},
+    {"missing logo", [](Library& l) { l.business.logoFile = "other.png"; }, Kind::missingFile, "business",
+     "The logo “other.png” of the business settings is missing."},
+    {"logo outside Assets", [](Library& l) { l.business.logoFile = "../tamba.json"; }, Kind::fileOutside, "business",
+     "The logo"},
+
+    // figures
+    {"month 13", [](Library& l) { l.business.fyStartMonth = 13; }, Kind::outOfRange, "business",
+     "The first month of the financial year of the business settings can’t be right: 13."},
+    {"month 0", [](Library& l) { l.business.fyStartMonth = 0; }, Kind::outOfRange, "business", "right: 0."},
+    {"tax above 100 %", [](Library& l) { l.business.defaultTaxBP = 10001; }, Kind::outOfRange, "business", "10001"},
+    {"negative mileage rate", [](Library& l) { l.business.mileageRateMinor = -1; }, Kind::outOfRange, "business", "-1"},
+    {"client's days", [](Library& l) { l.clients.update(0, [](Client& c) { c.dueDays = -1; }); }, Kind::outOfRange,
+     "clients", "The number of days to pay of the client “Saffron Labs” can’t be right: -1."},
+    {"item's price", [](Library& l) { l.items.update(0, [](CatalogItem& i) { i.priceMinor = tooMuch; }); },
+     Kind::outOfRange, "items", "The price of the item “Logo” can’t be right: 1000000000000001."},
+    {"amount", [](Library& l) { expense(l, [](Expense& e) { e.amount = tooMuch; }); }, Kind::outOfRange, "expenses",
+     "The amount of the expense “Chai Point” of 2026-10-14 can’t be right: 1000000000000001."},
+    {"least number", [](Library& l) { expense(l, [](Expense& e) { e.amount = INT64_MIN; }); }, Kind::outOfRange,
+     "expenses", "right: -9223372036854775808."},
+    {"tax part", [](Library& l) { expense(l, [](Expense& e) { e.taxSplit.sgst = -tooMuch; }); }, Kind::outOfRange,
+     "expenses", "part of the tax"},
+    {"negative rate", [](Library& l) { expense(l, [](Expense& e) { e.rateMicros = -1; }); }, Kind::outOfRange,
+     "expenses", "exchange rate"},
+    {"negative distance", [](Library& l) { expense(l, [](Expense& e) { e.distanceMilli = -1; }); }, Kind::outOfRange,
+     "expenses", "distance"},
+    {"converted beyond belief",
+     [](Library& l) {
+         expense(l, [](Expense& e) {
+             e.currency = "USD";
+             e.amount = maximumAmount;
+             e.rateMicros = 2'000'000;
+         });
+     },
+     Kind::outOfRange, "expenses", "exchange rate"},
+    {"mileage beyond belief",
+     [](Library& l) {
+         expense(l, [](Expense& e) {
+             e.distanceMilli = maximumAmount;
+             e.mileageRateMinor = 1001;
+         });
+     },
+     Kind::outOfRange, "expenses", "distance"},
+    {"anchor day 32", [](Library& l) { l.recurring.update(0, [](auto& r) { r.anchorDay = 32; }); }, Kind::outOfRange,
+     "recurring", "The day of the month of the recurring expense “Rent”"},
+    {"line's product",
+     [](Library& l) {
+         document(l, [](Document& d) {
+             d.lines[0].qtyMilli = maximumAmount;
+             d.lines[0].priceMinor = maximumAmount;
+         });
+     },
+     Kind::outOfRange, "documents", "quantity of a line"},
+    {"discount above 100 %", [](Library& l) { document(l, [](Document& d) { d.lines[0].discountBP = 10001; }); },
+     Kind::outOfRange, "documents", "discount of a line"},
+    {"payment", [](Library& l) { document(l, [](Document& d) { d.payments[0].tds = tooMuch; }); }, Kind::outOfRange,
+     "documents", "TDS of a payment"},
+    {"counter 0", [](Library& l) { l.series.update(0, [](NumberSeries& s) { s.next["26-27"] = 0; }); },
+     Kind::outOfRange, "series", "The next number of the number series “Invoices”"},
+    {"balance", [](Library& l) { transaction(l, [](BankTransaction& t) { t.balance = tooMuch; }); }, Kind::outOfRange,
+     "transactions", "balance"},
+    {"rate of a currency", [](Library& l) { l.rates.update(0, [](FXRate& r) { r.rateMicros = -1; }); },
+     Kind::outOfRange, "rates", "The value of the exchange rate for USD"},
+};
+
+}  // namespace
+
+TEST_F(LibraryCheckTest, findsNothingInSoundBooks) {
+    const LibraryCheck::Report report = LibraryCheck::check(sound, store);
+    EXPECT_TRUE(report.problems.empty()) << report.problems[0].sentence;
+    EXPECT_EQ(report.counts.size(), 12U);
+    EXPECT_EQ(report.counts[2], std::pair(std::string("categories"), std::size_t{13}));
+}
+
+TEST_F(LibraryCheckTest, namesEachKindOfProblem) {
+    for (const Case& c : cases) {
+        Library library = sound;
+        c.spoil(library);
+        const auto found = problems(library);
+        ASSERT_EQ(found.size(), 1U) << c.name;
+        EXPECT_EQ(found[0].kind, c.kind) << c.name;
+        EXPECT_EQ(found[0].list, c.list) << c.name;
+        EXPECT_THAT(found[0].sentence, ::testing::HasSubstr(c.sentence)) << c.name;
+    }
+}
+
+TEST_F(LibraryCheckTest, leavesAloneWhatMayOutliveItsRecord) {
+    expense(sound, [](Expense& e) {
+        e.categoryID = nobody;
+        e.recurringID = nobody;
+    });
+    sound.recurring.update(0, [](RecurringExpense& r) { r.template_.categoryID = nobody; });
+    document(sound, [](Document& d) {
+        d.clientID = nobody;
+        d.seriesID = nobody;
+        d.lines[0].expenseID = nobody;
+    });
+    EXPECT_TRUE(problems(sound).empty());
+}
+
+TEST_F(LibraryCheckTest, namesTheRecordByItsID) {
+    expense(sound, [](Expense& e) { e.amount = tooMuch; });
+    sound.rates.update(0, [](FXRate& r) { r.rateMicros = tooMuch; });
+    const auto found = problems(sound);
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found[0].id, sound.expenses[0].id.text());
+    EXPECT_EQ(found[1].id, "USD");
+}
+
+TEST_F(LibraryCheckTest, doesNotFollowALinkOutOfTheFolder) {
+    TemporaryFolder elsewhere;
+    write(elsewhere / "secret.jpg", "secret");
+    std::filesystem::create_directory_symlink(elsewhere.path(), folder / "Receipts/link");
+    expense(sound, [](Expense& e) { e.attachments[0].path = "Receipts/link/secret.jpg"; });
+    const auto found = problems(sound);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].kind, Kind::fileOutside);
+}
