@@ -88,20 +88,38 @@ std::vector<Found> find(std::string_view lower, DateOrder order) {
 /// How likely a date is the receipt's own; smaller is likelier.
 enum Rank { ofReceipt, labelled, ofOrder, bare, ofOther, chance };
 
+const Text::Pattern& dateLabel() {
+    static const Text::Pattern label(R"((?<!up)(?:dated?|\bdt)(?![a-z]))");
+    return label;
+}
+
 /// What the words in front of a date say about it, or nothing when they say nothing.
 std::optional<Rank> rank(std::string_view words) {
     // "due dt", "valid till", "best before", "mfg. date": some other day than the receipt's, whatever else is said.
     static const Text::Pattern other(R"(\b(due|deliver\w*|exp|expiry|expir\w+|valid\w*|mfg|mfd|manufactur\w*|)"
                                      R"(best before|use by|birth|dob|d\.o\.b|joining|arrival|departure|check.?out|)"
                                      R"(next|return\w*|warranty|packed|pkd)\b)");
-    static const Text::Pattern label(R"((?<!up)(date|dated|\bdt)(?![a-z]))");
     static const Text::Pattern own(R"(\b(invoice|inv\b|bill|receipt|rcpt|transaction|txn|trans\b|payment|paid|issue))");
     static const Text::Pattern order(R"(\b(order|po\b|p\.o\b|booking|challan))");
     if (other.matches(words)) return ofOther;
-    if (!label.matches(words)) return std::nullopt;
+    if (!dateLabel().matches(words)) return std::nullopt;
     if (own.matches(words)) return ofReceipt;
     if (order.matches(words)) return ofOrder;
     return labelled;
+}
+
+/// What a line without a date says about those of the next line, column by column ("Invoice Date   Due Date").
+std::vector<Rank> ranks(std::string_view lower) {
+    constexpr std::size_t longestLabel = 30;  // a sentence that mentions a delivery says nothing about the next line
+    std::vector<Rank> result;
+    std::size_t begin = 0;
+    for (const Text::Pattern::Match& match : dateLabel().all(lower)) {
+        if (const auto said = rank(lower.substr(begin, match.end - begin))) result.push_back(*said);
+        begin = match.end;
+    }
+    if (result.empty() && lower.size() <= longestLabel)
+        if (const auto said = rank(lower)) result.push_back(*said);
+    return result;
 }
 
 struct Ranked {
@@ -111,23 +129,23 @@ struct Ranked {
 
 std::vector<Ranked> ranked(const std::vector<std::string>& lines, DateOrder order) {
     std::vector<Ranked> result;
-    std::optional<Rank> pending;  // of a line that held labels only
+    std::vector<Rank> above;
     for (std::size_t i = 0, count = lookedAt(lines); i < count; ++i) {
         const std::string lower = Text::lower(lookedAt(lines[i]));
-        const std::vector<Found> found = find(lower, order);
+        const std::string_view line = lower;
+        const std::vector<Found> found = find(line, order);
         std::size_t after = 0;
-        std::optional<Rank> inherited = pending;
-        for (const Found& date : found) {
+        for (std::size_t nth = 0; nth < found.size(); ++nth) {
+            const Found& date = found[nth];
             const std::size_t from = std::min(after, date.begin);
-            std::optional<Rank> said = rank(std::string_view(lower).substr(from, date.begin - from));
+            std::optional<Rank> said = rank(line.substr(from, date.begin - from));
             // "14/10/2026 (date)": a label behind the line's only date.
-            if (!said && found.size() == 1) said = rank(std::string_view(lower).substr(date.end));
-            if (!said) said = inherited;
-            inherited = std::nullopt;
+            if (!said && found.size() == 1) said = rank(line.substr(date.end));
+            if (!said && nth < above.size()) said = above[nth];
             result.push_back({date.day, date.firm || said ? said.value_or(bare) : chance});
             after = std::max(after, date.end);
         }
-        pending = found.empty() ? rank(lower) : std::nullopt;
+        above = found.empty() ? ranks(line) : std::vector<Rank>();
     }
     return result;
 }

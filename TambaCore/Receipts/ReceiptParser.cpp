@@ -57,7 +57,7 @@ bool sumsClose(const std::vector<std::string>& lines, const Amounts& read) {
     static const Text::Pattern rounding(R"(\bround(?:ing|ed)?[ -]?(?:off|adj\w*)?\b)");
     if (!read.total) return true;
     const std::int64_t tax = read.tax.value_or(0);
-    if (tax > *read.total) return false;
+    if (tax > *read.total / 2) return false;
     // Both halves of GST are charged at the same rate (CGST Act 2017, section 9).
     if (read.split.sgst != 0 && read.split.cgst != 0 && std::abs(read.split.cgst - read.split.sgst) > 2) return false;
 
@@ -96,7 +96,7 @@ ReceiptGuess parse(const std::vector<std::string>& lines, DateOrder order, Day t
         if (i > 0) guess.text += '\n';
         guess.text += lookedAt(lines[i]);
     }
-    guess.vendor = vendor(lines);
+    guess.vendor = vendor(lines, source);
     const ReadDate read = readDate(lines, order, today);
     guess.date = read.day;
     const Amounts figures = amounts(lines);

@@ -37,7 +37,6 @@ struct ReceiptGuess {
 namespace ReceiptParser {
 
 /// `recognised`: the lines come from a picture, so that a GSTIN whose check character fails may be a misreading.
-/// `exponent`: decimals of the currency the amounts are in.
 enum class Source { text, recognised };
 [[nodiscard]] ReceiptGuess parse(const std::vector<std::string>& lines, DateOrder order, Day today,
                                  Source source = Source::text);
@@ -58,7 +57,9 @@ struct Amounts {
 /// The receipt's own date: labelled lines first, invoice dates before due dates, not after `today` and not older than
 /// ten years while another is found.
 [[nodiscard]] std::optional<Day> date(const std::vector<std::string>& lines, DateOrder order, Day today);
-[[nodiscard]] std::string vendor(const std::vector<std::string>& lines);
+/// The name at the top of the receipt, without registration numbers; empty when no line can be one. The first lines of
+/// a `recognised` picture may be a misread logo, which is passed over.
+[[nodiscard]] std::string vendor(const std::vector<std::string>& lines, Source source = Source::text);
 [[nodiscard]] std::string gstin(const std::vector<std::string>& lines, Source source = Source::text);
 [[nodiscard]] std::optional<std::string> currency(std::string_view text);
 

@@ -4,13 +4,14 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace tamba::ReceiptParser {
 namespace {
 
 constexpr std::string_view separators = " -*=#:|,";
 
-/// A line that is never the vendor: titles, labels, registrations, courtesies.
+/// A line that is never the vendor: titles, labels, registrations, courtesies, invocations.
 bool isNoise(std::string_view lower) {
     // At the start of a word only, or every Hotel ("tel"), Medicines ("cin") and Border ("order") would go; where a
     // word's beginning is common in names (Cinema, Telecom, Mobile World, Dates) the whole word.
@@ -19,9 +20,18 @@ bool isNoise(std::string_view lower) {
         R"(gst no|bill no|phone|ph:|order|fssai|)"
         R"((?:date|dated|tel|telephone|mob|mobile no|cin)(?![\p{L}\p{M}\d]))|www|http|@)");
     static const Text::Pattern courtesy(
-        R"((?<![\p{L}\p{M}])(?:thank ?you|thanks|visit|cash sales?|cash bill|(?:customer|merchant|office|guest|your) (?:copy|check|bill)|)"
-        R"(copy)(?![\p{L}\p{M}])|^\W*(?:bill|cash|estimate|reprint|sold by|bill to|ship to)\W*$)");
-    return noise.matches(lower) || courtesy.matches(lower);
+        R"((?<![\p{L}\p{M}])(?:thank ?you|thanks|visit|copy|cash (?:sales?|bill)|guest check)(?![\p{L}\p{M}]))");
+    // Whole lines: "Bill", "Billing Address:", "Payment Successful", "Sold by:  Shipped to:".
+    static const Text::Pattern title(
+        R"(^\W*(?:bill|cash|estimate|reprint|(?:transaction|payment)(?: \w+)?|(?:sold|paid|bill(?:ed)?|ship(?:ped)?) (?:by|to)|)"
+        R"((?:billing|shipping) address)\W*(?:\s{2}.*)?$)");
+    // "No. 12, MG Road", "411001 Pune", "Customer Name: Asha"
+    static const Text::Pattern label(
+        R"(^\W*(?:\d{5,6}\s+\p{L}|(?:no|lot|plot|(?:shop|flat|door) no)\b[\s.:]*\d|(?:customer|cashier|table|token|kot|server|user|pax|name|fax|)"
+        R"(pan|state|address)\b[^:]{0,12}:))");
+    static const Text::Pattern invocation(R"(^\s*(?:\|\||॥|।।).*(?:\|\||॥|।।)\s*$)");
+    return noise.matches(lower) || courtesy.matches(lower) || title.matches(lower) || label.matches(lower) ||
+           invocation.matches(lower);
 }
 
 /// Letters, at least three unless told otherwise, that make up at least half of the line.
@@ -35,23 +45,27 @@ bool reads(std::string_view text, std::size_t least = 3) {
     return letters >= least && letters * 2 >= all;
 }
 
-/// Without registration numbers at its end: "(126926-H)", "273500-U (GKJ)", "(Reg. No 12/AB)", "GSTIN 27…".
+/// Without registration numbers at its end: "(126926-H)", "273500-U (GKJ)", "(Reg. No 12/AB)", "Co. No. 4711".
 std::string withoutRegistration(std::string_view line) {
-    static const Text::Pattern tail(
-        R"(\s*(?:[(\[][^()\[\]]*\d[^()\[\]]*[)\]]?|\b(?:co|company|regn?|roc|registration)\b[\s.:]*(?:regn?|no)?[\s.:]*[\w/-]*\d[\w/-]*|)"
-        R"((?<!\S)\d{4,}[\w/-]*)\s*$)");
-    static const Text::Pattern code(R"(\s*\d{5,}\s?-\s?[A-Z0-9]\s*\([A-Z]{2,5}\)\s*$)");
+    static const Text::Pattern bracketed(R"(\s*[(\[][^()\[\]]*\d[^()\[\]]*[)\]]?\s*$)");
+    static const Text::Pattern numbered(
+        R"(\s*\b(?:co|company|regn?|roc|brn|registration)\b[\s.:-]*(?:regn?|no)?[\s.:]*[\w/-]*\d[\w/-]*\s*$)");
+    // Five digits and more: "Cafe 1947" and "Triple Six 666" are names.
+    static const Text::Pattern bare(R"(\s+\d{5,}(?:\s?-\s?\w)?(?:\s*\([\p{L}]{1,5}\))?\s*$)");
     std::string text(line);
-    text = code.replaceAll(text, "");
-    for (int i = 0; i < 2; ++i) text = tail.replaceAll(text, "");
+    for (const Text::Pattern* pattern : {&bracketed, &bare, &numbered}) text = pattern->replaceAll(text, "");
     return text;
 }
 
 std::string cleaned(std::string_view line) {
-    static const Text::Pattern columns(R"(\s{3,}.*$)");
+    // What stands in the next column: three blanks, or two behind a legal form.
+    static const Text::Pattern column(R"(\s{3,}.*$)");
+    static const Text::Pattern behindForm(R"(((?i:ltd|limited|llp|bhd)\.?)\s{2,}.*$)");
+    static const Text::Pattern named(
+        R"(^\W*(?i:sold by|seller|merchant|vendor|supplier|restaurant|store|shop|company|billed by|paid to)(?i: name)?\s*[:]\s*(?=\p{L}))");
     static const Text::Pattern blanks(R"(\s+)");
-    const std::string name(Text::trim(Text::trim(line), separators));
-    const std::string first = columns.replaceAll(name, "");
+    const std::string name = named.replaceAll(Text::trim(Text::trim(line), separators), "");
+    const std::string first = column.replaceAll(behindForm.replaceAll(name, "$1"), "");
     const std::string cut = withoutRegistration(reads(first) ? first : name);
     return blanks.replaceAll(Text::trim(Text::trim(cut), separators), " ");
 }
@@ -81,22 +95,62 @@ bool namesPlace(std::string_view lower) {
     return pattern.matches(lower);
 }
 
+enum class Case { capitals, title, small, mixed };
+
+/// How a word of letters is written; nothing for one that holds anything else inside.
+std::optional<Case> letterCase(std::string_view word) {
+    static const Text::Pattern inner(R"([^\p{L}\p{M}.&'’-])");
+    if (inner.matches(word)) return std::nullopt;
+    if (word == Text::upper(word)) return Case::capitals;
+    if (word == Text::lower(word)) return Case::small;
+    return word == Text::capitalised(word) ? Case::title : Case::mixed;
+}
+
+/// What a logo or a stain is misread as ("Aeze9g", "ee ee eee", "ae VEO,") is seldom made of whole words in one case.
+bool looksMisread(std::string_view line) {
+    std::size_t whole = 0, all = 0, words = 0;
+    bool longWord = false, small = false, capital = false;
+    for (const std::string& word : Text::split(Text::replaceAll(std::string(line), "  ", " "), ' ')) {
+        const std::string_view bare = Text::trim(word, " .,:;()[]*#\"'-/\\|");
+        const std::size_t letters = Text::length(Text::lettersAndDigits(bare));
+        all += Text::length(word);
+        if (letters == 0) continue;
+        ++words;
+        const auto written = letterCase(bare);
+        if (!written || *written == Case::mixed) continue;
+        if (*written == Case::small && letters < 4) continue;
+        small = small || *written == Case::small;
+        whole += Text::length(word);
+        longWord = longWord || letters >= 4;
+        capital = capital || *written == Case::capitals;
+    }
+    const bool initials = words == 1 && capital;  // "KFC"
+    return whole * 2 < all || (!longWord && !initials) || (small && capital);
+}
+
 }  // namespace
 
-std::string vendor(const std::vector<std::string>& lines) {
+std::string vendor(const std::vector<std::string>& lines, Source source) {
     static const Text::Pattern customer(
         R"(\b(?:bill(?:ed)? to|ship(?:ped)? to|sold to|deliver to|buyer|customer|m/s)\b)");
     constexpr std::size_t headLines = 8;
     std::string first;
+    std::string doubtful;  // the first line of a picture that may be a misread logo; better than nothing
     std::size_t nth = 0;
     for (std::size_t i = 0, count = lookedAt(lines); i < count; ++i) {
         const std::string_view line = lookedAt(lines[i]);
         const std::string lower = Text::lower(line);
         if (!first.empty() && (++nth > headLines || customer.matches(lower))) break;
         if (isNoise(lower)) continue;
-        const std::string name = cleaned(line);
+        std::string name = cleaned(line);
+        // No name holds a yen sign; it is how the engine sees some a "Y".
+        if (source == Source::recognised) name = Text::replaceAll(name, "¥", "Y");
         if (first.empty()) {
             if (!reads(name)) continue;
+            if (source == Source::recognised && looksMisread(line) && !legalForm().matches(name)) {
+                if (doubtful.empty()) doubtful = name;
+                continue;
+            }
             first = name;
             const std::string next = i + 1 < count ? cleaned(lookedAt(lines[i + 1])) : "";
             if (isMereLegalForm(next)) return first + " " + next;
@@ -106,7 +160,7 @@ std::string vendor(const std::vector<std::string>& lines) {
             return name;
         }
     }
-    return first;
+    return first.empty() ? doubtful : first;
 }
 
 }  // namespace tamba::ReceiptParser
