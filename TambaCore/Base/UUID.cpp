@@ -44,15 +44,18 @@ std::optional<UUID> UUID::parse(std::string_view text) {
 }
 
 std::string UUID::text() const {
+    std::string text(36, '-');
+    write(text.data());
+    return text;
+}
+
+void UUID::write(char* out) const {
     constexpr char digits[] = "0123456789ABCDEF";
-    std::string out;
-    out.reserve(36);
     for (std::size_t byte = 0; byte < 16; ++byte) {
-        if (hyphenBefore(byte)) out += '-';
-        out += digits[bytes[byte] >> 4];
-        out += digits[bytes[byte] & 15];
+        if (hyphenBefore(byte)) *out++ = '-';
+        *out++ = digits[bytes[byte] >> 4];
+        *out++ = digits[bytes[byte] & 15];
     }
-    return out;
 }
 
 }  // namespace tamba

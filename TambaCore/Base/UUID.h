@@ -21,6 +21,8 @@ struct UUID {
     [[nodiscard]] static std::optional<UUID> parse(std::string_view text);
     /// The 36-character form in upper case, as written in the books.
     [[nodiscard]] std::string text() const;
+    /// Writes that form, 36 characters, to `out`.
+    void write(char* out) const;
 
     auto operator<=>(const UUID&) const = default;
 };

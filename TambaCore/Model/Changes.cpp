@@ -77,7 +77,7 @@ std::string fieldText(const M& member) {
     }
     ModelsJSON::Writer writer(ModelsJSON::Layout::line);
     writer.value(member);
-    return std::move(writer.out);
+    return writer.take();
 }
 
 /// Gathers the merged books and what could not be decided.

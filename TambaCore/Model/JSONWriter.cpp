@@ -1,46 +1,75 @@
 #include "TambaCore/Model/JSONWriter.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
 namespace tamba::ModelsJSON {
 
-void appendQuoted(std::string& out, std::string_view text) {
+namespace {
+
+/// How many characters from the beginning need no escape, looked at eight at a time.
+std::size_t cleanPrefix(std::string_view text) {
+    constexpr std::uint64_t ones = 0x0101010101010101, highs = 0x8080808080808080;
+    const auto below = [](std::uint64_t word, std::uint64_t limit) { return (word - ones * limit) & ~word & highs; };
+    std::size_t i = 0;
+    for (; i + 8 <= text.size(); i += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + i, 8);
+        if (below(word, 0x20) | below(word ^ (ones * '"'), 1) | below(word ^ (ones * '\\'), 1)) break;
+    }
+    return i;
+}
+
+}  // namespace
+
+void Writer::grow(std::size_t bytes) {
+    constexpr std::size_t step = 64 * 1024;
+    const std::size_t used = size();
+    out_.resize(used + std::max(bytes, step));
+    at_ = out_.data() + used;
+    end_ = out_.data() + out_.size();
+}
+
+void Writer::quoted(std::string_view text) {
     constexpr char hex[] = "0123456789abcdef";
-    out += '"';
+    put("\"");
     std::size_t clean = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    for (std::size_t i = cleanPrefix(text); i < text.size(); ++i) {
         const auto c = static_cast<unsigned char>(text[i]);
         if (c >= 0x20 && c != '"' && c != '\\') continue;
-        out.append(text, clean, i - clean);
+        put(text.substr(clean, i - clean));
         clean = i + 1;
         switch (c) {
             case '"':
-                out += "\\\"";
+                put("\\\"");
                 break;
             case '\\':
-                out += "\\\\";
+                put("\\\\");
                 break;
             case '\n':
-                out += "\\n";
+                put("\\n");
                 break;
             case '\r':
-                out += "\\r";
+                put("\\r");
                 break;
             case '\t':
-                out += "\\t";
+                put("\\t");
                 break;
-            default:
-                out += "\\u00";
-                out += hex[c >> 4];
-                out += hex[c & 15];
+            default: {
+                const char code[] = {'\\', 'u', '0', '0', hex[c >> 4], hex[c & 15]};
+                put({code, sizeof code});
+            }
         }
     }
-    out.append(text, clean);
-    out += '"';
+    put(text.substr(clean));
+    put("\"");
 }
 
 std::string quoted(std::string_view text) {
-    std::string out;
-    appendQuoted(out, text);
-    return out;
+    Writer writer(Layout::line);
+    writer.value(std::string(text));
+    return writer.take();
 }
 
 /// JSON without blanks that was checked when it was read, laid out anew at the present depth. No recursion: it may be
@@ -49,61 +78,35 @@ void Writer::raw(std::string_view json) {
     const std::size_t base = depth_;
     for (std::size_t i = 0; i < json.size(); ++i) {
         const char c = json[i];
-        switch (c) {
-            case ' ':
-            case '\t':
-            case '\n':
-            case '\r':
-                break;
-            case '"': {
-                const std::size_t begin = i++;
-                while (json[i] != '"') i += json[i] == '\\' ? 2 : 1;
-                out.append(json, begin, i + 1 - begin);
-                break;
-            }
-            case '{':
-            case '[':
-                out += c;
-                if (json[i + 1] == '}' || json[i + 1] == ']') {
-                    out += json[++i];
-                } else {
-                    ++depth_;
-                    newLine();
-                }
-                break;
-            case '}':
-            case ']':
-                --depth_;
-                newLine();
-                out += c;
-                break;
-            case ',':
-                out += c;
-                newLine();
-                break;
-            case ':':
-                out += pretty_ ? ": " : ":";
-                break;
-            default:
-                out += c;
+        if (c == '}' || c == ']') {
+            --depth_;
+            newLine();
         }
+        const std::size_t begin = i;
+        if (c == '"')
+            while (json[++i] != '"') i += json[i] == '\\' ? 1 : 0;
+        const bool opens = c == '{' || c == '[';
+        const bool empty = opens && (json[i + 1] == '}' || json[i + 1] == ']');
+        if (empty) ++i;
+        put(json.substr(begin, i + 1 - begin));
+        if (opens && !empty) ++depth_;
+        if ((opens && !empty) || c == ',') newLine();
+        if (c == ':' && pretty_) put(" ");
     }
     depth_ = base;
 }
 
 std::string encode(const Library& library, std::size_t sizeHint) {
-    Writer writer(Layout::pretty);
-    writer.out.reserve(sizeHint + sizeHint / 20 + 4096);
+    Writer writer(Layout::pretty, sizeHint + sizeHint / 20 + 128 * 1024);
     writer.value(library);
-    writer.out += '\n';
-    return std::move(writer.out);
+    return writer.take() + "\n";
 }
 
 template <class Record>
 std::string json(const Record& record, Layout layout) {
     Writer writer(layout);
     writer.value(record);
-    return std::move(writer.out);
+    return writer.take();
 }
 
 template std::string json(const Library&, Layout);

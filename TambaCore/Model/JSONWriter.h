@@ -5,6 +5,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <map>
 #include <optional>
 #include <string>
@@ -13,29 +14,40 @@
 
 namespace tamba::ModelsJSON {
 
-void appendQuoted(std::string& out, std::string_view text);
-
-/// Streams values straight to bytes by walking the field tables; no tree in between.
+/// Streams values straight to bytes by walking the field tables; no tree in between. The text grows in steps of zeroed
+/// bytes that are then written through a pointer: a large book has millions of small pieces.
 class Writer {
 public:
-    explicit Writer(Layout layout) : pretty_(layout == Layout::pretty) {}
+    explicit Writer(Layout layout, std::size_t sizeHint = 0) : pretty_(layout == Layout::pretty) {
+        out_.reserve(sizeHint);
+    }
 
-    std::string out;
+    /// The finished text. The writer is spent.
+    [[nodiscard]] std::string take() {
+        out_.resize(size());
+        return std::move(out_);
+    }
 
-    void value(bool v) { out += v ? "true" : "false"; }
+    void value(bool v) { put(v ? "true" : "false"); }
     void value(std::int64_t v) {
-        char digits[24];
-        out.append(digits, std::to_chars(digits, digits + sizeof digits, v).ptr);
+        room(24);
+        at_ = std::to_chars(at_, at_ + 24, v).ptr;
     }
     void value(int v) { value(std::int64_t{v}); }
-    void value(const std::string& v) { appendQuoted(out, v); }
-    void value(const UUID& v) { (out += '"').append(v.text()) += '"'; }
-    void value(const Day& v) { (out += '"').append(v.iso()) += '"'; }
-    void value(const Instant& v) { (out += '"').append(instantText(v)) += '"'; }
+    void value(const std::string& v) { quoted(v); }
+    void value(const UUID& v) {
+        room(38);
+        *at_++ = '"';
+        v.write(at_);
+        at_ += 36;
+        *at_++ = '"';
+    }
+    void value(const Day& v) { plain(v.iso()); }
+    void value(const Instant& v) { plain(instantText(v)); }
     template <class E>
         requires std::is_enum_v<E>
     void value(E v) {
-        (out += '"').append(word(v)) += '"';
+        plain(word(v));
     }
     template <class T>
     void value(const std::optional<T>& v) {
@@ -52,7 +64,7 @@ public:
     void value(const std::map<std::string, std::int64_t>& counters) {
         open('{');
         for (const auto& [key, count] : counters) {
-            begin(key);
+            member(key);
             value(count);
         }
         close('}');
@@ -86,7 +98,7 @@ private:
     template <class It>
     void unknownBefore(It& unknown, It end, std::string_view key) {
         for (; unknown != end && unknown->first < key; ++unknown) {
-            begin(unknown->first);
+            member(unknown->first);
             raw(unknown->second);
         }
     }
@@ -101,8 +113,16 @@ private:
     }
 
     void raw(std::string_view json);
+    void quoted(std::string_view text);
+    /// A text in quotes that needs no escapes.
+    void plain(std::string_view text) {
+        room(text.size() + 2);
+        *at_++ = '"';
+        put(text);
+        *at_++ = '"';
+    }
     void open(char bracket) {
-        out += bracket;
+        put({&bracket, 1});
         ++depth_;
         first_ = true;
     }
@@ -110,24 +130,47 @@ private:
         --depth_;
         if (!first_) newLine();
         first_ = false;
-        out += bracket;
+        put({&bracket, 1});
     }
     void next() {
-        if (!first_) out += ',';
+        if (!first_) put(",");
         first_ = false;
         newLine();
     }
+    /// A key of any text.
+    void member(std::string_view key) {
+        next();
+        quoted(key);
+        put(pretty_ ? ": " : ":");
+    }
+    /// A key of the tables.
     void begin(std::string_view key) {
         next();
-        appendQuoted(out, key);
-        out += pretty_ ? ": " : ":";
+        plain(key);
+        put(pretty_ ? ": " : ":");
     }
     void newLine() {
         if (!pretty_) return;
-        out += '\n';
-        out.append(2 * depth_, ' ');
+        room(1 + 2 * depth_);
+        *at_++ = '\n';
+        std::memset(at_, ' ', 2 * depth_);
+        at_ += 2 * depth_;
     }
 
+    [[nodiscard]] std::size_t size() const { return out_.size() - static_cast<std::size_t>(end_ - at_); }
+    void put(std::string_view text) {
+        room(text.size());
+        std::memcpy(at_, text.data(), text.size());
+        at_ += text.size();
+    }
+    void room(std::size_t bytes) {
+        if (static_cast<std::size_t>(end_ - at_) < bytes) grow(bytes);
+    }
+    void grow(std::size_t bytes);
+
+    std::string out_;
+    char* at_ = nullptr;   // where the next byte goes, in out_
+    char* end_ = nullptr;  // the end of out_
     bool pretty_;
     bool first_ = true;
     std::size_t depth_ = 0;
