@@ -96,12 +96,13 @@ ReceiptReader::Lines ReceiptReader::lines(const std::filesystem::path& file, con
 
 std::vector<std::string> ReceiptReader::ocr(const Raster& grey, Pass pass, const std::atomic<bool>* cancel) {
     if (!recogniser_) recogniser_ = std::make_unique<Recogniser>();
-    const auto layout = pass == Pass::sparse ? Recogniser::Layout::sparse : Recogniser::Layout::block;
-    const double letters = pass == Pass::scaled ? PictureFile::letterHeight(grey) : 0;
-    if (letters == 0) return joinRows(recogniser_->observations(grey, layout, cancel));
+    using Layout = Recogniser::Layout;
+    if (pass != Pass::faded)
+        return joinRows(recogniser_->observations(grey, pass == Pass::block ? Layout::block : Layout::sparse, cancel));
+    const double letters = std::max(PictureFile::letterHeight(grey), 1.0);
     const double factor =
         std::min({readableLetters / letters, 3.0, double(maximumSide) / std::max(grey.width, grey.height)});
-    return joinRows(recogniser_->observations(PictureFile::scaled(grey, factor), layout, cancel));
+    return joinRows(recogniser_->observations(PictureFile::scaled(grey, factor), Layout::uneven, cancel));
 }
 
 Raster ReceiptReader::picture(const std::filesystem::path& file, int page, int maximumWidth) {

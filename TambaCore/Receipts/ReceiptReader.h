@@ -52,8 +52,8 @@ public:
     ReceiptReader& operator=(const ReceiptReader&) = delete;
 
     /// How a picture is recognised. `block` is best by far for a first look; the others are slower looks for what it
-    /// did not give: scattered text, and the picture scaled to the letter size the model likes best.
-    enum class Pass { block, sparse, scaled };
+    /// did not give: scattered text; faded or unevenly lit text, scaled to the letter size that is read best.
+    enum class Pass { block, sparse, faded };
     struct Lines {
         std::vector<std::string> lines;
         bool recognised = false;  ///< some came from a picture, not from a text layer

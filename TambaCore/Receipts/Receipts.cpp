@@ -53,22 +53,23 @@ struct Scan {
     Day today;
     const std::atomic<bool>* cancel;
 
+    /// Looks at a picture again, slower, for a date or a total that the looks before did not give.
     [[nodiscard]] ReceiptGuess file(const std::filesystem::path& path) const {
-        const auto read = [&](Reader::Pass pass) {
-            const Reader::Lines lines = reader.lines(path, cancel, pass);
-            const auto source = lines.recognised ? ReceiptParser::Source::recognised : ReceiptParser::Source::text;
-            return std::pair(ReceiptParser::parse(lines.lines, order, today, source), lines.recognised);
-        };
-        auto [guess, recognised] = read(Reader::Pass::block);
-        for (const Reader::Pass pass : {Reader::Pass::sparse, Reader::Pass::scaled}) {
-            if (!recognised || (guess.date && hasKeywordTotal(guess))) break;
-            try {
-                fill(guess, read(pass).first);
-            } catch (const Reader::ReadError&) {
-                // The first look stands.
+        std::optional<ReceiptGuess> guess;
+        for (const Reader::Pass pass : {Reader::Pass::block, Reader::Pass::sparse, Reader::Pass::faded}) try {
+                const Reader::Lines read = reader.lines(path, cancel, pass);
+                const auto source = read.recognised ? ReceiptParser::Source::recognised : ReceiptParser::Source::text;
+                ReceiptGuess look = ReceiptParser::parse(read.lines, order, today, source);
+                if (guess)
+                    fill(*guess, look);
+                else
+                    guess = std::move(look);
+                if (!read.recognised || (guess->date && hasKeywordTotal(*guess))) break;
+            } catch (const Reader::ReadError& error) {
+                if (error.code() == Reader::ReadError::Code::unreadable) throw;
             }
-        }
-        return guess;
+        if (!guess) throw Reader::ReadError(Reader::ReadError::Code::empty);
+        return *guess;
     }
 
     [[nodiscard]] std::optional<ReceiptGuess> readableFile(const std::filesystem::path& path) const {

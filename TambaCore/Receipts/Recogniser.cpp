@@ -18,12 +18,25 @@ namespace {
 
 /// A picture of noise can keep the engine busy for many minutes; a receipt takes a second.
 constexpr int deadlineMilliseconds = 20'000;
+/// Below this confidence (of 100) the first words of a page are a logo, handwriting or the edge of the table.
+constexpr double readable = 50;
 /// A gap between two words wider than this many heights parts two columns.
 constexpr double columnGap = 1.6;
 
 struct Word {
     TextBox box;
     std::string text;
+};
+
+/// Mean over the letters of some words.
+struct Confidence {
+    double sum = 0;
+    std::size_t letters = 0;
+    void add(double confidence, std::size_t count) {
+        sum += confidence * double(count);
+        letters += count;
+    }
+    [[nodiscard]] double mean() const { return sum / double(letters); }
 };
 
 TextBox boxAt(const tesseract::PageIterator& at, tesseract::PageIteratorLevel level) {
@@ -53,6 +66,7 @@ TextBox united(const TextBox& a, const TextBox& b) {
 }
 
 bool hasContent(std::string_view word) {
+    if (word == "&") return true;
     const auto characters = Text::characters(word);
     return std::any_of(characters.begin(), characters.end(), Text::isLetterOrDigit);
 }
@@ -79,7 +93,8 @@ Recogniser::Observations Recogniser::observations(const Raster& grey, Layout lay
     // Four threads, which the engine asks for, take three times as long as one.
     omp_set_max_active_levels(0);
     tesseract::TessBaseAPI& api = engine_->api;
-    api.SetPageSegMode(layout == Layout::block ? tesseract::PSM_SINGLE_BLOCK : tesseract::PSM_SPARSE_TEXT);
+    api.SetPageSegMode(layout == Layout::sparse ? tesseract::PSM_SPARSE_TEXT : tesseract::PSM_SINGLE_BLOCK);
+    api.SetVariable("thresholding_method", layout == Layout::uneven ? "1" : "0");  // adaptive Otsu, Otsu
     api.SetImage(grey.pixels.data(), grey.width, grey.height, 1, grey.width);
     api.SetSourceResolution(300);
 
@@ -93,6 +108,7 @@ Recogniser::Observations Recogniser::observations(const Raster& grey, Layout lay
     const std::unique_ptr<tesseract::ResultIterator> at(api.GetIterator());
     bool lineBegins = true;
     double lastHeight = 0;
+    std::vector<Confidence> confidences;
     while (at) {
         lineBegins = lineBegins || at->IsAtBeginningOf(tesseract::RIL_TEXTLINE);
         Word word{boxAt(*at, tesseract::RIL_WORD), textAt(*at, tesseract::RIL_WORD)};
@@ -106,7 +122,9 @@ Recogniser::Observations Recogniser::observations(const Raster& grey, Layout lay
                 result.back().second += ' ' + word.text;
             } else {
                 result.emplace_back(word.box, word.text);
+                confidences.emplace_back();
             }
+            confidences.back().add(at->Confidence(tesseract::RIL_WORD), word.text.size());
             lineBegins = false;
             lastHeight = word.box.height;
         }
@@ -114,6 +132,10 @@ Recogniser::Observations Recogniser::observations(const Raster& grey, Layout lay
     }
     api.Clear();
     if (cancel && *cancel) throw ReceiptReader::Cancelled{};
+    const auto firstReadable = std::find_if(confidences.begin(), confidences.end(),
+                                            [](const Confidence& confidence) { return confidence.mean() >= readable; });
+    if (firstReadable != confidences.end())
+        result.erase(result.begin(), result.begin() + (firstReadable - confidences.begin()));
     for (auto& [box, text] : result) text = repairedDigits(text);
     return result;
 }
@@ -123,11 +145,13 @@ std::string Recogniser::repairedDigits(std::string_view text) {
     static const Text::Pattern strayMarks(R"([‘’“”„«»‹›|])");
     static const Text::Pattern letterO(R"((?<=\d[.,]?)[Oo](?=[.,]?\d))");
     static const Text::Pattern splitDecimals(R"((?<=\d)(?:\. | \.)(?=\d{2}(?![\d.,])))");
+    static const Text::Pattern splitThousands(R"((?<=\d), (?=(?:\d{2},)?\d{3}\.\d{2}(?!\d)))");
     static const Text::Pattern decimalComma(R"((?<![\d.,])(\d+),(?=\d{2}(?![\d.,])))");
     std::string result = apostrophe.replaceAll(text, "'");
     result = strayMarks.replaceAll(result, "");
     result = letterO.replaceAll(result, "0");
     result = splitDecimals.replaceAll(result, ".");
+    result = splitThousands.replaceAll(result, ",");
     return decimalComma.replaceAll(result, "$1.");
 }
 

@@ -19,7 +19,8 @@ public:
     /// Boxes of text that was printed together: a line, cut where a wide gap shows a column. Misread digits and rupee
     /// signs are mended. Throws `ReceiptReader::Cancelled`.
     using Observations = std::vector<std::pair<TextBox, std::string>>;
-    enum class Layout { block, sparse };
+    /// `uneven`: a block whose paper is darker in one place than in another, faded or framed in black.
+    enum class Layout { block, sparse, uneven };
     [[nodiscard]] Observations observations(const Raster& grey, Layout layout, const std::atomic<bool>* cancel);
 
     /// Misread figures of a recognised line put right: "39. 80" is 39.80, "2,10" is 2.10, "1O5" is 105. Only for text
