@@ -33,11 +33,6 @@ std::int64_t daysBefore(std::int64_t year) {
 
 constexpr std::int64_t epochDays = 719'162;  // daysBefore(1970)
 
-int narrow(std::int64_t year) {
-    return static_cast<int>(
-        std::clamp<std::int64_t>(year, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
-
 std::string twoDigits(std::int64_t value) {
     const std::string text = std::to_string(value);
     return text.size() < 2 ? "0" + text : text;
@@ -83,13 +78,15 @@ int Day::daysIn(int year, int month) {
 }
 
 Day Day::fromNumber(std::int64_t number) {
-    const std::int64_t days = Checked::add(number, epochDays);
+    constexpr std::int64_t farthest = std::int64_t{std::numeric_limits<int>::max()} * 365 - epochDays;
+    if (number > farthest || number < -farthest) fatal("day out of range");
+    const std::int64_t days = number + epochDays;
     // 400 years have 146,097 days, so this is the year or one beside it.
     std::int64_t year = floorDiv(days, 146'097) * 400 + (days - floorDiv(days, 146'097) * 146'097) * 400 / 146'097 + 1;
     while (daysBefore(year) > days) --year;
     while (daysBefore(year + 1) <= days) ++year;
     std::int64_t rest = days - daysBefore(year);
-    Day day{narrow(year), 1, 1};
+    Day day{static_cast<int>(year), 1, 1};
     while (rest >= daysIn(day.y, day.m)) rest -= daysIn(day.y, day.m++);
     day.d = static_cast<int>(rest) + 1;
     return day;

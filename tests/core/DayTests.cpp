@@ -73,6 +73,11 @@ TEST(Day, countsAsTheCalendarDoes) {
     EXPECT_LT(day(2025, 12, 31), day(2026, 1, 1));
 }
 
+TEST(DayDeathTest, stopsWhereNoYearIs) {
+    EXPECT_EQ(day(2'000'000'000, 12, 31).addingDays(1), day(2'000'000'001, 1, 1));
+    EXPECT_DEATH((void)day(2026, 1, 1).addingDays(INT64_MAX - 30'000), "day out of range");
+}
+
 RC_GTEST_PROP(Day, countsDaysAsTheStandardLibraryDoes, ()) {
     const auto number = *rc::gen::inRange<std::int64_t>(-12'000'000, 11'000'000);
     const std::chrono::year_month_day expected{std::chrono::sys_days(std::chrono::days(number))};
