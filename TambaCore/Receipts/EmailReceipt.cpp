@@ -53,7 +53,8 @@ public:
     void entity(const Headers& headers, std::string_view body, int depth, std::string_view defaultType = "text/plain") {
         if (depth > deepest || ++parts_ > mostParts) return;
         MIME::Field type = MIME::field(value(headers, "content-type"));
-        if (type.value.find('/') == std::string::npos) type.value = defaultType;
+        const bool typed = type.value.find('/') != std::string::npos;
+        if (!typed) type.value = defaultType;
         if (type.value.starts_with("multipart/")) {
             const auto parts = MIME::parts(body, type["boundary"], mostParts);
             if (!parts.empty()) return multipart(type.value, parts, depth);
@@ -64,7 +65,7 @@ public:
         if (name.empty() && type.value == "application/pdf") name = "attachment.pdf";
         const std::string_view encoding = value(headers, "content-transfer-encoding");
         const bool isText = type.value == "text/plain" || type.value == "text/html";
-        const bool isBody = isText && (name.empty() || disposition.value != "attachment");
+        const bool isBody = isText && (name.empty() || (typed && disposition.value != "attachment"));
 
         if (type.value == "message/rfc822") {
             const std::string inner = transferDecoded(body, encoding);

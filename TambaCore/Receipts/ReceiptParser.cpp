@@ -90,12 +90,12 @@ bool sumsClose(const std::vector<std::string>& lines, const Amounts& read) {
 
 }  // namespace
 
-ReceiptGuess parse(const std::vector<std::string>& lines, DateOrder order, Day today, Source source) {
+ReceiptGuess parse(const std::vector<std::string>& received, DateOrder order, Day today, Source source) {
+    std::vector<std::string> lines(received.begin(),
+                                   received.begin() + static_cast<std::ptrdiff_t>(lookedAt(received)));
+    for (std::string& line : lines) line = Text::repairedUTF8(lookedAt(line));
     ReceiptGuess guess;
-    for (std::size_t i = 0, count = lookedAt(lines); i < count; ++i) {
-        if (i > 0) guess.text += '\n';
-        guess.text += lookedAt(lines[i]);
-    }
+    guess.text = Text::join(lines, "\n");
     guess.vendor = vendor(lines, source);
     const ReadDate read = readDate(lines, order, today);
     guess.date = read.day;

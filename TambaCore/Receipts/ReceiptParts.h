@@ -16,8 +16,8 @@
 namespace tamba::ReceiptParser {
 
 inline constexpr std::size_t longestLine = 4'000;
-inline constexpr std::size_t mostLines = 5'000;
-inline constexpr std::size_t longestText = 400'000;
+inline constexpr std::size_t mostLines = 3'000;
+inline constexpr std::size_t longestText = 200'000;
 
 [[nodiscard]] inline std::string_view lookedAt(std::string_view line) {
     return line.size() <= longestLine ? line : Text::prefixBytes(line, longestLine);

@@ -49,11 +49,11 @@ bool reads(std::string_view text, std::size_t least = 3) {
 std::string withoutRegistration(std::string_view line) {
     static const Text::Pattern bracketed(R"(\s*[(\[][^()\[\]]*\d[^()\[\]]*[)\]]?\s*$)");
     static const Text::Pattern numbered(
-        R"(\s*\b(?:co|company|regn?|roc|brn|registration)\b[\s.:-]*(?:regn?|no)?[\s.:]*[\w/-]*\d[\w/-]*\s*$)");
+        R"((?i)(?:\s*\b(?:co|company|regn?|roc|brn|registration|no)\b[\s.:-]*)+(?=[\w/-]*\d)[\w/-]{4,}\s*$)");
     // Five digits and more: "Cafe 1947" and "Triple Six 666" are names.
     static const Text::Pattern bare(R"(\s+\d{5,}(?:\s?-\s?\w)?(?:\s*\([\p{L}]{1,5}\))?\s*$)");
     std::string text(line);
-    for (const Text::Pattern* pattern : {&bracketed, &bare, &numbered}) text = pattern->replaceAll(text, "");
+    for (const Text::Pattern* pattern : {&bracketed, &numbered, &bare}) text = pattern->replaceAll(text, "");
     return text;
 }
 
