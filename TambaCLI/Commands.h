@@ -37,11 +37,16 @@ struct Context {
 Library save(LibrarySession& session, const Library& library);
 /// The currency code somebody typed, in capitals; refuses what is none.
 [[nodiscard]] std::string currencyCode(std::string_view typed);
+/// An expense's identity as lists show it: its first eight digits.
+[[nodiscard]] std::string shortID(const UUID& id);
+[[nodiscard]] std::string expenseDetails(const Library& library, const Expense& expense);
+
 struct NewOptions {
     std::string name, state, gstin, currency, country, regime, dateOrder;
     int fyStartMonth = 4;
 };
 int makeBooks(const Context& context, const NewOptions& options);
+int makeSample(const Context& context, const std::filesystem::path& folder);
 int checkBooks(const Context& context);
 
 struct ReceiptOptions {
@@ -51,7 +56,24 @@ struct ReceiptOptions {
 int scanReceipts(const Context& context, const ReceiptOptions& options);
 /// "-" is standard input.
 int parseReceipt(const Context& context, const ReceiptOptions& options);
-int showMail(const Context& context, const std::filesystem::path& file);
+int showMail(const Context& context, const std::string& file);
+
+struct ExpenseFilter {
+    std::optional<Day> from, to;
+    std::string month, category, vendor;
+    bool check = false;  ///< only those that want a look
+};
+int listExpenses(const Context& context, const ExpenseFilter& filter);
+
+/// As typed; empty where not given.
+struct ExpenseEntry {
+    std::string vendor, amount, category, tax, currency, rate, mileage, project, client, notes;
+    std::optional<PaymentMethod> method;
+    std::optional<Day> date;
+    bool billable = false;
+};
+int addExpense(const Context& context, const ExpenseEntry& entry);
+int showExpense(const Context& context, const std::string& idPrefix);
 
 int listBackups(const Context& context);
 int restoreBackup(const Context& context, const std::string& name);

@@ -1,6 +1,7 @@
 #include "TambaCLI/Commands.h"
 #include "TambaCLI/Output.h"
 #include "TambaCore/Base/Text.h"
+#include "TambaCore/Fixtures.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/LibraryCheck.h"
 
@@ -84,6 +85,17 @@ int makeBooks(const Context& context, const NewOptions& options) {
         std::cout << JSON::object().add("folder", context.folder.string()).text() << "\n";
     else
         std::cout << "Made new books in " << context.folder.string() << ".\n";
+    return 0;
+}
+
+int makeSample(const Context& context, const std::filesystem::path& folder) {
+    const LibrarySession session(folder, LibrarySession::Access::write);
+    if (session.loaded()) throw Refusal("There are books in " + folder.string() + " already.");
+    Fixtures::write(session.store(), context.today);
+    if (context.json)
+        std::cout << JSON::object().add("folder", folder.string()).text() << "\n";
+    else
+        std::cout << "Made sample books in " << folder.string() << ".\n";
     return 0;
 }
 

@@ -3,13 +3,30 @@
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/ModelsJSON.h"
 
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
+
 #include <algorithm>
 
 namespace tamba::cli {
 namespace {
 
+/// Columns a text takes in a terminal: none for marks above and below, two for the wide letters of East Asia.
+std::size_t displayWidth(std::string_view text) {
+    std::size_t width = 0;
+    const auto length = static_cast<std::int32_t>(text.size());
+    for (std::int32_t i = 0; i < length;) {
+        UChar32 c = 0;
+        U8_NEXT_OR_FFFD(text.data(), i, length, c);
+        if ((U_GET_GC_MASK(c) & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0) continue;
+        const int eastAsian = u_getIntPropertyValue(c, UCHAR_EAST_ASIAN_WIDTH);
+        width += eastAsian == U_EA_WIDE || eastAsian == U_EA_FULLWIDTH ? 2 : 1;
+    }
+    return width;
+}
+
 std::string padding(std::size_t width, std::string_view text) {
-    const std::size_t length = Text::length(text);
+    const std::size_t length = displayWidth(text);
     return std::string(width > length ? width - length : 0, ' ');
 }
 
@@ -39,7 +56,7 @@ std::string Table::text() const {
     }
     std::vector<std::size_t> widths(columns_.size());
     for (const auto& row : all)
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Text::length(row[i]));
+        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], displayWidth(row[i]));
     std::string text;
     for (const auto& row : all) {
         std::string line;
@@ -57,7 +74,7 @@ std::string Table::text() const {
 std::string details(const std::vector<std::pair<std::string, std::string>>& lines) {
     std::size_t width = 0;
     for (const auto& [name, value] : lines)
-        if (!value.empty()) width = std::max(width, Text::length(name));
+        if (!value.empty()) width = std::max(width, displayWidth(name));
     std::string text;
     for (const auto& [name, value] : lines)
         if (!value.empty()) text += "  " + name + padding(width + 2, name) + oneLine(value) + "\n";

@@ -32,6 +32,14 @@ private:
     const std::vector<std::filesystem::path>& files_;
 };
 
+std::string contents(const std::string& file) {
+    try {
+        return Files::read(file);
+    } catch (const FileError& error) {
+        throw Refusal("“" + oneLine(file) + "” couldn’t be read: " + error.what() + ".");
+    }
+}
+
 std::string secondsSince(steady_clock::time_point start) {
     char digits[32];
     const std::chrono::duration<double> elapsed = steady_clock::now() - start;
@@ -104,7 +112,7 @@ int parseReceipt(const Context& context, const ReceiptOptions& options) {
     const std::string& file = options.files.front();
     const std::string text =
         file == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>())
-                    : Files::read(file);
+                    : contents(file);
     const ReceiptGuess guess = ReceiptParser::parse(Text::splitLines(Text::repairedUTF8(text)),
                                                     options.order.value_or(DateOrder::dmy), context.today);
     if (context.json) {
@@ -117,8 +125,8 @@ int parseReceipt(const Context& context, const ReceiptOptions& options) {
     return 0;
 }
 
-int showMail(const Context& context, const std::filesystem::path& file) {
-    const EmailReceipt::Message message = EmailReceipt::parse(Files::read(file));
+int showMail(const Context& context, const std::string& file) {
+    const EmailReceipt::Message message = EmailReceipt::parse(contents(file));
     const std::string sender = EmailReceipt::senderName(message.from);
     if (context.json) {
         JSON attachments = JSON::array();

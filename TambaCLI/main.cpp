@@ -48,6 +48,8 @@ struct Command {
     std::string path, name;
     NewOptions fresh;
     ReceiptOptions receipt;
+    ExpenseFilter filter;
+    ExpenseEntry entry;
 
     CLI::App* add(CLI::App* parent, const std::string& word, const std::string& help,
                   std::function<int(const Context&)> action) {
@@ -68,6 +70,10 @@ void addLibraryCommands(CLI::App& app, Command& c) {
     fresh->add_option("--fy-start", c.fresh.fyStartMonth, "First month of the financial year (4)")
         ->check(CLI::Range(1, 12));
     fresh->add_option("--order", c.fresh.dateOrder, "How receipts write dates")->check(oneOf<DateOrder>());
+
+    auto* sample = c.add(&app, "sample", "Write the sample books into a folder",
+                         [&](const Context& x) { return makeSample(x, c.path); });
+    sample->add_option("DIR", c.path, "The folder")->required();
 
     c.add(&app, "check", "Look for what is missing, doubled or out of range in the books", checkBooks);
 }
@@ -91,6 +97,44 @@ void addReceiptCommands(CLI::App& app, Command& c) {
     auto* mail =
         c.add(receipt, "mail", "Show what a saved e-mail holds", [&](const Context& x) { return showMail(x, c.path); });
     mail->add_option("FILE", c.path, "The saved e-mail")->required();
+}
+
+void addExpenseCommands(CLI::App& app, Command& c) {
+    auto* expense = app.add_subcommand("expense", "List, add and show expenses")->require_subcommand(1);
+    auto* list = c.add(expense, "list", "List expenses with their total",
+                       [&](const Context& x) { return listExpenses(x, c.filter); });
+    addDay(list, "--from", c.filter.from, "First day");
+    addDay(list, "--to", c.filter.to, "Last day");
+    list->add_option("--month", c.filter.month, "One month: 2026-04");
+    list->add_option("--category", c.filter.category, "One category, or “uncategorised”");
+    list->add_option("--vendor", c.filter.vendor, "Vendors whose name holds this");
+    list->add_flag("--check", c.filter.check, "Only those that want a look");
+
+    auto* add = expense->add_subcommand("add", "Add an expense");
+    auto* vendor = add->add_option("--vendor", c.entry.vendor, "Who was paid");
+    auto* amount = add->add_option("--amount", c.entry.amount, "What was paid, tax included");
+    addDay(add, "--date", c.entry.date, "The day (today)");
+    add->add_option("--category", c.entry.category, "Category (that of the vendor’s latest expense)");
+    auto* tax = add->add_option("--tax", c.entry.tax, "Tax in the amount");
+    addWord(add, "--method", c.entry.method, "How it was paid (upi)");
+    auto* currency = add->add_option("--currency", c.entry.currency, "Currency (the home currency)");
+    auto* rate = add->add_option("--rate", c.entry.rate, "Exchange rate to the home currency");
+    add->add_option("--mileage", c.entry.mileage, "Distance driven, instead of an amount")
+        ->excludes(amount, tax, currency, rate);
+    add->add_option("--project", c.entry.project, "Project");
+    add->add_option("--client", c.entry.client, "Client (that of the project)");
+    add->add_option("--notes", c.entry.notes, "Notes");
+    add->add_flag("--billable", c.entry.billable, "To be billed on to the client");
+    add->callback([&c, vendor, amount] {
+        if (c.entry.mileage.empty()) {
+            if (vendor->empty()) throw CLI::RequiredError("--vendor");
+            if (amount->empty()) throw CLI::RequiredError("--amount");
+        }
+        c.run = [&c](const Context& x) { return addExpense(x, c.entry); };
+    });
+
+    auto* show = c.add(expense, "show", "Show one expense", [&](const Context& x) { return showExpense(x, c.name); });
+    show->add_option("ID", c.name, "The beginning of its ID")->required();
 }
 
 void addBackupCommands(CLI::App& app, Command& c) {
@@ -119,11 +163,14 @@ int main(int argc, char** argv) {
     addDay(&app, "--today", c.today, "Take this day for today")->group("");
     addLibraryCommands(app, c);
     addReceiptCommands(app, c);
+    addExpenseCommands(app, c);
     addBackupCommands(app, c);
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
+        if (const auto unknown = app.remaining(true); error.get_exit_code() != 0 && !unknown.empty())
+            std::cerr << "There is no “" << unknown.front() << "”. ";
         return app.exit(error) == 0 ? 0 : 2;
     }
     try {
