@@ -96,11 +96,12 @@ const Text::Pattern& dateLabel() {
 /// What the words in front of a date say about it, or nothing when they say nothing.
 std::optional<Rank> rank(std::string_view words) {
     // "due dt", "valid till", "best before", "mfg. date": some other day than the receipt's, whatever else is said.
-    static const Text::Pattern other(R"(\b(due|deliver\w*|exp|expiry|expir\w+|valid\w*|mfg|mfd|manufactur\w*|)"
-                                     R"(best before|use by|birth|dob|d\.o\.b|joining|arrival|departure|check.?out|)"
-                                     R"(next|return\w*|warranty|packed|pkd)\b)");
+    static const Text::Pattern other(
+        R"(\b(due|deliver\w*|exp|expiry|expir\w+|valid\w*|mfg|mfd|manufactur\w*|)"
+        R"(best before|use by|birth|dob|d\.o\.b|joining|arrival|departure|check.?(?:in|out)|)"
+        R"(start|journey|travel|next|return\w*|warranty|packed|pkd)\b)");
     static const Text::Pattern own(R"(\b(invoice|inv\b|bill|receipt|rcpt|transaction|txn|trans\b|payment|paid|issue))");
-    static const Text::Pattern order(R"(\b(order|po\b|p\.o\b|booking|challan))");
+    static const Text::Pattern order(R"(\b(order|po\b|p\.o\b|challan))");
     if (other.matches(words)) return ofOther;
     if (!dateLabel().matches(words)) return std::nullopt;
     if (own.matches(words)) return ofReceipt;

@@ -55,8 +55,9 @@ std::int64_t minor(std::int64_t hundredths, const Currency& currency) {
 /// The tax, split as the receipt shows it where that is how the business keeps it, else by the states of both.
 Expense withTaxRead(const Library& library, Expense expense, const ReceiptGuess& guess, const Currency& currency) {
     const std::int64_t tax = guess.tax.value_or(0);
-    // No rate makes the tax half of what was paid: it was read wrongly, and `doubts` says so.
-    if (tax <= 0 || tax > guess.total.value_or(0) / 2) return Expenses::withTax(library, std::move(expense), 0);
+    // A misread tax is left out; `doubts` say so.
+    if (!ReceiptParser::isLikelyTax(tax, guess.total.value_or(0)))
+        return Expenses::withTax(library, std::move(expense), 0);
     expense = Expenses::withTax(library, std::move(expense), minor(tax, currency));
     const TaxSplit& read = guess.taxSplit;
     const TaxSplit split{minor(read.cgst, currency), minor(read.sgst, currency), minor(read.igst, currency), 0};

@@ -57,9 +57,9 @@ bool sumsClose(const std::vector<std::string>& lines, const Amounts& read) {
     static const Text::Pattern rounding(R"(\bround(?:ing|ed)?[ -]?(?:off|adj\w*)?\b)");
     if (!read.total) return true;
     const std::int64_t tax = read.tax.value_or(0);
-    if (tax > *read.total / 2) return false;
-    // Both halves of GST are charged at the same rate (CGST Act 2017, section 9).
-    if (read.split.sgst != 0 && read.split.cgst != 0 && std::abs(read.split.cgst - read.split.sgst) > 2) return false;
+    if (!isLikelyTax(tax, *read.total)) return false;
+    // Both halves of GST are charged together, at the same rate (CGST Act 2017, section 9, and those of the states).
+    if (std::abs(read.split.cgst - read.split.sgst) > 2) return false;
 
     std::optional<std::int64_t> net;
     std::int64_t charges = 0, reductions = 0, rounded = 0;
@@ -116,6 +116,11 @@ ReceiptGuess parse(const std::vector<std::string>& received, DateOrder order, Da
     doubt(figures.total && !figures.keyword, Doubt::totalWithoutKeyword);
     doubt(!sumsClose(lines, figures), Doubt::sumsDoNotClose);
     return guess;
+}
+
+bool isLikelyTax(std::int64_t tax, std::int64_t total) {
+    // The highest rates, GST of 40 % on the price, make it 29 % of what is paid.
+    return tax >= 0 && tax <= MoneyMath::mulDiv(std::max<std::int64_t>(total, 0), 30, 100);
 }
 
 std::string gstin(const std::vector<std::string>& lines, Source source) {

@@ -51,6 +51,8 @@ struct Amounts {
     bool keyword = false;  ///< the total stood beside a total keyword
 };
 [[nodiscard]] Amounts amounts(const std::vector<std::string>& lines);
+/// False for a tax that no rate explains: it was misread.
+[[nodiscard]] bool isLikelyTax(std::int64_t tax, std::int64_t total);
 
 /// Every calendar day written in the text, in text order. Two-digit years are 2000 + yy.
 [[nodiscard]] std::vector<Day> dates(std::string_view text, DateOrder order);

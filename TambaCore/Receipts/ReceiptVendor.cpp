@@ -20,37 +20,42 @@ bool isNoise(std::string_view lower) {
         R"(gst no|bill no|phone|ph:|order|fssai|)"
         R"((?:date|dated|tel|telephone|mob|mobile no|cin)(?![\p{L}\p{M}\d]))|www|http|@)");
     static const Text::Pattern courtesy(
-        R"((?<![\p{L}\p{M}])(?:thank ?you|thanks|visit|copy|cash (?:sales?|bill)|guest check)(?![\p{L}\p{M}]))");
+        R"(\b(?:thank ?you|thanks|please visit|visit (?:us|again|our)|cash (?:sales?|bill)|guest check)\b|\bcopy\W*$|)"
+        R"(^\W*(?:visit\b|(?:hi|hello|hey|dear)\b.*[,!]$|(?:re|fwd?)\s*:|your (?:trip|ride|payment|booking|ticket|purchase)\b))");
     // Whole lines: "Bill", "Billing Address:", "Payment Successful", "Sold by:  Shipped to:".
     static const Text::Pattern title(
-        R"(^\W*(?:bill|cash|estimate|reprint|(?:transaction|payment)(?: \w+)?|(?:sold|paid|bill(?:ed)?|ship(?:ped)?) (?:by|to)|)"
-        R"((?:billing|shipping) address)\W*(?:\s{2}.*)?$)");
+        R"(^\W*(?:bill|cash|estimate|reprint|from|to|(?:transaction|payment)(?: \w+)?|)"
+        R"((?:sold|paid|bill(?:ed)?|ship(?:ped)?) (?:by|to)|(?:billing|shipping) address|)"
+        R"((?:restaurant|seller|merchant|store|shop|vendor|supplier|company)(?: name)?)\W*(?:\s{2}.*)?$)");
     // "No. 12, MG Road", "411001 Pune", "Customer Name: Asha"
     static const Text::Pattern label(
         R"(^\W*(?:\d{5,6}\s+\p{L}|(?:no|lot|plot|(?:shop|flat|door) no)\b[\s.:]*\d|(?:customer|cashier|table|token|kot|server|user|pax|name|fax|)"
         R"(pan|state|address)\b[^:]{0,12}:))");
-    static const Text::Pattern invocation(R"(^\s*(?:\|\||॥|।।).*(?:\|\||॥|।।)\s*$)");
+    // || Shree Ganeshay Namah ||, !! Om Sai Ram !!
+    static const Text::Pattern invocation(R"(^\s*(?:\|\||!!|॥|।।).*(?:\|\||!!|॥|।।)\s*$)");
     return noise.matches(lower) || courtesy.matches(lower) || title.matches(lower) || label.matches(lower) ||
            invocation.matches(lower);
 }
 
-/// Letters, at least three unless told otherwise, that make up at least half of the line.
-bool reads(std::string_view text, std::size_t least = 3) {
+/// At least three letters, which make up at least half of the line; no sentence.
+bool reads(std::string_view text) {
+    constexpr std::size_t mostWords = 10;
+    if (Text::split(text, ' ').size() > mostWords) return false;
     std::size_t letters = 0, all = 0;
     for (const std::string_view character : Text::characters(text)) {
         if (Text::trim(character).empty()) continue;
         ++all;
         if (Text::isLetter(character)) ++letters;
     }
-    return letters >= least && letters * 2 >= all;
+    return letters >= 3 && letters * 2 >= all;
 }
 
-/// Without registration numbers at its end: "(126926-H)", "273500-U (GKJ)", "(Reg. No 12/AB)", "Co. No. 4711".
+/// Without registration numbers at its end: "(123456-H)", "234567-U (PQR)", "(Reg. No 12/AB)", "Co. No. 4711".
 std::string withoutRegistration(std::string_view line) {
     static const Text::Pattern bracketed(R"(\s*[(\[][^()\[\]]*\d[^()\[\]]*[)\]]?\s*$)");
     static const Text::Pattern numbered(
         R"((?i)(?:\s*\b(?:co|company|regn?|roc|brn|registration|no)\b[\s.:-]*)+(?=[\w/-]*\d)[\w/-]{4,}\s*$)");
-    // Five digits and more: "Cafe 1947" and "Triple Six 666" are names.
+    // Five digits and more: "Cafe 1947" and "Studio 999" are names.
     static const Text::Pattern bare(R"(\s+\d{5,}(?:\s?-\s?\w)?(?:\s*\([\p{L}]{1,5}\))?\s*$)");
     std::string text(line);
     for (const Text::Pattern* pattern : {&bracketed, &numbered, &bare}) text = pattern->replaceAll(text, "");

@@ -82,7 +82,7 @@ TEST(ReceiptExpense, dividesTheTaxAsReadElseByTheStates) {
         {18'000, {0, 0, 0, 18'000}, elsewhere, TaxRegime::gstIndia, {0, 0, 18'000, 0}},
         {18'000, {9'000, 0, 0, 0}, elsewhere, TaxRegime::gstIndia, {0, 0, 18'000, 0}},  // does not add up
         {18'000, {9'000, 9'000, 0, 0}, here, TaxRegime::simple, {0, 0, 0, 18'000}},
-        {90'000, {45'000, 45'000, 0, 0}, here, TaxRegime::gstIndia, {}},  // more than half of 1,180.00
+        {90'000, {45'000, 45'000, 0, 0}, here, TaxRegime::gstIndia, {}},  // of 1,180.00: no rate makes that
         {-5, {-5, 0, 0, 0}, here, TaxRegime::gstIndia, {}},
         {{}, {}, here, TaxRegime::gstIndia, {}},
     };
