@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Kills tamba-cli with SIGKILL at random moments while it adds an expense to large books, and looks each time whether
-tamba.json is the old one or the new one, whole.
+tamba.json is the old one or the new one, whole. Every other moment is drawn from the whole run; those between close in
+on the moment at which the new books take the old ones' place.
 
     kill.py --cli build/dev/tamba-cli [--rounds 20] [--seed N]
 """
@@ -42,17 +43,22 @@ def run(cli, rounds, seed=None):
         subprocess.run(add("Unhurried"), env=environment, stdout=subprocess.DEVNULL, check=True)
         whole_run = time.monotonic() - start
         before = vendors(books)
+        saving, step = 0.8 * whole_run, 0.1 * whole_run
         for number in range(rounds):
             vendor = f"Round {number}"
             process = subprocess.Popen(add(vendor), env=environment, stdout=subprocess.DEVNULL)
-            time.sleep(dice.uniform(0, whole_run))
+            time.sleep(dice.uniform(0, whole_run) if number % 2 == 0 else max(0, saving + dice.uniform(-step, step)))
             process.kill()
             process.wait()
             problem = damage(cli_run, books, before, vendor)
             if problem:
                 failures.append(f"kill -9, round {number} of seed {seed}: {problem}")
                 break
-            before = vendors(books)
+            after = vendors(books)
+            if number % 2 == 1:
+                saving += -step if len(after) > len(before) else step
+                step = max(0.8 * step, 0.02 * whole_run)
+            before = after
         done = cli_run("expense", "add", "--vendor", "After all", "--amount", "1")
         if not failures and done.returncode != 0:
             failures.append(f"kill -9, seed {seed}: adding afterwards was refused: {done.stderr}")
