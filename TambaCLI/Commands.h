@@ -52,11 +52,13 @@ int checkBooks(const Context& context);
 struct ReceiptOptions {
     std::vector<std::string> files;
     std::optional<DateOrder> order;
+    bool again = false;  ///< file a receipt whose bytes the books already hold
 };
 int scanReceipts(const Context& context, const ReceiptOptions& options);
 /// "-" is standard input.
 int parseReceipt(const Context& context, const ReceiptOptions& options);
 int showMail(const Context& context, const std::string& file);
+int addReceipts(const Context& context, const ReceiptOptions& options);
 
 struct ExpenseFilter {
     std::optional<Day> from, to;

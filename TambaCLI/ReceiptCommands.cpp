@@ -4,6 +4,7 @@
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/ModelsJSON.h"
 #include "TambaCore/Receipts/EmailReceipt.h"
+#include "TambaCore/Receipts/ReceiptExpense.h"
 #include "TambaCore/Receipts/ReceiptParser.h"
 #include "TambaCore/Receipts/Receipts.h"
 
@@ -32,7 +33,11 @@ private:
     const std::vector<std::filesystem::path>& files_;
 };
 
+constexpr std::uint64_t maximumBytes = 200'000'000;
+
 std::string contents(const std::string& file) {
+    if (Files::size(file).value_or(0) > maximumBytes)
+        throw Refusal("“" + oneLine(file) + "” is too large to be a receipt.");
     try {
         return Files::read(file);
     } catch (const FileError& error) {
@@ -156,6 +161,45 @@ int showMail(const Context& context, const std::string& file) {
                            part.name + " (" + part.mime + ", " + counted(part.data.size(), "byte", "bytes") + ")");
     std::cout << details(lines) << "\n" << Text::trim(message.bodyText) << "\n";
     return 0;
+}
+
+int addReceipts(const Context& context, const ReceiptOptions& options) {
+    LibrarySession session(context.folder, LibrarySession::Access::write);
+    Library library = existing(session);
+    const DateOrder order = options.order.value_or(library.business.receiptDateOrder);
+    ReceiptReader reader;
+    int status = 0;
+    for (const std::string& file : options.files) {
+        JSON object = JSON::object().add("file", file);
+        try {
+            if (!options.again) {
+                if (const auto holder = ReceiptExpense::holding(library, session.store(), file)) {
+                    const Expense* expense = library.expense(*holder);
+                    throw Refusal("That file is already in the books, with “" + (expense ? expense->vendor : "") +
+                                  "” (" + shortID(*holder) + "). Use --again to file it once more.");
+                }
+            }
+            const auto result = ReceiptScanner::scan(reader, file, order, context.today);
+            const TemporaryFiles temporary(result.temporary);
+            const auto filed =
+                ReceiptExpense::file(library, session.store(), result, Expense::make(context.today), context.today);
+            // One save a receipt: a later one that ends the program must not take the earlier ones with it.
+            library = save(session, filed.library);
+            const Expense* expense = library.expense(filed.expenseID);
+            if (!expense) throw Refusal("That receipt was filed, but another machine has removed it since.");
+            object.raw("expense", ModelsJSON::json(*expense));
+            if (!context.json) std::cout << oneLine(file) << "\n" << expenseDetails(library, *expense);
+        } catch (const std::exception& error) {
+            // A file that cannot be read is one of many; a folder that cannot be written ends the work.
+            const auto* store = dynamic_cast<const StoreError*>(&error);
+            if (store && store->code() != StoreError::Code::notAFile) throw;
+            status = 1;
+            object.add("error", error.what());
+            if (!context.json) std::cerr << oneLine(file) << ": " << error.what() << "\n";
+        }
+        if (context.json) std::cout << object.text() << std::endl;
+    }
+    return status;
 }
 
 }  // namespace tamba::cli

@@ -97,6 +97,11 @@ void addReceiptCommands(CLI::App& app, Command& c) {
     auto* mail =
         c.add(receipt, "mail", "Show what a saved e-mail holds", [&](const Context& x) { return showMail(x, c.path); });
     mail->add_option("FILE", c.path, "The saved e-mail")->required();
+    auto* add = c.add(receipt, "add", "Read files and file them as expenses",
+                      [&](const Context& x) { return addReceipts(x, c.receipt); });
+    files(add);
+    order(add);
+    add->add_flag("--again", c.receipt.again, "File a receipt that is in the books already");
 }
 
 void addExpenseCommands(CLI::App& app, Command& c) {
