@@ -271,15 +271,15 @@ std::string tillBillJPEG(const Bill& bill) {
     const auto between = [&dice](double low, double high) {
         return low + (high - low) * static_cast<double>(dice.below(1001)) / 1000;
     };
-    const Camera camera{.degrees = between(-1.3, 1.3),
-                        .curl = between(-5, 5),
+    const Camera camera{.degrees = between(-0.8, 0.8),
+                        .curl = between(-3, 3),
                         .taper = between(-0.02, 0.03),
                         .margin = 54,
                         .paper = static_cast<int>(between(206, 228)),
                         .table = static_cast<int>(between(58, 104)),
                         .dimming = between(0.06, 0.2),
-                        .fading = between(0.15, 0.4),
-                        .grain = 5,
+                        .fading = between(0.1, 0.3),
+                        .grain = 3,
                         .softened = true};
     return ImageFile::jpeg(photographed(tillBill(bill), camera, seed), 78);
 }
@@ -293,10 +293,10 @@ std::string invoicePDF(const Bill& bill) {
 }
 
 std::string scannedPDF(const Bill& bill) {
-    auto sheet = PDFCanvas::bitmap(a4, 150.0 / 72);
+    auto sheet = PDFCanvas::bitmap(a4, 200.0 / 72);
     drawInvoice(sheet, bill);
     const Camera scanner{
-        .degrees = 0.5, .margin = 0, .paper = 246, .table = 214, .fading = 0.12, .grain = 3, .softened = true};
+        .degrees = 0.3, .margin = 0, .paper = 246, .table = 214, .fading = 0.12, .grain = 3, .softened = true};
     Image scan = photographed(*sheet.image(), scanner, bill.number);
     scan.jpeg = ImageFile::jpeg(scan, 70);
     const Instant created = std::chrono::sys_days(std::chrono::days(bill.date.number())) + std::chrono::hours(9);

@@ -1,0 +1,204 @@
+#include "TambaCore/Base/Files.h"
+#include "TambaCore/Documents/Expenses.h"
+#include "TambaCore/Fixtures.h"
+#include "TambaCore/Fixtures/Receipts.h"
+#include "TambaCore/Model/LibraryCheck.h"
+#include "TambaCore/Receipts/EmailReceipt.h"
+#include "TambaCore/Receipts/Receipts.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace tamba;
+using Fixtures::Receipts::Bill;
+using tamba::testing::TemporaryFolder;
+
+namespace {
+
+constexpr Day today{2026, 11, 21};
+
+std::vector<std::string> problems(const Library& library, const LibraryStore& store) {
+    std::vector<std::string> sentences;
+    for (const auto& problem : LibraryCheck::check(library, store).problems) sentences.push_back(problem.sentence);
+    return sentences;
+}
+
+Bill dinner() {
+    return Fixtures::Receipts::taxed({.vendor = "Kokum Kitchen",
+                                      .address = "Ganeshkhind Road\nPune 411016",
+                                      .contact = "Ph: 020 5550 0162",
+                                      .gstin = GSTIN::make("27", "ACTPN6085G", "1"),
+                                      .number = "5120",
+                                      .date = {2026, 10, 14},
+                                      .items = {{"Fish curry rice", 2, 38000}, {"Kokum sherbet", 3, 9100}},
+                                      .customer = "Halad & Ink Studio\nPune 411004"},
+                                     500, SupplyType::intraState);
+}
+
+TEST(Fixtures, writesBooksThatAreInOrderWithEveryReceipt) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    Fixtures::write(store, today);
+    const std::optional<Library> library = store.load();
+    ASSERT_TRUE(library);
+    EXPECT_THAT(problems(*library, store), ::testing::IsEmpty());
+    EXPECT_TRUE(*library == Fixtures::library(today)) << "the books are the same, made with their files or without";
+
+    int withReceipt = 0, read = 0;
+    ReceiptReader reader;
+    for (const Expense& expense : library->expenses) {
+        if (expense.attachments.empty()) continue;
+        ++withReceipt;
+        const auto file = store.url(expense.attachments.front());
+        ASSERT_TRUE(file);
+        if (file->extension() == ".jpg" || expense.attachments.front().originalName.starts_with("Scan")) continue;
+        ++read;  // what needs no recognition: PDFs with text, e-mails
+        const auto [guess, files, temporary] = ReceiptScanner::scan(reader, *file, DateOrder::dmy, today);
+        for (const auto& written : temporary) Files::remove(written);
+        SCOPED_TRACE(expense.attachments.front().path);
+        EXPECT_EQ(guess.vendor, expense.vendor);
+        EXPECT_EQ(guess.date, expense.date);
+        EXPECT_EQ(guess.total, expense.amount);
+        EXPECT_EQ(guess.taxSplit, expense.taxSplit);
+        EXPECT_EQ(guess.currency, expense.currency);
+        EXPECT_THAT(guess.doubts, ::testing::IsEmpty());
+    }
+    EXPECT_GE(withReceipt, 25);
+    EXPECT_GE(read, 12);
+}
+
+TEST(Fixtures, coverFourteenMonthsBeforeWhateverDay) {
+    const TemporaryFolder folder;
+    for (const Day day : {Day{2026, 11, 21}, Day{2027, 1, 1}, Day{2027, 3, 31}, Day{2028, 2, 29}}) {
+        SCOPED_TRACE(day.iso());
+        const Library library = Fixtures::library(day);
+        EXPECT_GE(library.expenses.size(), 60U);
+        EXPECT_TRUE(std::is_sorted(library.expenses.begin(), library.expenses.end(),
+                                   [](const Expense& a, const Expense& b) { return a.date < b.date; }));
+        EXPECT_GE(library.expenses.front().date, day.addingMonths(-15));
+        EXPECT_LE(library.expenses.back().date, day);
+        for (const RecurringExpense& recurring : library.recurring) EXPECT_GT(recurring.nextDate, day);
+        std::vector<std::string> other;
+        for (const auto& problem : LibraryCheck::check(library, LibraryStore(folder.path())).problems)
+            if (problem.kind != LibraryCheck::Kind::missingFile) other.push_back(problem.sentence);
+        EXPECT_THAT(other, ::testing::IsEmpty());
+    }
+}
+
+TEST(Fixtures, showWhatBooksCanHold) {
+    const Library library = Fixtures::library(today);
+    const auto count = [&](auto&& holds) {
+        return std::count_if(library.expenses.begin(), library.expenses.end(), holds);
+    };
+    EXPECT_TRUE(GSTIN::isValid(library.business.taxID));
+    EXPECT_GE(count([](const Expense& e) { return e.kind == ExpenseKind::mileage; }), 3);
+    EXPECT_GE(count([](const Expense& e) { return e.currency != "INR" && e.rateMicros != 0; }), 5);
+    EXPECT_GE(count([](const Expense& e) { return e.billable && e.clientID; }), 4);
+    EXPECT_GE(count([](const Expense& e) { return e.taxSplit.igst != 0; }), 3);
+    EXPECT_GE(count([](const Expense& e) { return !e.categoryID; }), 1);
+    EXPECT_EQ(count([](const Expense& e) { return e.rateMicros == 0; }), 1);
+    EXPECT_EQ(count([](const Expense& e) { return e.check.has_value(); }), 1);
+    EXPECT_GE(count([&](const Expense& e) { return Expenses::attention(library, e).has_value(); }), 3);
+    for (const Expense& expense : library.expenses) {
+        EXPECT_EQ(expense.tax, expense.taxSplit.total()) << expense.vendor;
+        EXPECT_TRUE(expense.vendorTaxID.empty() || GSTIN::isValid(expense.vendorTaxID)) << expense.vendor;
+    }
+}
+
+TEST(Fixtures, statementBalancesRunOn) {
+    const Library library = Fixtures::library(today);
+    ASSERT_GE(library.transactions.size(), 15U);
+    for (std::size_t i = 1; i < library.transactions.size(); ++i) {
+        const BankTransaction& line = library.transactions[i];
+        EXPECT_EQ(line.balance, *library.transactions[i - 1].balance + line.amount) << line.text;
+        if (!line.expenseID) continue;
+        const Expense* paid = library.expense(*line.expenseID);
+        ASSERT_TRUE(paid);
+        EXPECT_EQ(paid->amount, -line.amount) << line.text;
+        EXPECT_EQ(paid->bankTxnID, line.id) << line.text;
+    }
+}
+
+TEST(Fixtures, largeBooksAreValidAndOfTheSizeAskedFor) {
+    const Library library = Fixtures::large(300, 90, 200, today);
+    EXPECT_EQ(library.expenses.size(), 300U);
+    EXPECT_EQ(library.documents.size(), 90U);
+    EXPECT_EQ(library.transactions.size(), 200U);
+    EXPECT_THAT(problems(library, LibraryStore("/no/such/folder")), ::testing::IsEmpty());
+    std::size_t withText = 0;
+    for (const Expense& expense : library.expenses)
+        if (expense.ocrText) {
+            ++withText;
+            EXPECT_EQ(expense.ocrText->size(), 600U);
+        }
+    EXPECT_EQ(withText, 100U);
+    std::vector<std::string> numbers;
+    for (const Document& invoice : library.documents) {
+        EXPECT_EQ(invoice.lines.size(), 4U);
+        EXPECT_LE(invoice.number->size(), 16U);
+        numbers.push_back(*invoice.number);
+    }
+    std::sort(numbers.begin(), numbers.end());
+    EXPECT_EQ(std::unique(numbers.begin(), numbers.end()), numbers.end());
+}
+
+TEST(FixturesReceipts, aBillAddsUp) {
+    const Bill bill = dinner();
+    EXPECT_EQ(bill.subtotal(), 103300);
+    EXPECT_EQ(bill.tax, (TaxSplit{.cgst = 2583, .sgst = 2583}));
+    EXPECT_EQ(bill.roundOff, 34);
+    EXPECT_EQ(bill.total(), 108500);
+    const Bill abroad = Fixtures::Receipts::taxed(
+        {.vendor = "Tidemark", .items = {{"Backup", 1, 1195}}, .currency = "USD"}, 0, SupplyType::noTax);
+    EXPECT_EQ(abroad.total(), 1195) << "only rupees are rounded to whole units";
+}
+
+TEST(FixturesReceipts, eachKindIsReadBackAsPrinted) {
+    const TemporaryFolder folder;
+    struct {
+        const char* name;
+        std::string (*render)(const Bill&);
+        std::size_t files;
+    } const kinds[] = {{"till.jpg", Fixtures::Receipts::tillBillJPEG, 1},
+                       {"scan.pdf", Fixtures::Receipts::scannedPDF, 1},
+                       {"text.pdf", Fixtures::Receipts::invoicePDF, 1},
+                       {"pdf.eml", Fixtures::Receipts::emailWithPDF, 2},
+                       {"html.eml", Fixtures::Receipts::htmlEmail, 1}};
+    ReceiptReader reader;
+    const Bill bill = dinner();
+    for (const auto& kind : kinds) {
+        SCOPED_TRACE(kind.name);
+        const std::string bytes = kind.render(bill);
+        EXPECT_EQ(bytes, kind.render(bill)) << "the same bill gives the same bytes";
+        Files::writeAtomically(folder.path() / kind.name, bytes);
+        const auto result = ReceiptScanner::scan(reader, folder.path() / kind.name, DateOrder::dmy, today);
+        EXPECT_EQ(result.guess.vendor, bill.vendor);
+        EXPECT_EQ(result.guess.date, bill.date);
+        EXPECT_EQ(result.guess.total, bill.total());
+        EXPECT_EQ(result.guess.gstin, bill.gstin);
+        EXPECT_EQ(result.guess.taxSplit, bill.tax) << result.guess.text;
+        EXPECT_EQ(result.files.size(), kind.files);
+        for (const auto& file : result.temporary) Files::remove(file);
+    }
+}
+
+TEST(FixturesReceipts, onlyTheScanLacksATextLayer) {
+    EXPECT_NE(Fixtures::Receipts::invoicePDF(dinner()).find("/FontDescriptor"), std::string::npos);
+    EXPECT_EQ(Fixtures::Receipts::scannedPDF(dinner()).find("/Font"), std::string::npos);
+}
+
+TEST(FixturesReceipts, mailsCarryNamesInAnyScript) {
+    Bill bill = dinner();
+    bill.vendor = "कोकण उपहारगृह";
+    const EmailReceipt::Message message = EmailReceipt::parse(Fixtures::Receipts::emailWithPDF(bill));
+    EXPECT_EQ(EmailReceipt::senderName(message.from), bill.vendor);
+    EXPECT_EQ(message.date, bill.date);
+    ASSERT_EQ(message.attachments.size(), 1U);
+    EXPECT_EQ(message.attachments[0].mime, "application/pdf");
+    EXPECT_EQ(message.attachments[0].data, Fixtures::Receipts::invoicePDF(bill));
+}
+
+}  // namespace
