@@ -7,9 +7,9 @@ FOLDER holds  img/ID.jpg   the picture
               box/ID.csv   a line of print a row: x1,y1,x2,y2,x3,y3,x4,y4,text
               key/ID.json  "company", "date" and "total" as printed
 
-`text` reads the true lines of box/, `picture` the pictures with our own recognition. "Today" is the day after the
-printed date. A total is right when the amount is equal (RM and $ taken off), a date when the day is equal, a vendor when
-the names are equal in upper case, white space collapsed, white space and punctuation at the ends dropped.
+`text` reads the true lines of box/, `picture` the pictures with our own recognition. Today is the day after the
+printed date. A total is right when the amount is equal (RM and $ taken off), a date when the day is equal, a vendor
+when the names are equal in upper case, white space collapsed, white space and punctuation at the ends dropped.
 """
 
 import argparse

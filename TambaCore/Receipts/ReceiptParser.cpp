@@ -65,18 +65,21 @@ bool sumsClose(const std::vector<std::string>& lines, const Amounts& read) {
     std::int64_t charges = 0, reductions = 0, rounded = 0;
     for (std::size_t i = 0, count = lookedAt(lines); i < count; ++i) {
         const std::string lower = Text::lower(lookedAt(lines[i]));
+        const bool isSubtotal = subtotal.matches(lower);
+        const bool isRounding = net && rounding.matches(lower);
+        const bool isReduction = net && less.matches(lower);
+        if (!isSubtotal && !isRounding && !isReduction && !(net && charge.matches(lower))) continue;
         const std::vector<std::int64_t> figures = amounts(lookedAt(lines[i]));
         if (figures.empty()) continue;
         const std::int64_t value = figures.back();
-        if (subtotal.matches(lower)) {
-            if (!net) net = value;
-        } else if (net && rounding.matches(lower)) {
+        if (isSubtotal)
+            net = net.value_or(value);
+        else if (isRounding)
             rounded = std::abs(value);
-        } else if (net && less.matches(lower)) {
+        else if (isReduction)
             reductions = Checked::add(reductions, std::abs(value));
-        } else if (net && charge.matches(lower)) {
+        else
             charges = Checked::add(charges, value);
-        }
     }
     if (!net) return true;
     // The subtotal may hold the tax or the discount already, and rounding goes either way, to a whole unit at most.

@@ -21,7 +21,8 @@ bool isNoise(std::string_view lower) {
         R"((?:date|dated|tel|telephone|mob|mobile no|cin)(?![\p{L}\p{M}\d]))|www|http|@)");
     static const Text::Pattern courtesy(
         R"(\b(?:thank ?you|thanks|please visit|visit (?:us|again|our)|cash (?:sales?|bill)|guest check)\b|\bcopy\W*$|)"
-        R"(^\W*(?:visit\b|(?:hi|hello|hey|dear)\b.*[,!]$|(?:re|fwd?)\s*:|your (?:trip|ride|payment|booking|ticket|purchase)\b))");
+        R"(^\W*(?:visit\b|(?:hi|hello|hey|dear)\b.*[,!]$|(?:re|fwd?)\s*:|)"
+        R"(your (?:trip|ride|payment|booking|ticket|purchase|plan|account|recent|monthly|statement|subscription)\b))");
     // Whole lines: "Bill", "Billing Address:", "Payment Successful", "Sold by:  Shipped to:".
     static const Text::Pattern title(
         R"(^\W*(?:bill|cash|estimate|reprint|from|to|(?:transaction|payment)(?: \w+)?|)"
@@ -29,8 +30,8 @@ bool isNoise(std::string_view lower) {
         R"((?:restaurant|seller|merchant|store|shop|vendor|supplier|company)(?: name)?)\W*(?:\s{2}.*)?$)");
     // "No. 12, MG Road", "411001 Pune", "Customer Name: Asha"
     static const Text::Pattern label(
-        R"(^\W*(?:\d{5,6}\s+\p{L}|(?:no|lot|plot|(?:shop|flat|door) no)\b[\s.:]*\d|(?:customer|cashier|table|token|kot|server|user|pax|name|fax|)"
-        R"(pan|state|address)\b[^:]{0,12}:))");
+        R"(^\W*(?:\d{5,6}\s+\p{L}|(?:no|lot|plot|(?:shop|flat|door) no)\b[\s.:]*\d|)"
+        R"((?:customer|cashier|table|token|kot|server|user|pax|name|fax|pan|state|address)\b[^:]{0,12}:))");
     // || Shree Ganeshay Namah ||, !! Om Sai Ram !!
     static const Text::Pattern invocation(R"(^\s*(?:\|\||!!|॥|।।).*(?:\|\||!!|॥|।।)\s*$)");
     return noise.matches(lower) || courtesy.matches(lower) || title.matches(lower) || label.matches(lower) ||
@@ -67,7 +68,8 @@ std::string cleaned(std::string_view line) {
     static const Text::Pattern column(R"(\s{3,}.*$)");
     static const Text::Pattern behindForm(R"(((?i:ltd|limited|llp|bhd)\.?)\s{2,}.*$)");
     static const Text::Pattern named(
-        R"(^\W*(?i:sold by|seller|merchant|vendor|supplier|restaurant|store|shop|company|billed by|paid to)(?i: name)?\s*[:]\s*(?=\p{L}))");
+        R"(^\W*(?i:sold by|seller|merchant|vendor|supplier|restaurant|store|shop|company|billed by|paid to)(?i: name)?)"
+        R"(\s*:\s*(?=\p{L}))");
     static const Text::Pattern blanks(R"(\s+)");
     const std::string name = named.replaceAll(Text::trim(Text::trim(line), separators), "");
     const std::string first = column.replaceAll(behindForm.replaceAll(name, "$1"), "");

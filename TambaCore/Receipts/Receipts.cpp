@@ -34,7 +34,8 @@ void fill(ReceiptGuess& guess, const ReceiptGuess& other) {
     if (!guess.date && other.date) {
         guess.date = other.date;
         dropDoubt(guess, Doubt::noDate);
-        if (hasDoubt(other, Doubt::otherDateOrder)) guess.doubts.push_back(Doubt::otherDateOrder);
+        for (const Doubt doubt : {Doubt::otherDateOrder, Doubt::unlikelyDate})
+            if (hasDoubt(other, doubt)) guess.doubts.push_back(doubt);
     }
     if (!hasKeywordTotal(guess) && (hasKeywordTotal(other) || !guess.total)) {
         guess.total = other.total;
