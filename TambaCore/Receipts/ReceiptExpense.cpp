@@ -79,7 +79,8 @@ Expense expense(const Library& library, const ReceiptGuess& guess, Expense blank
     Expense result = std::move(blank);
     const CategoryRule* rule = Expenses::rule(library, guess.vendor);
     result.vendor = rule && !rule->vendor.empty() ? rule->vendor : guess.vendor;
-    result.vendorTaxID = guess.gstin;
+    // A bill may print the customer's number only: a vendor abroad has none, a small shop neither.
+    if (guess.gstin != GSTIN::clean(library.business.taxID)) result.vendorTaxID = guess.gstin;
     result.date = guess.date.value_or(today);
 
     const Currency currency = guess.currency ? Currency::of(*guess.currency) : library.home();

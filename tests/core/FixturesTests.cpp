@@ -4,6 +4,7 @@
 #include "TambaCore/Fixtures/Receipts.h"
 #include "TambaCore/Model/LibraryCheck.h"
 #include "TambaCore/Receipts/EmailReceipt.h"
+#include "TambaCore/Receipts/ReceiptExpense.h"
 #include "TambaCore/Receipts/Receipts.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -59,11 +60,14 @@ TEST(Fixtures, writesBooksThatAreInOrderWithEveryReceipt) {
         const auto [guess, files, temporary] = ReceiptScanner::scan(reader, *file, DateOrder::dmy, today);
         for (const auto& written : temporary) Files::remove(written);
         SCOPED_TRACE(expense.attachments.front().path);
-        EXPECT_EQ(guess.vendor, expense.vendor);
-        EXPECT_EQ(guess.date, expense.date);
-        EXPECT_EQ(guess.total, expense.amount);
-        EXPECT_EQ(guess.taxSplit, expense.taxSplit);
-        EXPECT_EQ(guess.currency, expense.currency);
+        const Expense filed = ReceiptExpense::expense(*library, guess, Expense{}, today);
+        EXPECT_EQ(filed.vendor, expense.vendor);
+        EXPECT_EQ(filed.vendorTaxID, expense.vendorTaxID);
+        EXPECT_EQ(filed.date, expense.date);
+        EXPECT_EQ(filed.amount, expense.amount);
+        EXPECT_EQ(filed.taxSplit, expense.taxSplit);
+        EXPECT_EQ(filed.currency, expense.currency);
+        EXPECT_EQ(filed.categoryID, expense.categoryID);
         EXPECT_THAT(guess.doubts, ::testing::IsEmpty());
     }
     EXPECT_GE(withReceipt, 25);

@@ -65,6 +65,14 @@ TEST(ReceiptExpense, takesOverWhatWasRead) {
     EXPECT_EQ(empty.ocrText, std::nullopt);
 }
 
+TEST(ReceiptExpense, ourOwnNumberOnABillIsNotTheVendors) {
+    Library library = pune();
+    library.business.taxID = "27 aapfu0939f1zv";
+    ReceiptGuess guess = aGuess();
+    guess.gstin = "27AAPFU0939F1ZV";
+    EXPECT_EQ(made(library, guess).vendorTaxID, "");
+}
+
 TEST(ReceiptExpense, dividesTheTaxAsReadElseByTheStates) {
     const char* here = "27AAPFU0939F1ZV";
     const char* elsewhere = "29AAGCB7383J1Z4";
