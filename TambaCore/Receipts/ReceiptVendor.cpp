@@ -16,8 +16,8 @@ bool isNoise(std::string_view lower) {
     // At the start of a word only, or every Hotel ("tel"), Medicines ("cin") and Border ("order") would go; where a
     // word's beginning is common in names (Cinema, Telecom, Mobile World, Dates) the whole word.
     static const Text::Pattern noise(
-        R"((?<![\p{L}\p{M}\d])(?:tax ?invoice|invoice|receipt|bill of supply|cash memo|original|duplicate|welcome|gstin|)"
-        R"(gst no|bill no|phone|ph:|order|fssai|)"
+        R"((?<![\p{L}\p{M}\d])(?:tax ?invoice|invoice|receipt|bill of supply|cash memo|original|duplicate|welcome|)"
+        R"(gstin|gst no|bill no|phone|ph:|order|fssai|)"
         R"((?:date|dated|tel|telephone|mob|mobile no|cin)(?![\p{L}\p{M}\d]))|www|http|@)");
     static const Text::Pattern courtesy(
         R"(\b(?:thank ?you|thanks|please visit|visit (?:us|again|our)|cash (?:sales?|bill)|guest check)\b|\bcopy\W*$|)"
@@ -88,8 +88,8 @@ const Text::Pattern& legalForm() {
 /// Nothing but a legal form: "PVT LTD", "CO. (M) SDN BHD".
 bool isMereLegalForm(std::string_view name) {
     static const Text::Pattern pattern(
-        R"((?i)^(?:co\.?|company|\((?:m|malaysia|india|i|p|s|kl)\)|pvt\.?|private|pte\.?|\(p\)|ltd\.?|limited|llp|sdn\.?|)"
-        R"(bhd\.?|berhad|inc\.?|corp\.?|[\s,&])+$)");
+        R"((?i)^(?:(?:co|pvt|pte|ltd|sdn|bhd|inc|corp)\.?|company|private|limited|llp|berhad|)"
+        R"(\((?:m|malaysia|india|i|p|s|kl)\)|[\s,&])+$)");
     return pattern.matches(name);
 }
 

@@ -53,7 +53,7 @@ TEST(EmailReceipt, readsTheMessageInsideAForwardedOne) {
     EXPECT_EQ(message.bodyText, "see below\nGrand Total 472.00\n");
     ASSERT_THAT(message.attachments, SizeIs(2));
     EXPECT_EQ(message.attachments[0].name, "Bill of October.pdf");  // no quotes around the blanks
-    EXPECT_EQ(message.attachments[0].data, "%PDF-1.4 bro");        // a broken body as far as it goes
+    EXPECT_EQ(message.attachments[0].data, "%PDF-1.4 bro");         // a broken body as far as it goes
     EXPECT_EQ(message.attachments[1].name, "bill.eml");
 }
 
