@@ -1,5 +1,9 @@
 #include "TambaCore/Model/JSONWriter.h"
 
+#include "TambaCore/Base/Text.h"
+
+#include <simdjson.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -99,7 +103,10 @@ void Writer::raw(std::string_view json) {
 std::string encode(const Library& library, std::size_t sizeHint) {
     Writer writer(Layout::pretty, sizeHint + sizeHint / 20 + 128 * 1024);
     writer.value(library);
-    return writer.take() + "\n";
+    std::string bytes = writer.take() + "\n";
+    // Text from outside is repaired where it comes in; what slips through must not make the books unreadable.
+    if (!simdjson::validate_utf8(bytes)) return Text::repairedUTF8(bytes);
+    return bytes;
 }
 
 template <class Record>

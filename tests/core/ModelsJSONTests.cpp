@@ -95,6 +95,12 @@ TEST(ModelsJSON, aWrongFileNamesTheCulprit) {
     EXPECT_EQ(whyNot(with(library, "Chai Point", "Chai \xFF")), "The text is not UTF-8");
 }
 
+TEST(ModelsJSON, bytesThatAreNoTextCannotMakeTheBooksUnreadable) {
+    Library l = Library::make();
+    l.business.name = "Caf\xE9 \xE2\x82";
+    EXPECT_EQ(ModelsJSON::decode(ModelsJSON::encode(l)).business.name, "Caf\uFFFD \uFFFD");
+}
+
 TEST(ModelsJSON, aFileCutOffAnywhereIsRefused) {
     const std::string text = ModelsJSON::encode(aLibrary());
     const std::size_t end = text.find_last_not_of('\n');
