@@ -1,4 +1,5 @@
 #include "TambaCLI/Commands.h"
+#include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Fields.h"
 
 #include <CLI/CLI.hpp>
@@ -38,6 +39,12 @@ CLI::Option* addDay(CLI::App* app, const std::string& name, std::optional<Day>& 
             "DAY"));
 }
 
+/// Text for the books: what a terminal in another character set sends is no UTF-8 and is repaired.
+CLI::Option* addText(CLI::App* app, const std::string& name, std::string& value, const std::string& help) {
+    return app->add_option_function<std::string>(
+        name, [&value](const std::string& text) { value = Text::repairedUTF8(text); }, help);
+}
+
 /// What the user asked for, filled while CLI11 reads the words.
 struct Command {
     std::string library;
@@ -61,15 +68,15 @@ struct Command {
 
 void addLibraryCommands(CLI::App& app, Command& c) {
     auto* fresh = c.add(&app, "new", "Make new books", [&](const Context& x) { return makeBooks(x, c.fresh); });
-    fresh->add_option("--name", c.fresh.name, "Name of the business");
-    fresh->add_option("--state", c.fresh.state, "State or its GST code: Maharashtra, 27");
-    fresh->add_option("--gstin", c.fresh.gstin, "GSTIN, when registered");
-    fresh->add_option("--currency", c.fresh.currency, "Home currency (INR)");
-    fresh->add_option("--country", c.fresh.country, "Country code (IN)");
-    fresh->add_option("--regime", c.fresh.regime, "How tax is charged")->check(oneOf<TaxRegime>());
+    addText(fresh, "--name", c.fresh.name, "Name of the business");
+    addText(fresh, "--state", c.fresh.state, "State or its GST code: Maharashtra, 27");
+    addText(fresh, "--gstin", c.fresh.gstin, "GSTIN, when registered");
+    addText(fresh, "--currency", c.fresh.currency, "Home currency (INR)");
+    addText(fresh, "--country", c.fresh.country, "Country code (IN)");
+    addText(fresh, "--regime", c.fresh.regime, "How tax is charged")->check(oneOf<TaxRegime>());
     fresh->add_option("--fy-start", c.fresh.fyStartMonth, "First month of the financial year (4)")
         ->check(CLI::Range(1, 12));
-    fresh->add_option("--order", c.fresh.dateOrder, "How receipts write dates")->check(oneOf<DateOrder>());
+    addText(fresh, "--order", c.fresh.dateOrder, "How receipts write dates")->check(oneOf<DateOrder>());
 
     auto* sample = c.add(&app, "sample", "Write the sample books into a folder",
                          [&](const Context& x) { return makeSample(x, c.path); });
@@ -110,25 +117,25 @@ void addExpenseCommands(CLI::App& app, Command& c) {
                        [&](const Context& x) { return listExpenses(x, c.filter); });
     addDay(list, "--from", c.filter.from, "First day");
     addDay(list, "--to", c.filter.to, "Last day");
-    list->add_option("--month", c.filter.month, "One month: 2026-04");
-    list->add_option("--category", c.filter.category, "One category, or “uncategorised”");
-    list->add_option("--vendor", c.filter.vendor, "Vendors whose name holds this");
+    addText(list, "--month", c.filter.month, "One month: 2026-04");
+    addText(list, "--category", c.filter.category, "One category, or “uncategorised”");
+    addText(list, "--vendor", c.filter.vendor, "Vendors whose name holds this");
     list->add_flag("--check", c.filter.check, "Only those that want a look");
 
     auto* add = expense->add_subcommand("add", "Add an expense");
-    auto* vendor = add->add_option("--vendor", c.entry.vendor, "Who was paid");
-    auto* amount = add->add_option("--amount", c.entry.amount, "What was paid, tax included");
+    auto* vendor = addText(add, "--vendor", c.entry.vendor, "Who was paid");
+    auto* amount = addText(add, "--amount", c.entry.amount, "What was paid, tax included");
     addDay(add, "--date", c.entry.date, "The day (today)");
-    add->add_option("--category", c.entry.category, "Category (that of the vendor’s latest expense)");
-    auto* tax = add->add_option("--tax", c.entry.tax, "Tax in the amount");
+    addText(add, "--category", c.entry.category, "Category (that of the vendor’s latest expense)");
+    auto* tax = addText(add, "--tax", c.entry.tax, "Tax in the amount");
     addWord(add, "--method", c.entry.method, "How it was paid (upi)");
-    auto* currency = add->add_option("--currency", c.entry.currency, "Currency (the home currency)");
-    auto* rate = add->add_option("--rate", c.entry.rate, "Exchange rate to the home currency");
-    add->add_option("--mileage", c.entry.mileage, "Distance driven, instead of an amount")
+    auto* currency = addText(add, "--currency", c.entry.currency, "Currency (the home currency)");
+    auto* rate = addText(add, "--rate", c.entry.rate, "Exchange rate to the home currency");
+    addText(add, "--mileage", c.entry.mileage, "Distance driven, instead of an amount")
         ->excludes(amount, tax, currency, rate);
-    add->add_option("--project", c.entry.project, "Project");
-    add->add_option("--client", c.entry.client, "Client (that of the project)");
-    add->add_option("--notes", c.entry.notes, "Notes");
+    addText(add, "--project", c.entry.project, "Project");
+    addText(add, "--client", c.entry.client, "Client (that of the project)");
+    addText(add, "--notes", c.entry.notes, "Notes");
     add->add_flag("--billable", c.entry.billable, "To be billed on to the client");
     add->callback([&c, vendor, amount] {
         if (c.entry.mileage.empty()) {
@@ -163,7 +170,10 @@ int main(int argc, char** argv) {
     CLI::App app("Tamba: the books of a freelancer, on the command line.", "tamba-cli");
     app.fallthrough()->require_subcommand(1);
     Command c;
-    app.add_option("--library", c.library, "Folder of the books")->type_name("DIR");
+    // An empty name comes from a variable that is not set; the default folder is not what is meant then.
+    app.add_option("--library", c.library, "Folder of the books")->type_name("DIR")->check([](const std::string& name) {
+        return name.empty() ? "The name of the folder is empty" : "";
+    });
     app.add_flag("--json", c.context.json, "Print JSON: amounts in minor units, days as yyyy-mm-dd");
     addDay(&app, "--today", c.today, "Take this day for today")->group("");
     addLibraryCommands(app, c);
