@@ -11,21 +11,22 @@ namespace {
 
 constexpr std::string_view separators = " -*=#:|,";
 
+// At the start of a word only, or every Hotel ("tel"), Medicines ("cin") and Border ("order") would go; where a word's
+// beginning is common in names (Cinema, Telecom, Mobile World, Dates) the whole word.
+const std::string noiseWords = R"((?:tax ?invoice|invoice|receipt|bill of supply|cash memo|original|duplicate|welcome|)"
+                               R"(gstin|gst no|bill no|phone|ph:|order|fssai|)"
+                               R"((?:date|dated|tel|telephone|mob|mobile no|cin)(?![\p{L}\p{M}\d])))";
+
 /// A line that is never the vendor: titles, labels, registrations, courtesies, invocations.
 bool isNoise(std::string_view lower) {
-    // At the start of a word only, or every Hotel ("tel"), Medicines ("cin") and Border ("order") would go; where a
-    // word's beginning is common in names (Cinema, Telecom, Mobile World, Dates) the whole word.
-    static const Text::Pattern noise(
-        R"((?<![\p{L}\p{M}\d])(?:tax ?invoice|invoice|receipt|bill of supply|cash memo|original|duplicate|welcome|)"
-        R"(gstin|gst no|bill no|phone|ph:|order|fssai|)"
-        R"((?:date|dated|tel|telephone|mob|mobile no|cin)(?![\p{L}\p{M}\d]))|www|http|@)");
+    static const Text::Pattern noise(R"((?<![\p{L}\p{M}\d]))" + noiseWords + "|www|http|@");
     static const Text::Pattern courtesy(
         R"(\b(?:thank ?you|thanks|please visit|visit (?:us|again|our)|cash (?:sales?|bill)|guest check)\b|\bcopy\W*$|)"
         R"(^\W*(?:visit\b|(?:hi|hello|hey|dear)\b.*[,!]$|(?:re|fwd?)\s*:|)"
         R"(your (?:trip|ride|payment|booking|ticket|purchase|plan|account|recent|monthly|statement|subscription)\b))");
     // Whole lines: "Bill", "Billing Address:", "Payment Successful", "Sold by:  Shipped to:".
     static const Text::Pattern title(
-        R"(^\W*(?:bill|cash|estimate|reprint|from|to|(?:transaction|payment)(?: \w+)?|)"
+        R"(^\W*(?:bill|cash|estimate|reprint|from|to|subject to .*|(?:transaction|payment)(?: \w+)?|)"
         R"((?:sold|paid|bill(?:ed)?|ship(?:ped)?) (?:by|to)|(?:billing|shipping) address|)"
         R"((?:restaurant|seller|merchant|store|shop|vendor|supplier|company)(?: name)?)\W*(?:\s{2}.*)?$)");
     // "No. 12, MG Road", "411001 Pune", "Customer Name: Asha"
@@ -48,7 +49,7 @@ bool reads(std::string_view text) {
         ++all;
         if (Text::isLetter(character)) ++letters;
     }
-    return letters >= 3 && letters * 2 >= all;
+    return letters >= 3 && letters * 2 >= all && all <= 120;
 }
 
 /// Without registration numbers at its end: "(123456-H)", "234567-U (PQR)", "(Reg. No 12/AB)", "Co. No. 4711".
@@ -135,6 +136,15 @@ bool looksMisread(std::string_view line) {
     return whole * 2 < all || (!longWord && !initials) || (small && capital);
 }
 
+/// A line without the columns beside its name: "SHARMA ELECTRICALS  Mob: 98220" is no line of noise.
+std::string_view nameColumn(std::string_view line) {
+    static const Text::Pattern beside(R"((?i)^\s*([^\d:]{5,}?)\s{2,}\W*)" + noiseWords);
+    const auto match = beside.first(line);
+    if (!match) return line;
+    const std::string_view name = line.substr(0, line.find((*match)[1]) + (*match)[1].size());
+    return isNoise(Text::lower(name)) ? line : name;
+}
+
 }  // namespace
 
 std::string vendor(const std::vector<std::string>& lines, Source source) {
@@ -145,7 +155,7 @@ std::string vendor(const std::vector<std::string>& lines, Source source) {
     std::string doubtful;  // the first line of a picture that may be a misread logo; better than nothing
     std::size_t nth = 0;
     for (std::size_t i = 0, count = lookedAt(lines); i < count; ++i) {
-        const std::string_view line = lookedAt(lines[i]);
+        const std::string_view line = nameColumn(lookedAt(lines[i]));
         const std::string lower = Text::lower(line);
         if (!first.empty() && (++nth > headLines || customer.matches(lower))) break;
         if (isNoise(lower)) continue;

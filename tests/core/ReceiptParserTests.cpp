@@ -150,6 +150,9 @@ TEST(ReceiptParser, takesTheFirstUsableLineForTheVendor) {
         {{"Tel: 020 2565", "Mob 98220", "Telephone 1", "Mobile No: 2", "Dated today", "CIN U123", "Orders", "Asha"},
          "Asha"},
         {{"hello@asha.in", "asha.in/www", "Asha Stores"}, "Asha Stores"},
+        {{"Subject to Pune Jurisdiction  Mob: 98220", "SHARMA ELECTRICALS  Mob: 98220", "x"}, "SHARMA ELECTRICALS"},
+        {{"ASHA DESIGNS        TAX INVOICE", "x"}, "ASHA DESIGNS"},
+        {{"Table 4  Bill No 12", "Cash Memo  Asha & Co", "Asha"}, "Asha"},
         // Registration numbers go.
         {{"ASHA CO. (M) BHD (123456-H)"}, "ASHA CO. (M) BHD"},
         {{"Asha's Bakery S/B 234567-U (PQR)"}, "Asha's Bakery S/B"},
