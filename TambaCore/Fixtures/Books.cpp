@@ -1,7 +1,7 @@
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Fixtures.h"
-#include "TambaCore/Fixtures/Dice.h"
+#include "TambaCore/Fixtures/Blank.h"
 #include "TambaCore/Fixtures/Spending.h"
 #include "TambaCore/Receipts/ReceiptParser.h"
 
@@ -51,14 +51,8 @@ private:
     }
 
     void begin() {
-        library_ = Library::make();
+        library_ = blank(dice_);
         library_.onboarded = true;
-        for (std::size_t i = 0; i < library_.categories.size(); ++i)
-            library_.categories.update(i, [&](Category& category) { category.id = dice_.id(); });
-        for (std::size_t i = 0; i < library_.series.size(); ++i)
-            library_.series.update(i, [&](NumberSeries& series) { series.id = dice_.id(); });
-        library_.accounts.update(0, [&](BankAccount& account) { account.id = dice_.id(); });
-
         Business& business = library_.business;
         business.name = "Halad & Ink Studio";
         business.address = "12 Bhandarkar Road\nPune 411004\nMaharashtra";
@@ -143,7 +137,8 @@ private:
                                                        "-" + std::to_string(100 + dice_.below(900));
         std::transform(bill.number.begin(), bill.number.end(), bill.number.begin(),
                        [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
-        bill.time = std::to_string(10 + dice_.below(10)) + ":" + std::to_string(10 + dice_.below(50));
+        bill.time = std::to_string(10 + dice_.below(10));
+        bill.time += ":" + std::to_string(10 + dice_.below(50));
         bill.items = spend.items;
         bill.currency = shop.currency;
         bill.method = spend.method;
@@ -208,7 +203,7 @@ private:
             case Paper::scan:
                 return file(Receipts::scannedPDF, ".pdf", "Scan " + bill.date.iso() + ".pdf");
             case Paper::htmlMail:
-                return file(Receipts::htmlEmail, ".eml", "Your trip receipt.eml");
+                return file(Receipts::htmlEmail, ".eml", "Your receipt.eml");
             case Paper::mailWithPDF:
                 file(Receipts::emailWithPDF, ".eml", "Your invoice.eml");
                 return file(Receipts::invoicePDF, ".pdf", number + ".pdf");

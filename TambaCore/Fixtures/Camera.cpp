@@ -47,7 +47,7 @@ Grey softened(const Grey& sharp) {
 }  // namespace
 
 Image photographed(const Image& sheet, const Camera& camera, std::string_view seed) {
-    const Grey flat = camera.softened ? softened(greyOf(sheet)) : greyOf(sheet);
+    const Grey flat = softened(greyOf(sheet));
     Dice dice(seed);
     const double phase = static_cast<double>(dice.below(628)) / 100;
     const double width = flat.width, height = flat.height;

@@ -1,6 +1,6 @@
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Fixtures.h"
-#include "TambaCore/Fixtures/Dice.h"
+#include "TambaCore/Fixtures/Blank.h"
 
 #include <algorithm>
 #include <array>
@@ -32,7 +32,7 @@ constexpr std::size_t ocrLength = 600;
 
 class LargeMaker {
 public:
-    explicit LargeMaker(Day today) : first_(today.addingDays(-daysBack)), library_(Library::make()) {}
+    explicit LargeMaker(Day today) : first_(today.addingDays(-daysBack)), library_(blank(dice_)) {}
 
     Library make(int expenses, int invoices, int bankLines) {
         begin(invoices);
@@ -73,12 +73,7 @@ private:
         library_.business.name = "Halad & Ink Studio";
         library_.business.stateCode = "27";
         library_.business.taxID = GSTIN::make("27", "BKXPD7312L", "1");
-        for (std::size_t i = 0; i < library_.categories.size(); ++i)
-            library_.categories.update(i, [&](Category& category) { category.id = dice_.id(); });
-        for (std::size_t i = 0; i < library_.series.size(); ++i)
-            library_.series.update(i, [&](NumberSeries& series) { series.id = dice_.id(); });
         library_.series.update(0, [](NumberSeries& series) { series.pattern = "INV/{FY}/{#####}"; });
-        library_.accounts.update(0, [&](BankAccount& account) { account.id = dice_.id(); });
         for (int i = 0; i < 20 + invoices / 100; ++i) {
             Client client;
             client.id = dice_.id();

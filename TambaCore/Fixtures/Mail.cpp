@@ -118,9 +118,9 @@ std::string htmlEmail(const Bill& bill) {
         "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\">\n<style>body{font-family:sans-serif;color:#222}"
         "td{padding:6px 12px}.sum td{border-top:1px solid #ccc;font-weight:bold}</style></head>\n<body>\n";
     html += "<h1 style=\"color:#" + bill.accentHex + "\">" + escaped(bill.vendor) + "</h1>\n";
-    html += "<p>Thanks for riding with us. Here is your receipt.</p>\n";
-    html += "<p>Date: " + bill.date.formatted("d MMMM yyyy") + ", " + bill.time + "<br>Trip " + escaped(bill.number) +
-            "</p>\n<table>\n";
+    html += "<p>Thank you for your payment. Here is your receipt.</p>\n";
+    html += "<p>Date: " + bill.date.formatted("d MMMM yyyy") + ", " + bill.time + "<br>Receipt no. " +
+            escaped(bill.number) + "</p>\n<table>\n";
     const auto row = [&html](const std::string& label, const std::string& value, const char* look) {
         html += std::string("<tr") + look + "><td>" + escaped(label) + "</td><td align=\"right\">&nbsp;" + value +
                 "</td></tr>\n";
@@ -137,7 +137,7 @@ std::string htmlEmail(const Bill& bill) {
     if (!bill.gstin.empty()) html += "<p>GSTIN " + bill.gstin + "</p>\n";
     html += "<p style=\"font-size:11px;color:#777\">" + Text::replaceAll(escaped(bill.address), "\n", ", ") +
             "</p>\n</body></html>\n";
-    return headers(bill, "Your trip receipt, " + bill.date.formatted("d MMMM") + " – " + amount(bill, bill.total()),
+    return headers(bill, "Your receipt, " + bill.date.formatted("d MMMM") + " – " + amount(bill, bill.total()),
                    "text/html; charset=utf-8") +
            "Content-Transfer-Encoding: quoted-printable\r\n\r\n" + quotedPrintable(html);
 }

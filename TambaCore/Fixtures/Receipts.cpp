@@ -279,8 +279,7 @@ std::string tillBillJPEG(const Bill& bill) {
                         .table = static_cast<int>(between(58, 104)),
                         .dimming = between(0.06, 0.2),
                         .fading = between(0.1, 0.3),
-                        .grain = 3,
-                        .softened = true};
+                        .grain = 3};
     return ImageFile::jpeg(photographed(tillBill(bill), camera, seed), 78);
 }
 
@@ -295,8 +294,7 @@ std::string invoicePDF(const Bill& bill) {
 std::string scannedPDF(const Bill& bill) {
     auto sheet = PDFCanvas::bitmap(a4, 200.0 / 72);
     drawInvoice(sheet, bill);
-    const Camera scanner{
-        .degrees = 0.3, .margin = 0, .paper = 246, .table = 214, .fading = 0.12, .grain = 3, .softened = true};
+    const Camera scanner{.degrees = 0.3, .margin = 0, .paper = 246, .table = 214, .fading = 0.12, .grain = 3};
     Image scan = photographed(*sheet.image(), scanner, bill.number);
     scan.jpeg = ImageFile::jpeg(scan, 70);
     const Instant created = std::chrono::sys_days(std::chrono::days(bill.date.number())) + std::chrono::hours(9);
