@@ -29,7 +29,7 @@ class Recogniser;
 
 /// Gets lines of text out of pictures (JPEG, PNG, TIFF, WebP, GIF, BMP, HEIC) and PDFs, on this machine. What a file is
 /// is told by its content. One engine is made at the first use and kept: make one reader per worker thread and reuse
-/// it. Bounded for hostile files: three pages of a PDF, 100 megapixels of a picture (200 of a JPEG), 20 seconds of
+/// it. Bounded for hostile files: three pages of a PDF, 100 megapixels of a picture (200 of a JPEG), ten seconds of
 /// recognition a page.
 class ReceiptReader {
 public:

@@ -17,7 +17,7 @@ namespace tamba {
 namespace {
 
 /// A picture of noise can keep the engine busy for many minutes; a receipt takes a second.
-constexpr int deadlineMilliseconds = 20'000;
+constexpr int deadlineMilliseconds = 10'000;
 /// Below this confidence (of 100) the first words of a page are a logo, handwriting or the edge of the table.
 constexpr double readable = 50;
 /// A gap between two words wider than this many heights parts two columns.
@@ -147,8 +147,20 @@ std::string Recogniser::repairedDigits(std::string_view text) {
     static const Text::Pattern splitDecimals(R"((?<=\d)(?:\. | \.)(?=\d{2}(?![\d.,])))");
     static const Text::Pattern splitThousands(R"((?<=\d), (?=(?:\d{2},)?\d{3}\.\d{2}(?!\d)))");
     static const Text::Pattern decimalComma(R"((?<![\d.,])(\d+),(?=\d{2}(?![\d.,])))");
+    // The model likes to see foreign money: a sign counts only before a price.
+    static const Text::Pattern notPounds(R"(£(?!\s?\d[\d,]*\.\d{2}(?!\d)))");
+    static const Text::Pattern notEuros(R"(€(?!\s?\d[\d,]*\.\d{2}(?!\d)))");
+    static const Text::Pattern notDollars(R"(\$(?=\p{L}|\d{7}))");
+    static const Text::Pattern notYen(R"(¥(?!\d))");
+    // What is left of a ₹ before a price.
+    static const Text::Pattern strayLetter(R"((?<![\p{L}\d.,])[XTF](?=\d[\d,]*\.\d{2}(?!\d)))");
     std::string result = apostrophe.replaceAll(text, "'");
     result = strayMarks.replaceAll(result, "");
+    result = notPounds.replaceAll(result, "E");
+    result = notEuros.replaceAll(result, "C");
+    result = notDollars.replaceAll(result, "S");
+    result = notYen.replaceAll(result, "Y");
+    result = strayLetter.replaceAll(result, "");
     result = letterO.replaceAll(result, "0");
     result = splitDecimals.replaceAll(result, ".");
     result = splitThousands.replaceAll(result, ",");

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
+#include <vector>
 
 namespace tamba::RupeeSign {
 namespace {
@@ -30,6 +30,19 @@ int threshold(const std::array<std::int64_t, 256>& histogram) {
         }
     }
     return result;
+}
+
+bool hasTwoUpperBars(const std::vector<double>& longestRuns, double share) {
+    const double height = double(longestRuns.size());
+    int bars = 0;
+    bool inBar = false;
+    for (std::size_t y = 0; y < longestRuns.size(); ++y) {
+        const bool bar = longestRuns[y] >= share;
+        if (bar && double(y) >= 0.85 * height) return false;
+        if (bar && !inBar && double(y) < 0.55 * height) ++bars;
+        inBar = bar;
+    }
+    return bars == 2;
 }
 
 }  // namespace
@@ -59,20 +72,18 @@ bool isAt(const Raster& grey, const TextBox& box) {
     const int width = inkRight - inkLeft, height = inkBottom - inkTop;
     if (width < 4 || height < 8) return false;
 
-    int upperBands = 0;
-    bool inBand = false, atFoot = false;
+    std::vector<double> longestRuns;  // of dark pixels in each row, as a share of the width
     for (int y = inkTop; y < inkBottom; ++y) {
         int run = 0, longest = 0;
         for (int x = inkLeft; x < inkRight; ++x) {
             run = pixel(x, y) <= limit ? run + 1 : 0;
             longest = std::max(longest, run);
         }
-        const bool bar = longest >= 0.72 * width;
-        if (bar && !inBand && y - inkTop < 0.55 * height) ++upperBands;
-        if (bar && y - inkTop >= 0.85 * height) atFoot = true;
-        inBand = bar;
+        longestRuns.push_back(double(longest) / width);
     }
-    return upperBands == 2 && !atFoot;
+    // In heavy print the bars run into each other at the first share, in slanted print they are shorter than the
+    // second.
+    return hasTwoUpperBars(longestRuns, 0.72) || hasTwoUpperBars(longestRuns, 0.8);
 }
 
 }  // namespace tamba::RupeeSign
