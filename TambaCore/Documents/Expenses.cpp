@@ -90,7 +90,7 @@ Library remove(Library library, const UUID& id) {
 Expense withCategory(const Library& library, Expense expense, std::optional<UUID> category) {
     const Category* found = category ? library.category(*category) : nullptr;
     expense.categoryID = category;
-    expense.claimTax = found && found->claimsTax;
+    expense.claimTax = found && found->claimsTax && chargesTax(library.business.regime);
     return expense;
 }
 

@@ -25,7 +25,8 @@ namespace tamba::Expenses {
 [[nodiscard]] Library replace(Library library, Expense expense);
 /// Also frees the bank line it was matched with and the lines of drafts that bill it. Its files are the store's.
 [[nodiscard]] Library remove(Library library, const UUID& id);
-/// With another category; `claimTax` follows the category.
+/// With another category; `claimTax` follows the category. A business that charges no tax claims none back either: the
+/// composition scheme and the unregistered have no input credit (CGST Act 2017, sections 10(4) and 16(1)).
 [[nodiscard]] Expense withCategory(const Library& library, Expense expense, std::optional<UUID> category);
 /// With another tax total, divided by the vendor's and the business's states; a total of 0 clears the split.
 [[nodiscard]] Expense withTax(const Library& library, Expense expense, std::int64_t tax);

@@ -119,6 +119,9 @@ TEST(Expenses, claimTaxWhereTheirCategoryDoes) {
     EXPECT_FALSE(claims(UUID::random()));
     EXPECT_EQ(Expenses::withCategory(library, anExpense(), category(library, "Travel")).categoryID,
               category(library, "Travel"));
+    Library composition = library;
+    composition.business.regime = TaxRegime::gstComposition;
+    EXPECT_FALSE(Expenses::withCategory(composition, anExpense(), category(library, "Travel")).claimTax);
 }
 
 TEST(Expenses, divideTheirTaxByTheStates) {
