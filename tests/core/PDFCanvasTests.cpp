@@ -199,13 +199,13 @@ TEST(PDFCanvas, textIsFoundAgainInTheDocument) {
     canvas.text("परामर्श सेवाएँ", 40, 80, 500, style);
     canvas.text("வணக்கம்", 40, 120, 500, {.font = PDFCanvas::systemFont(10, PDFCanvas::Weight::bold)});
     canvas.text("broken \xFF byte", 40, 160, 500, style);
-    const std::string text = readBack("pdftotext", *canvas.finish(), "-");
+    const std::string text = readBack("/usr/bin/pdftotext", *canvas.finish(), "-");
     for (const char* expected : {"Total ₹12,34,567.89", "परामर्श सेवाएँ", "வணக்கம்", "broken \uFFFD byte"})
         EXPECT_NE(text.find(expected), std::string::npos) << expected << " in " << text;
 }
 
 TEST(PDFCanvas, namesTitleAuthorMakerAndTheGivenTime) {
-    const std::string info = readBack("TZ=UTC pdfinfo -isodates", *aDocument().finish(), "");
+    const std::string info = readBack("TZ=UTC /usr/bin/pdfinfo -isodates", *aDocument().finish(), "");
     for (const char* expected : {"Title:           Invoice ₹ पुणे", "Author:          Kulkarni", "Creator:         Tamba",
                                  "CreationDate:    2026-09-21T14:13:20", "595 x 842 pts"})
         EXPECT_NE(info.find(expected), std::string::npos) << expected << " in " << info;
@@ -230,7 +230,7 @@ TEST(PDFCanvas, eachBeginPageMakesAPageEvenAnEmptyOne) {
         for (int page = 0; page < pages; ++page) canvas.beginPage();
         EXPECT_TRUE(canvas.pageOpen());
         canvas.text("last page", 40, 40, 500, {});
-        const std::string info = readBack("pdfinfo", *canvas.finish(), "");
+        const std::string info = readBack("/usr/bin/pdfinfo", *canvas.finish(), "");
         EXPECT_NE(info.find("Pages:           " + std::to_string(pages) + "\n"), std::string::npos) << info;
     }
 }
@@ -246,7 +246,7 @@ TEST(PDFCanvas, keepsAPhotographAsTheJPEGItCameAs) {
     canvas.draw(photo, {0, 0, 300, 200});
     const std::string pdf = *canvas.finish();
     EXPECT_NE(pdf.find(photo.jpeg), std::string::npos);
-    EXPECT_NE(readBack("pdfimages -list", pdf, "").find(" jpeg "), std::string::npos);
+    EXPECT_NE(readBack("/usr/bin/pdfimages -list", pdf, "").find(" jpeg "), std::string::npos);
 }
 
 TEST(PDFCanvas, findsFacesByPostScriptNameAndFallsBackToTheSystemFont) {
@@ -254,7 +254,7 @@ TEST(PDFCanvas, findsFacesByPostScriptNameAndFallsBackToTheSystemFont) {
     EXPECT_NE(PDFCanvas::font("NotoSans-Bold", 9), PDFCanvas::systemFont(9));
     auto canvas = aDocument();
     canvas.text("Emphasised", 40, 40, 500, {.font = PDFCanvas::font("NotoSans-Bold", 9)});
-    EXPECT_NE(readBack("pdffonts", *canvas.finish(), "").find("NotoSans-Bold"), std::string::npos);
+    EXPECT_NE(readBack("/usr/bin/pdffonts", *canvas.finish(), "").find("NotoSans-Bold"), std::string::npos);
 }
 
 TEST(PDFCanvasDeathTest, drawingNeedsAnOpenPage) {
