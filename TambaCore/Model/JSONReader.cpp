@@ -42,7 +42,7 @@ namespace od = simdjson::ondemand;
         case simdjson::CAPACITY:
             throw DecodeError("The file is too large for this machine");
         default:
-            throw DecodeError("The file is damaged or cut off here");
+            throw DecodeError("The file is damaged or cut off");
     }
 }
 

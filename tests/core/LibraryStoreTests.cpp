@@ -66,7 +66,7 @@ TEST(LibraryStore, aDamagedFileIsReportedAndLeftAlone) {
     } catch (const StoreError& error) {
         EXPECT_EQ(error.code(), StoreError::Code::unreadable);
         EXPECT_STREQ(error.what(),
-                     "Tamba couldn’t read its library: The file is damaged or cut off here. A daily backup is in the "
+                     "Tamba couldn’t read its library: The file is damaged or cut off. A daily backup is in the "
                      "Backups folder.");
     }
     EXPECT_EQ(contents(store.fileURL()), "{\"version\": 1, \"ru");

@@ -83,7 +83,7 @@ TEST(ModelsJSON, aWrongFileNamesTheCulprit) {
         {"\"vendor\": \"Chai Point\"", "\"vendor\": \"A\", \"vendor\": \"B\"",
          "Key written twice (expenses[0].vendor)"},
         {"\"version\": 1", "\"version\": 1, \"x\": 1, \"x\": 2", "Key written twice (x)"},
-        {"\"version\": 1", "\"version\": 1, \"x\": [1, nonsense]", "The file is damaged or cut off here (x)"},
+        {"\"version\": 1", "\"version\": 1, \"x\": [1, nonsense]", "The file is damaged or cut off (x)"},
     };
     for (const auto& c : cases) EXPECT_EQ(whyNot(with(library, c.piece, c.other)), c.message) << c.other;
 
