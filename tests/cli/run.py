@@ -52,7 +52,7 @@ class Session:
             "HOME": str(self.folder / ".home"),
             "DATA": str(HERE / "data"),
             "TAMBA_LIBRARY_DIR": "Books",
-            "TZ": "Asia/Kolkata",
+            "TZ": "IST-5:30",  # Indian time, also where no time zones are installed
         }
 
     def books(self, name):
