@@ -163,7 +163,7 @@ def main():
     options.add_argument("transcripts", nargs="*", type=pathlib.Path)
     chosen = options.parse_args()
     cli = chosen.cli.resolve()
-    paths = chosen.transcripts or sorted(HERE.glob("*.test"))
+    paths = [HERE / name.name for name in chosen.transcripts] or sorted(HERE.glob("*.test"))
 
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         jobs = [pool.submit(run_transcript, path, cli, chosen.approve) for path in paths]
