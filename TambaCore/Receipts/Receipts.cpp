@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace tamba::ReceiptScanner {
@@ -54,13 +55,28 @@ struct Scan {
     Day today;
     const std::atomic<bool>* cancel;
 
+    [[nodiscard]] ReceiptGuess parse(const Reader::Lines& read) const {
+        if (!read.recognised) return ReceiptParser::parse(read.lines, order, today);
+        ReceiptGuess guess = ReceiptParser::parse(read.lines, order, today, ReceiptParser::Source::recognised);
+        if (!guess.total || !hasDoubt(guess, Doubt::sumsDoNotClose)) return guess;
+        // A ₹ that touches its figure is often read as a digit. Where the bill adds up without it, that is what it was.
+        std::vector<std::string> lines = read.lines;
+        for (std::string& line : lines) {
+            const auto amounts = ReceiptParser::amounts(line);
+            const std::size_t figure = line.find_last_of(' ') + 1;
+            const bool isTotal = !amounts.empty() && amounts.back() == *guess.total;
+            if (isTotal && std::string_view("237").find(line[figure]) != std::string::npos) line.erase(figure, 1);
+        }
+        ReceiptGuess mended = ReceiptParser::parse(lines, order, today, ReceiptParser::Source::recognised);
+        return hasDoubt(mended, Doubt::sumsDoNotClose) ? guess : mended;
+    }
+
     /// Looks at a picture again, slower, for a date or a total that the looks before did not give.
     [[nodiscard]] ReceiptGuess file(const std::filesystem::path& path) const {
         std::optional<ReceiptGuess> guess;
         for (const Reader::Pass pass : {Reader::Pass::block, Reader::Pass::sparse, Reader::Pass::faded}) try {
                 const Reader::Lines read = reader.lines(path, cancel, pass);
-                const auto source = read.recognised ? ReceiptParser::Source::recognised : ReceiptParser::Source::text;
-                ReceiptGuess look = ReceiptParser::parse(read.lines, order, today, source);
+                ReceiptGuess look = parse(read);
                 if (guess)
                     fill(*guess, look);
                 else

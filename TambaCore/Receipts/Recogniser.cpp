@@ -137,7 +137,17 @@ Recogniser::Observations Recogniser::observations(const Raster& grey, Layout lay
     if (firstReadable != confidences.end())
         result.erase(result.begin(), result.begin() + (firstReadable - confidences.begin()));
     for (auto& [box, text] : result) text = repairedDigits(text);
+    mendGroups(result);
     return result;
+}
+
+void Recogniser::mendGroups(Observations& observations) {
+    static const Text::Pattern indian(R"((?<![\d,])\d{1,2}(?:,\d{2})+,\d{3}(?![\d,]))");
+    static const Text::Pattern threeDigits(R"((?<![\d.,₹])[237](?=\d{2},\d{3}(?:\.\d{2})?(?![\d,])))");
+    const bool isIndian = std::any_of(observations.begin(), observations.end(),
+                                      [](const auto& observation) { return indian.matches(observation.second); });
+    if (!isIndian) return;
+    for (auto& [box, text] : observations) text = threeDigits.replaceAll(text, "₹");
 }
 
 std::string Recogniser::repairedDigits(std::string_view text) {

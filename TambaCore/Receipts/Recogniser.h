@@ -26,6 +26,8 @@ public:
     /// Misread figures of a recognised line put right: "39. 80" is 39.80, "2,10" is 2.10, "1O5" is 105. Only for text
     /// that comes from a picture.
     [[nodiscard]] static std::string repairedDigits(std::string_view text);
+    /// On a page with figures like 1,23,456 a "221,237.00" was ₹21,237.00.
+    static void mendGroups(Observations& observations);
 
 private:
     struct Engine;

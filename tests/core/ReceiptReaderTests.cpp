@@ -85,6 +85,20 @@ TEST(Recogniser, mendsFiguresThatPicturesGiveWrong) {
     for (const auto& [read, meant] : cases) EXPECT_EQ(Recogniser::repairedDigits(read), meant);
 }
 
+TEST(Recogniser, mendsGroupsThatAreNotIndianOnIndianBills) {
+    const auto mended = [](std::vector<std::string> texts) {
+        Recogniser::Observations observations;
+        for (std::string& text : texts) observations.emplace_back(TextBox{}, std::move(text));
+        Recogniser::mendGroups(observations);
+        texts.clear();
+        for (auto& [box, text] : observations) texts.push_back(std::move(text));
+        return texts;
+    };
+    EXPECT_THAT(mended({"Rent 1,23,456.78", "Total 221,237.00", "7,015.75", "2,21,237.00", "521,237"}),
+                ElementsAre("Rent 1,23,456.78", "Total ₹21,237.00", "7,015.75", "2,21,237.00", "521,237"));
+    EXPECT_THAT(mended({"Total 221,237.00", "7,015.75"}), ElementsAre("Total 221,237.00", "7,015.75"));
+}
+
 TEST(RupeeSign, isToldFromTheDigitsThatItIsReadAs) {
     const std::pair<const char*, bool> cases[] = {{"₹", true},  {"2", false}, {"3", false}, {"7", false},
                                                   {"X", false}, {"Z", false}, {"T", false}};

@@ -82,6 +82,14 @@ TEST_F(ReceiptScannerTest, readsAPicture) {
     EXPECT_THAT(result.temporary, IsEmpty());
 }
 
+TEST_F(ReceiptScannerTest, dropsAFirstDigitThatWasARupeeSign) {
+    const Bill read{{"Chai Point", ""},   {"Date: 14/10/2026", ""}, {"Subtotal", "400.00"},
+                    {"CGST 9%", "36.00"}, {"SGST 9%", "36.00"},     {"Grand Total", "2472.00"}};
+    EXPECT_EQ(scan(file("bill.png", ImageFile::png(testing::scanned(read)))).guess.total, 47200);
+    // A text layer says what it means.
+    EXPECT_EQ(scan(file("bill.pdf", testing::pdf({read}))).guess.total, 247200);
+}
+
 TEST_F(ReceiptScannerTest, looksAgainAtFadedPaper) {
     // The black edge of the table makes one threshold for the whole picture see nothing but itself.
     Image faded = testing::scanned(tea, Color::gray(0.8));
