@@ -174,10 +174,10 @@ int listExpenses(const Context& context, const ExpenseFilter& filter) {
     std::int64_t total = 0;
     std::size_t leftOut = 0;
     for (const Expense* expense : found) {
-        if (const auto amount = Expenses::inHomeCurrency(library, *expense, expense->amount))
-            total = Checked::add(total, *amount);
-        else
-            ++leftOut;
+        const auto amount = Expenses::inHomeCurrency(library, *expense, expense->amount);
+        const auto sum = amount ? Checked::tryAdd(total, *amount) : std::nullopt;
+        total = sum.value_or(total);
+        if (!sum) ++leftOut;
     }
     if (context.json) {
         JSON records = JSON::array();

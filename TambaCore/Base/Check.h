@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 namespace tamba {
 
@@ -27,6 +28,13 @@ namespace Checked {
 [[nodiscard]] inline std::int64_t mul(std::int64_t a, std::int64_t b) {
     std::int64_t result = 0;
     if (__builtin_mul_overflow(a, b, &result)) fatal("overflow in multiplication");
+    return result;
+}
+
+/// The sum, or nothing where it does not fit: for figures that come from outside and may be left out.
+[[nodiscard]] inline std::optional<std::int64_t> tryAdd(std::int64_t a, std::int64_t b) {
+    std::int64_t result = 0;
+    if (__builtin_add_overflow(a, b, &result)) return std::nullopt;
     return result;
 }
 

@@ -147,7 +147,7 @@ std::optional<std::string> attention(const Library& library, const Expense& expe
     if (!isBelievable(expense) || tooFar) return "A figure is too large to be right" + left;
     if (!inHomeCurrency(library, expense, expense.amount)) {
         if (expense.rateMicros > 0) return "The exchange rate is too large to be right" + left;
-        return "The exchange rate from " + expense.currency + " is missing" + left;
+        return "Add the exchange rate to include this in reports.";
     }
     if (expense.check) return expense.check;
     if (expense.amount == 0) return "The amount is missing.";

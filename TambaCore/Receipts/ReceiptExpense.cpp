@@ -84,9 +84,8 @@ Expense expense(const Library& library, const ReceiptGuess& guess, Expense blank
     result.date = guess.date.value_or(today);
 
     const Currency currency = guess.currency ? Currency::of(*guess.currency) : library.home();
-    const auto rate = library.rate(currency.code);
     result.currency = currency.code;
-    result.rateMicros = rate.value_or(0);
+    result.rateMicros = library.rate(currency.code).value_or(0);  // 0: the expense asks for it
     result.amount = minor(guess.total.value_or(0), currency);
     result = withTaxRead(library, std::move(result), guess, currency);
 
@@ -102,7 +101,6 @@ Expense expense(const Library& library, const ReceiptGuess& guess, Expense blank
     if (!guess.text.empty()) result.ocrText = Text::prefix(guess.text, longestText);
     std::vector<std::string> sentences;
     for (const Doubt doubt : guess.doubts) sentences.emplace_back(sentence(doubt));
-    if (!rate) sentences.push_back("The exchange rate from " + currency.code + " is missing.");
     result.check = sentences.empty() ? std::nullopt : std::optional(Text::join(sentences, " "));
     return result;
 }

@@ -224,7 +224,7 @@ TEST(Expenses, sayWhatWantsALook) {
              e.rateMicros = 0;
              e.check = "No date was found.";
          },
-         "The exchange rate from USD is missing, so the reports leave this expense out."},
+         "Add the exchange rate to include this in reports."},
         {[](Expense& e) { e.check = "No date was found."; }, "No date was found."},
         {[](Expense& e) { e.amount = 0; }, "The amount is missing."},
         {[](Expense& e) { e.amount = 1799; }, "The tax is more than the amount."},
