@@ -1,5 +1,6 @@
 #include "TambaCore/Receipts/Recogniser.h"
 
+#include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Receipts/RupeeSign.h"
 
@@ -71,6 +72,23 @@ bool hasContent(std::string_view word) {
     return std::any_of(characters.begin(), characters.end(), Text::isLetterOrDigit);
 }
 
+/// Reads a language model and strikes its list of English words, by which the engine would "correct" names and codes;
+/// no setting keeps this kind of model from using it. The file begins with the number of its components and where each
+/// begins (little-endian, 4 and 8 bytes); -1 stands for one that is not there.
+bool readModelWithoutWords(const char* file, std::vector<char>* model) {
+    constexpr std::size_t wordList = 19;
+    try {
+        const std::string bytes = Files::read(file);
+        model->assign(bytes.begin(), bytes.end());
+    } catch (const FileError&) {
+        return false;
+    }
+    const std::size_t at = 4 + 8 * wordList;
+    if (model->size() > 4 && static_cast<std::uint8_t>(model->front()) > wordList && model->size() >= at + 8)
+        std::fill_n(model->begin() + at, 8, '\xFF');
+    return true;
+}
+
 }  // namespace
 
 struct Recogniser::Engine {
@@ -79,11 +97,9 @@ struct Recogniser::Engine {
 };
 
 Recogniser::Recogniser() : engine_(std::make_unique<Engine>()) {
-    // The dictionaries would "correct" codes and numbers.
-    const std::vector<std::string> names{"load_system_dawg", "load_freq_dawg", "debug_file"};
-    const std::vector<std::string> values{"0", "0", "/dev/null"};
-    engine_->ready =
-        engine_->api.Init(nullptr, "eng", tesseract::OEM_LSTM_ONLY, nullptr, 0, &names, &values, false) == 0;
+    const std::vector<std::string> names{"debug_file"}, values{"/dev/null"};
+    engine_->ready = engine_->api.Init(nullptr, 0, "eng", tesseract::OEM_LSTM_ONLY, nullptr, 0, &names, &values, false,
+                                       readModelWithoutWords) == 0;
 }
 
 Recogniser::~Recogniser() = default;
