@@ -1,0 +1,175 @@
+#include "Tamba/AppModel.h"
+
+#include "Tamba/QtText.h"
+#include "TambaCore/Base/Files.h"
+#include "TambaCore/Model/Changes.h"
+
+#include <chrono>
+
+namespace tamba {
+
+using namespace std::chrono_literals;
+
+AppModel::AppModel(std::function<Day()> today, QObject* parent) : QObject(parent), today_(std::move(today)) {
+    // A burst of edits is written once, soon after the last of them.
+    saveTimer_.setSingleShot(true);
+    saveTimer_.setInterval(400ms);
+    connect(&saveTimer_, &QTimer::timeout, this, &AppModel::saveNow);
+}
+
+AppModel::~AppModel() { saveNow(); }
+
+bool AppModel::open(const Path& folder) {
+    if (!saveNow()) return false;
+    // The lock of a folder that is opened again must be given back first.
+    session_.reset();
+    folder_ = folder;
+    problem_.clear();
+    library_ = Library();
+    history_.clear();
+    try {
+        session_ = std::make_unique<LibrarySession>(folder, LibrarySession::Access::write);
+        library_ = session_->loaded() ? *session_->loaded() : Library::make();
+        state_ = State::open;
+    } catch (const LockedError& error) {
+        state_ = State::locked;
+        problem_ = toQt(std::string_view(error.what()));
+    } catch (const std::exception& error) {
+        state_ = State::damaged;
+        problem_ = toQt(std::string_view(error.what()));
+    }
+    setSaving(Saving::saved);
+    emit opened();
+    emit historyChanged();
+    return true;
+}
+
+bool AppModel::attempt(const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const std::exception& error) {
+        emit refused(toQt(std::string_view(error.what())));
+        return false;
+    }
+}
+
+bool AppModel::perform(const QString& title, const Action& action, Undo undo) {
+    if (state_ != State::open) return false;
+    return attempt([&] {
+        Library after = action(library_, today());
+        if (undo == Undo::beginsNewHistory)
+            history_.clear();
+        else if (after == library_)
+            return;
+        else
+            history_.push(toStd(title), library_);
+        install(std::move(after));
+        emit historyChanged();
+    });
+}
+
+void AppModel::install(Library library) {
+    const Library before = std::exchange(library_, std::move(library));
+    setSaving(Saving::pending);
+    saveTimer_.start();
+    emit changed(before, library_);
+}
+
+void AppModel::undo() {
+    if (auto before = history_.undo(library_)) {
+        install(std::move(*before));
+        emit historyChanged();
+    }
+}
+
+void AppModel::redo() {
+    if (auto after = history_.redo(library_)) {
+        install(std::move(*after));
+        emit historyChanged();
+    }
+}
+
+QString AppModel::undoTitle() const { return toQt(history_.undoTitle()); }
+QString AppModel::redoTitle() const { return toQt(history_.redoTitle()); }
+
+void AppModel::setSaving(Saving saving, const QString& problem) {
+    const bool other = saving != saving_ || problem != saveProblem_;
+    saving_ = saving;
+    saveProblem_ = problem;
+    if (other) emit savingChanged();
+}
+
+bool AppModel::saveNow() {
+    saveTimer_.stop();
+    if (saving_ == Saving::saved || state_ != State::open) return true;
+    try {
+        const Library ours = library_;
+        auto saved = session_->save(ours);
+        setSaving(Saving::saved);
+        if (saved.merged) {
+            // Steps from before would take the other machine's work away again.
+            history_.clear();
+            library_ = std::move(saved.library);
+            emit changed(ours, library_);
+            emit historyChanged();
+            reportMerge(saved.conflicts);
+        }
+        return true;
+    } catch (const std::exception& error) {
+        const bool first = saving_ != Saving::failed;
+        setSaving(Saving::failed, toQt(std::string_view(error.what())));
+        if (first) emit refused(saveProblem_);
+        return false;
+    }
+}
+
+void AppModel::reportMerge(const std::vector<Conflict>& conflicts) {
+    if (conflicts.empty()) {
+        emit noticed(tr("Changes made on another computer were brought in."));
+        return;
+    }
+    QStringList lines;
+    for (const Conflict& conflict : conflicts) {
+        const QString what = conflict.field.empty() ? tr("a record in %1").arg(toQt(conflict.list))
+                                                    : tr("%1 in %2").arg(toQt(conflict.field), toQt(conflict.list));
+        lines << tr("• %1: kept %2, there it was %3")
+                     .arg(what, conflict.ours.empty() ? tr("nothing") : toQt(conflict.ours),
+                          conflict.theirs.empty() ? tr("removed") : toQt(conflict.theirs));
+        if (lines.size() == 12 && conflicts.size() > 12) {
+            lines << tr("… and %1 more").arg(conflicts.size() - 12);
+            break;
+        }
+    }
+    emit refused(tr("These books were also changed on another computer. Both sets of changes are in now; where they "
+                    "touched the same thing, this computer’s was kept:") +
+                 QStringLiteral("\n\n") + lines.join(QLatin1Char('\n')));
+}
+
+void AppModel::lookForOtherChanges() {
+    // With changes of our own waiting, the save merges.
+    if (state_ != State::open || saving_ != Saving::saved) return;
+    attempt([this] {
+        auto theirs = session_->reloadIfChanged();
+        if (!theirs || *theirs == library_) return;
+        history_.clear();
+        const Library before = std::exchange(library_, std::move(*theirs));
+        emit changed(before, library_);
+        emit historyChanged();
+        reportMerge({});
+    });
+}
+
+bool AppModel::restore(const std::string& backup) {
+    saveTimer_.stop();
+    return attempt([&] {
+        // What waits for a save goes into the file that is kept beside the backups.
+        if (state_ == State::open && saving_ != Saving::saved) session_->save(library_);
+        setSaving(Saving::saved);
+        session_.reset();
+        (void)LibrarySession::restore(folder_, backup);
+        open(folder_);
+    });
+}
+
+}  // namespace tamba

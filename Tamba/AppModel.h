@@ -1,0 +1,104 @@
+#pragma once
+
+#include "Tamba/History.h"
+#include "TambaCore/Model/LibrarySession.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+namespace tamba {
+
+/// Holds the one open `Library` value and its folder. Every change goes through `perform`: the value is replaced, the
+/// old one kept for undo, the save scheduled, and the screens told "before, after"; they compare and refresh what
+/// differs. Main thread only.
+///
+///     model.perform("Delete Expense", [id](Library l, Day) { return Expenses::remove(std::move(l), id); });
+class AppModel : public QObject {
+    Q_OBJECT
+
+public:
+    using Path = std::filesystem::path;
+    using Action = std::function<Library(Library, Day today)>;
+
+    /// `open`: the books may be changed. `damaged`: the file could not be read, and is never written until a backup is
+    /// restored. `locked`: another Tamba has it. `closed`: before `open`.
+    enum class State { closed, open, damaged, locked };
+    enum class Saving { saved, pending, failed };
+    /// Whether a step can be taken back. What has moved files or left the program cannot, nor can anything before it.
+    enum class Undo { possible, beginsNewHistory };
+
+    explicit AppModel(std::function<Day()> today = Day::today, QObject* parent = nullptr);
+    ~AppModel() override;
+
+    /// Opens the books of a folder in place of the present ones, which are saved first. Never throws: `state()` and
+    /// `problem()` tell how it went. False, with everything as it was, when the present books could not be saved.
+    bool open(const Path& folder);
+
+    [[nodiscard]] State state() const { return state_; }
+    /// The sentence for `damaged` and `locked`.
+    [[nodiscard]] const QString& problem() const { return problem_; }
+    [[nodiscard]] const Path& folder() const { return folder_; }
+    [[nodiscard]] const Library& library() const { return library_; }
+    [[nodiscard]] LibraryStore store() const { return LibraryStore(folder_); }
+    [[nodiscard]] Day today() const { return today_(); }
+
+    /// Carries out one action of the user. A refusal of the core becomes `refused` with its sentence and leaves the
+    /// books as they were; then, and when the books are not open, the result is false.
+    bool perform(const QString& title, const Action& action, Undo undo = Undo::possible);
+    /// Runs something that changes no books and hands a refusal of the core to `refused`.
+    bool attempt(const std::function<void()>& work);
+
+    void undo();
+    void redo();
+    [[nodiscard]] QString undoTitle() const;
+    [[nodiscard]] QString redoTitle() const;
+
+    /// Saves at once when something waits for it. False when that failed.
+    bool saveNow();
+    [[nodiscard]] Saving saving() const { return saving_; }
+    /// Why the last save failed; empty otherwise.
+    [[nodiscard]] const QString& saveProblem() const { return saveProblem_; }
+    [[nodiscard]] bool saveTimerRuns() const { return saveTimer_.isActive(); }
+
+    /// Takes in what another machine has written meanwhile. Called when the window comes to the front.
+    void lookForOtherChanges();
+
+    /// The backups of the folder, newest first, also of damaged books.
+    [[nodiscard]] std::vector<LibrarySession::Backup> backups() const;
+    /// Puts a backup in place of the books; the present file is kept beside the backups. Begins a new history.
+    bool restore(const std::string& backup);
+
+signals:
+    void changed(const tamba::Library& before, const tamba::Library& after);
+    /// Other books, or the same in another state: nothing shown before is valid.
+    void opened();
+    void historyChanged();
+    void savingChanged();
+    /// A finished sentence to be shown in an alert.
+    void refused(const QString& sentence);
+    /// A finished sentence for a passing notice.
+    void noticed(const QString& sentence);
+
+private:
+    void install(Library library);
+    void setSaving(Saving saving, const QString& problem = {});
+    void reportMerge(const std::vector<Conflict>& conflicts);
+
+    std::function<Day()> today_;
+    Path folder_;
+    State state_ = State::closed;
+    QString problem_;
+    std::unique_ptr<LibrarySession> session_;
+    Library library_;
+    History history_;
+    QTimer saveTimer_;
+    Saving saving_ = Saving::saved;
+    QString saveProblem_;
+};
+
+}  // namespace tamba
