@@ -163,13 +163,18 @@ void AppModel::lookForOtherChanges() {
 bool AppModel::restore(const std::string& backup) {
     saveTimer_.stop();
     return attempt([&] {
-        // What waits for a save goes into the file that is kept beside the backups.
-        if (state_ == State::open && saving_ != Saving::saved) session_->save(library_);
-        setSaving(Saving::saved);
-        session_.reset();
-        (void)LibrarySession::restore(folder_, backup);
-        open(folder_);
-    });
+               // What waits for a save goes into the file that is kept beside the backups.
+               if (state_ == State::open && saving_ != Saving::saved) session_->save(library_);
+               setSaving(Saving::saved);
+               session_.reset();
+           }) &&
+           [&] {
+               const bool restored = attempt([&] { (void)LibrarySession::restore(folder_, backup); });
+               open(folder_);
+               return restored;
+           }();
 }
+
+std::vector<LibrarySession::Backup> AppModel::backups() const { return LibrarySession::backups(folder_); }
 
 }  // namespace tamba

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <concepts>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -13,7 +14,10 @@ namespace tamba {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 [[nodiscard]] inline std::string toStd(const QString& text) { return text.toStdString(); }
-[[nodiscard]] inline QString toQt(const std::filesystem::path& path) { return toQt(std::string_view(path.native())); }
+template <std::same_as<std::filesystem::path> Path>  // a text must not become a path unasked
+[[nodiscard]] QString toQt(const Path& path) {
+    return toQt(std::string_view(path.native()));
+}
 [[nodiscard]] inline std::filesystem::path toPath(const QString& path) { return path.toStdString(); }
 
 }  // namespace tamba

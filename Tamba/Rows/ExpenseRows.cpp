@@ -1,0 +1,293 @@
+#include "Tamba/Rows/ExpenseRows.h"
+
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Documents/Expenses.h"
+
+#include <algorithm>
+#include <compare>
+#include <unordered_map>
+
+namespace tamba {
+namespace {
+
+struct Status {
+    std::string text, hint;
+    Tone tone = Tone::none;
+};
+
+bool lacksRate(const Library& library, const Expense& expense) {
+    return expense.rateMicros == 0 && expense.currency != library.business.homeCurrency;
+}
+
+bool lacksCategory(const Library& library, const Expense& expense) {
+    return !expense.categoryID || !library.category(*expense.categoryID);
+}
+
+Status statusOf(const Library& library, const Expense& expense) {
+    const auto attention = Expenses::attention(library, expense);
+    if (!attention) {
+        if (expense.rebilledInvoiceID) return {"Billed", "Billed on to the client.", Tone::neutral};
+        if (expense.billable) return {"Billable", "To be billed on to the client.", Tone::neutral};
+        return {};
+    }
+    if (lacksRate(library, expense))
+        return {"No rate", "Add the exchange rate to include this in reports.", Tone::danger};
+    if (expense.check) return {"Check", *attention, Tone::warning};
+    if (lacksCategory(library, expense) && expense.amount != 0) return {"No category", *attention, Tone::neutral};
+    return {"Check", *attention, Tone::warning};
+}
+
+/// One expense with what it is compared and searched by.
+struct Entry {
+    const Expense* expense;
+    const Category* category;
+    Status status;
+    std::int64_t home;  ///< amount in the home currency, for ordering by size
+};
+
+bool fits(const Library& library, const Entry& entry, const std::vector<std::string>& words) {
+    if (words.empty()) return true;
+    const Expense& e = *entry.expense;
+    const Currency currency = Currency::of(e.currency);
+    std::string all = e.vendor + '\n' + e.notes + '\n' + e.vendorTaxID + '\n' + e.date.formatted("d MMM yyyy") + '\n' +
+                      MoneyFormat::string(e.amount, currency) + '\n' + MoneyFormat::plain(e.amount, currency) + '\n' +
+                      std::string(title(e.method)) + '\n' + entry.status.text;
+    if (entry.category) all += '\n' + entry.category->name;
+    if (e.clientID)
+        if (const Client* client = library.client(*e.clientID)) all += '\n' + client->name;
+    if (e.projectID)
+        if (const Project* project = library.project(*e.projectID)) all += '\n' + project->name;
+    if (e.ocrText) all += '\n' + *e.ocrText;
+    all = Text::lower(all);
+    return std::all_of(words.begin(), words.end(),
+                       [&all](const std::string& word) { return Text::contains(all, word); });
+}
+
+int compare(const Entry& a, const Entry& b, ExpenseOrder order) {
+    const auto sign = [](auto x, auto y) { return x < y ? -1 : y < x ? 1 : 0; };
+    switch (order) {
+        case ExpenseOrder::vendor:
+            return Text::compareForPeople(a.expense->vendor, b.expense->vendor);
+        case ExpenseOrder::category:
+            return Text::compareForPeople(a.category ? a.category->name : "", b.category ? b.category->name : "");
+        case ExpenseOrder::amount:
+            return sign(a.home, b.home);
+        case ExpenseOrder::tax:
+            return sign(a.expense->tax, b.expense->tax);
+        case ExpenseOrder::method:
+            return sign(a.expense->method, b.expense->method);
+        case ExpenseOrder::status:
+            return sign(a.status.text, b.status.text);
+        case ExpenseOrder::date:
+            break;
+    }
+    return 0;
+}
+
+ExpenseRow rowOf(const Entry& entry) {
+    const Expense& e = *entry.expense;
+    const Currency currency = Currency::of(e.currency);
+    ExpenseRow row;
+    row.id = e.id;
+    row.date = e.date.formatted("d MMM yyyy");
+    row.vendor = e.vendor;
+    row.amount = MoneyFormat::string(e.amount, currency);
+    if (e.tax != 0) row.tax = MoneyFormat::string(e.tax, currency);
+    row.method = title(e.method);
+    row.status = entry.status.text;
+    row.hint = entry.status.hint;
+    row.tone = entry.status.tone;
+    row.receipt = !e.attachments.empty();
+    if (entry.category) {
+        row.category = entry.category->name;
+        row.symbol = entry.category->symbol;
+        row.colorHex = entry.category->colorHex;
+    }
+    return row;
+}
+
+}  // namespace
+
+ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
+    std::unordered_map<UUID, const Category*> categories;
+    for (const Category& category : library.categories) categories.emplace(category.id, &category);
+    std::vector<std::string> words;
+    for (const std::string& word : Text::split(Text::lower(Text::trim(filter.search)), ' '))
+        if (!word.empty()) words.push_back(word);
+
+    std::vector<Entry> entries;
+    for (const Expense& expense : library.expenses) {
+        if (filter.days && (expense.date < filter.days->from || filter.days->to < expense.date)) continue;
+        if (!belongsTo(library, expense, filter.list)) continue;
+        const auto found = expense.categoryID ? categories.find(*expense.categoryID) : categories.end();
+        Entry entry{&expense, found == categories.end() ? nullptr : found->second, statusOf(library, expense),
+                    Expenses::inHomeCurrency(library, expense, expense.amount).value_or(0)};
+        if (fits(library, entry, words)) entries.push_back(std::move(entry));
+    }
+    std::sort(entries.begin(), entries.end(), [&filter](const Entry& a, const Entry& b) {
+        if (const int order = compare(a, b, filter.order); order != 0) return filter.ascending ? order < 0 : order > 0;
+        // Within equals the latest comes first; by date, as chosen.
+        const bool up = filter.order == ExpenseOrder::date && filter.ascending;
+        const auto key = [](const Expense& e) { return std::tuple(e.date, e.createdAt, e.id); };
+        return up ? key(*a.expense) < key(*b.expense) : key(*b.expense) < key(*a.expense);
+    });
+
+    ExpenseTable table;
+    std::int64_t total = 0, tax = 0;
+    std::size_t leftOut = 0;
+    table.rows.reserve(entries.size());
+    for (const Entry& entry : entries) {
+        table.rows.push_back(rowOf(entry));
+        const auto home = Expenses::inHomeCurrency(library, *entry.expense, entry.expense->amount);
+        const auto claimed = Expenses::inHomeCurrency(library, *entry.expense, entry.expense->tax);
+        std::int64_t sum = 0;
+        // Each is believable, yet thousands at the limit would not fit.
+        if (!home || __builtin_add_overflow(total, *home, &sum)) {
+            ++leftOut;
+            continue;
+        }
+        total = sum;
+        if (entry.expense->claimTax && claimed && !__builtin_add_overflow(tax, *claimed, &sum)) tax = sum;
+    }
+    const std::size_t count = entries.size();
+    table.count = std::to_string(count) + (count == 1 ? " expense" : " expenses");
+    table.total = MoneyFormat::string(total, library.home());
+    table.tax = MoneyFormat::string(tax, library.home());
+    if (leftOut > 0) table.leftOut = std::to_string(leftOut) + " left out until the exchange rate is added";
+    return table;
+}
+
+bool belongsTo(const Library& library, const Expense& expense, ExpenseList list) {
+    switch (list) {
+        case ExpenseList::all:
+            return true;
+        case ExpenseList::toCheck:
+            return expense.check.has_value();
+        case ExpenseList::withoutCategory:
+            return lacksCategory(library, expense);
+        case ExpenseList::withoutRate:
+            return lacksRate(library, expense);
+        case ExpenseList::billable:
+            return expense.billable && !expense.rebilledInvoiceID;
+        case ExpenseList::mileage:
+            return expense.kind == ExpenseKind::mileage;
+    }
+    return false;
+}
+
+std::size_t countOf(const Library& library, ExpenseList list) {
+    return static_cast<std::size_t>(std::count_if(library.expenses.begin(), library.expenses.end(),
+                                                  [&](const Expense& e) { return belongsTo(library, e, list); }));
+}
+
+std::string_view title(ExpenseList list) {
+    switch (list) {
+        case ExpenseList::all:
+            return "Expenses";
+        case ExpenseList::toCheck:
+            return "To check";
+        case ExpenseList::withoutCategory:
+            return "No category";
+        case ExpenseList::withoutRate:
+            return "No exchange rate";
+        case ExpenseList::billable:
+            return "Billable";
+        case ExpenseList::mileage:
+            return "Mileage";
+    }
+    return {};
+}
+
+std::string_view title(PaymentMethod method) {
+    switch (method) {
+        case PaymentMethod::upi:
+            return "UPI";
+        case PaymentMethod::card:
+            return "Card";
+        case PaymentMethod::bank:
+            return "Bank transfer";
+        case PaymentMethod::cash:
+            return "Cash";
+        case PaymentMethod::pettyCash:
+            return "Petty cash";
+        case PaymentMethod::cheque:
+            return "Cheque";
+        case PaymentMethod::wallet:
+            return "Wallet";
+        case PaymentMethod::other:
+            return "Other";
+    }
+    return {};
+}
+
+const std::vector<PaymentMethod>& allMethods() {
+    static const std::vector<PaymentMethod> methods{
+        PaymentMethod::upi,       PaymentMethod::card,   PaymentMethod::bank,   PaymentMethod::cash,
+        PaymentMethod::pettyCash, PaymentMethod::cheque, PaymentMethod::wallet, PaymentMethod::other};
+    return methods;
+}
+
+std::string splitText(const TaxSplit& split, const Currency& currency, const Business& business) {
+    std::string result;
+    const auto add = [&](std::string_view name, std::int64_t amount) {
+        if (amount == 0) return;
+        if (!result.empty()) result += " · ";
+        result += std::string(name) + ' ' + MoneyFormat::string(amount, currency);
+    };
+    const auto state = IndianState::of(business.supplierState());
+    add("CGST", split.cgst);
+    add(state && state->utgst ? "UTGST" : "SGST", split.sgst);
+    add("IGST", split.igst);
+    add("Other tax", split.other);
+    return result;
+}
+
+std::optional<Days> daysOf(Span span, Day day, int fyStartMonth) {
+    switch (span) {
+        case Span::month:
+            return Days{day.firstOfMonth(), day.lastOfMonth()};
+        case Span::quarter: {
+            const int into = (day.m - fyStartMonth + 12) % 3;
+            const Day first = day.firstOfMonth().addingMonths(-into);
+            return Days{first, first.addingMonths(2).lastOfMonth()};
+        }
+        case Span::year: {
+            const FinancialYear year = day.financialYear(fyStartMonth);
+            return Days{year.start(), year.end()};
+        }
+        case Span::all:
+            break;
+    }
+    return {};
+}
+
+std::string titleOf(Span span, Day day, int fyStartMonth) {
+    const auto days = daysOf(span, day, fyStartMonth);
+    switch (span) {
+        case Span::month:
+            return day.formatted("MMMM yyyy");
+        case Span::quarter:
+            return days->from.formatted("MMM") + "–" + days->to.formatted("MMM yyyy");
+        case Span::year:
+            return "FY " + day.financialYear(fyStartMonth).label();
+        case Span::all:
+            break;
+    }
+    return "All time";
+}
+
+Day stepped(Span span, Day day, int steps) {
+    switch (span) {
+        case Span::month:
+            return day.firstOfMonth().addingMonths(steps);
+        case Span::quarter:
+            return day.firstOfMonth().addingMonths(3 * steps);
+        case Span::year:
+            return day.firstOfMonth().addingMonths(12 * steps);
+        case Span::all:
+            break;
+    }
+    return day;
+}
+
+}  // namespace tamba

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "TambaCore/Model/Models.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the Expenses screen shows, as finished texts. Pure: the books, a filter and today in, rows out.
+namespace tamba {
+
+/// Which expenses a person looks at, as chosen in the sidebar.
+enum class ExpenseList { all, toCheck, withoutCategory, withoutRate, billable, mileage };
+/// What its rows can be ordered by.
+enum class ExpenseOrder { date, vendor, category, amount, tax, method, status };
+
+/// A span of days, both ends included.
+struct Days {
+    Day from, to;
+    bool operator==(const Days&) const = default;
+};
+
+struct ExpenseFilter {
+    ExpenseList list = ExpenseList::all;
+    std::optional<Days> days;  ///< nothing: all time
+    std::string search;        ///< words that must all occur, in any of the texts people know the expense by
+    ExpenseOrder order = ExpenseOrder::date;
+    bool ascending = false;
+};
+
+enum class Tone { none, warning, danger, neutral };
+
+struct ExpenseRow {
+    UUID id;
+    std::string date, vendor, category, amount, tax, method, status;
+    std::string symbol, colorHex;  ///< of the category
+    std::string hint;              ///< the whole sentence behind `status`
+    Tone tone = Tone::none;
+    bool receipt = false;
+    bool operator==(const ExpenseRow&) const = default;
+};
+
+struct ExpenseTable {
+    std::vector<ExpenseRow> rows;
+    /// "42 expenses", "₹1,23,456.00", "₹12,345.00" (claimed input tax), "2 without a rate left out".
+    std::string count, total, tax, leftOut;
+};
+
+[[nodiscard]] ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter);
+
+/// How many expenses each list of the sidebar holds.
+[[nodiscard]] std::size_t countOf(const Library& library, ExpenseList list);
+[[nodiscard]] bool belongsTo(const Library& library, const Expense& expense, ExpenseList list);
+
+[[nodiscard]] std::string_view title(ExpenseList list);
+[[nodiscard]] std::string_view title(PaymentMethod method);
+[[nodiscard]] const std::vector<PaymentMethod>& allMethods();
+/// The parts of a tax, "CGST ₹90.00 · SGST ₹90.00"; empty without tax.
+[[nodiscard]] std::string splitText(const TaxSplit& split, const Currency& currency, const Business& business);
+
+/// A span the period picker offers, and its neighbours.
+enum class Span { month, quarter, year, all };
+[[nodiscard]] std::optional<Days> daysOf(Span span, Day day, int fyStartMonth);
+[[nodiscard]] std::string titleOf(Span span, Day day, int fyStartMonth);
+[[nodiscard]] Day stepped(Span span, Day day, int steps);
+
+}  // namespace tamba

@@ -1,0 +1,256 @@
+#include "Tamba/Icons.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Rows/ExpenseRows.h"
+#include "Tamba/Screens/ExpenseInspector.h"
+#include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/DateField.h"
+#include "Tamba/Widgets/ReceiptView.h"
+#include "TambaCore/Documents/Expenses.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <QStackedWidget>
+#include <QStyle>
+
+// From the books to the fields; the way back is in ExpenseInspector.cpp.
+namespace tamba {
+namespace {
+
+QString idText(const std::optional<UUID>& id) { return id ? toQt(id->text()) : QString(); }
+
+void chooseData(QComboBox& combo, const QString& data) { combo.setCurrentIndex(std::max(0, combo.findData(data))); }
+
+}  // namespace
+
+void ExpenseInspector::show(const std::vector<UUID>& ids) {
+    const bool other = ids != ids_;
+    ids_ = ids;
+    if (other) attachment_ = 0;
+    if (const Expense* e = expense()) {
+        if (other)
+            for (QLineEdit* field : {vendor_, gstin_, amount_, rate_, tax_, distance_}) field->setModified(false);
+        pages_->setCurrentWidget(single_);
+        fill(*e);
+        return;
+    }
+    pages_->setCurrentIndex(ids_.empty() ? 0 : 2);
+    severalText_->setText(tr("%1 expenses selected").arg(ids_.size()));
+    fillCategories(*severalCategory_, model_.library());
+    severalCategory_->setCurrentIndex(-1);
+    severalCategory_->setPlaceholderText(tr("Choose…"));
+}
+
+void ExpenseInspector::setBeside(bool beside) {
+    setFixedWidth(beside ? 700 : 360);
+    if (beside == beside_) return;
+    beside_ = beside;
+    if (beside) {
+        above_->removeWidget(receipt_);
+        sideways_->setContentsMargins(16, 16, 0, 16);
+        receipt_->setMinimumHeight(200);
+        receipt_->setMaximumHeight(QWIDGETSIZE_MAX);
+        sideways_->addWidget(receipt_, 1);
+    } else {
+        sideways_->removeWidget(receipt_);
+        sideways_->setContentsMargins(0, 0, 0, 0);
+        above_->insertWidget(0, receipt_);
+        receipt_->setFixedHeight(200);
+    }
+}
+
+void ExpenseInspector::fillCategories(QComboBox& combo, const Library& library) {
+    combo.clear();
+    combo.addItem(Icons::icon(QStringLiteral("category-none"), &Colors::faint), tr("No category"), QString());
+    for (const Category& category : library.categories)
+        combo.addItem(Icons::categoryIcon(category.symbol, category.colorHex), toQt(category.name),
+                      toQt(category.id.text()));
+}
+
+void ExpenseInspector::fill(const Expense& e) {
+    const QScopedValueRollback guard(filling_, true);
+    const Library& library = model_.library();
+    const Currency currency = Currency::of(e.currency);
+    const bool mileage = e.kind == ExpenseKind::mileage;
+    const bool foreign = e.currency != library.business.homeCurrency;
+
+    // What somebody is typing right now is left alone.
+    const auto put = [](QLineEdit* field, const QString& text) {
+        if (field->hasFocus() && field->isModified()) return;
+        if (field->text() != text) field->setText(text);
+        Controls::markProblem(*field, {});
+    };
+    const auto figure = [&](std::int64_t minor) {
+        return toQt(MoneyFormat::string(minor, currency, MoneyFormat::Symbol::hidden));
+    };
+    put(vendor_, toQt(e.vendor));
+    vendor_->setPlaceholderText(mileage ? tr("What the trip was for") : tr("Who was paid"));
+    put(gstin_, toQt(e.vendorTaxID));
+    date_->setDate(qDate(e.date));
+    put(amount_, e.amount == 0 && !mileage ? QString() : figure(e.amount));
+    amount_->setPlaceholderText(figure(0));
+    amount_->setReadOnly(mileage);
+    put(rate_, e.rateMicros == 0 ? QString() : toQt(MoneyFormat::fxRate(e.rateMicros)));
+    const auto home = Expenses::inHomeCurrency(library, e, e.amount);
+    rateNote_->setText(!foreign ? QString()
+                       : home   ? tr("%1 in the books").arg(toQt(MoneyFormat::string(*home, library.home())))
+                                : tr("Add the exchange rate to include this in reports."));
+    rate_->setPlaceholderText(tr("%1 for one %2").arg(toQt(library.business.homeCurrency), toQt(e.currency)));
+    put(tax_, e.tax == 0 ? QString() : figure(e.tax));
+    tax_->setPlaceholderText(tr("None"));
+    split_->setText(toQt(splitText(e.taxSplit, currency, library.business)));
+    claim_->setChecked(e.claimTax);
+    put(distance_, toQt(MoneyFormat::quantity(e.distanceMilli)));
+    mileageNote_->setText(
+        tr("%1 for each %2, as it was then")
+            .arg(toQt(MoneyFormat::string(e.mileageRateMinor, library.home())), toQt(library.business.distanceUnit)));
+    billable_->setChecked(e.billable);
+    if (!notes_->hasFocus() && toStd(notes_->toPlainText()) != e.notes) notes_->setPlainText(toQt(e.notes));
+    fillChoices(e);
+
+    const auto showRow = [this](QWidget* field, bool shown) { form_->setRowVisible(field, shown); };
+    for (QWidget* field : {static_cast<QWidget*>(distance_), static_cast<QWidget*>(mileageNote_)})
+        showRow(field, mileage);
+    for (QWidget* field : {static_cast<QWidget*>(gstin_), static_cast<QWidget*>(tax_)}) showRow(field, !mileage);
+    showRow(claim_, !mileage && e.tax != 0);
+    showRow(split_, !mileage && !split_->text().isEmpty());
+    showRow(rate_, foreign && !mileage);
+    showRow(rateNote_, foreign && !mileage);
+    currency_->setEnabled(!mileage);
+    showGSTINState();
+
+    const auto attention = Expenses::attention(library, e);
+    banner_->setVisible(e.check.has_value());
+    bannerText_->setText(toQt(e.check.value_or(std::string())));
+    // A figure that is missing is named where it is to be entered.
+    category_->setToolTip(attention && !e.check ? toQt(*attention) : QString());
+    receipt_->setVisible(!mileage || !e.attachments.empty());
+    fillAttachments(e);
+}
+
+void ExpenseInspector::fillChoices(const Expense& e) {
+    const Library& library = model_.library();
+    fillCategories(*category_, library);
+    chooseData(*category_, idText(e.categoryID));
+    if (method_->count() == 0)
+        for (const PaymentMethod method : allMethods()) method_->addItem(toQt(title(method)));
+    const auto& methods = allMethods();
+    method_->setCurrentIndex(static_cast<int>(std::find(methods.begin(), methods.end(), e.method) - methods.begin()));
+    currency_->clear();
+    for (const Currency& known : Currency::all()) currency_->addItem(toQt(known.code), toQt(known.code));
+    if (currency_->findData(toQt(e.currency)) < 0) currency_->addItem(toQt(e.currency), toQt(e.currency));
+    chooseData(*currency_, toQt(e.currency));
+
+    const auto fillNames = [](QComboBox& combo, const QString& none, const QString& added, const auto& records,
+                              const std::optional<UUID>& chosen) {
+        combo.clear();
+        combo.addItem(none, QString());
+        for (const auto& record : records)
+            if (!record.archived || record.id == chosen) combo.addItem(toQt(record.name), toQt(record.id.text()));
+        combo.insertSeparator(combo.count());
+        combo.addItem(added, QStringLiteral("new"));
+        chooseData(combo, idText(chosen));
+    };
+    fillNames(*project_, tr("No project"), tr("New Project…"), library.projects, e.projectID);
+    fillNames(*client_, tr("No client"), tr("New Client…"), library.clients, e.clientID);
+}
+
+void ExpenseInspector::showGSTINState() {
+    const std::string text = GSTIN::clean(toStd(gstin_->text()));
+    const auto problem = GSTIN::validate(text);
+    QString note;
+    if (!text.empty()) {
+        const auto state = IndianState::of(GSTIN::stateCode(text));
+        note = problem ? toQt(GSTIN::problemText(*problem)) : state ? toQt(state->label()) : tr("Valid");
+    }
+    const char* role = problem ? "problem" : "good";
+    gstinNote_->setText(note);
+    if (gstinNote_->property("role").toString() != QLatin1String(role)) {
+        gstinNote_->setProperty("role", QString::fromLatin1(role));
+        gstinNote_->style()->unpolish(gstinNote_);
+        gstinNote_->style()->polish(gstinNote_);
+    }
+    Controls::markProblem(*gstin_, text.empty() || !problem ? QString() : note);
+    const Expense* e = expense();
+    form_->setRowVisible(gstinNote_, !note.isEmpty() && e && e->kind == ExpenseKind::regular);
+}
+
+void ExpenseInspector::showAttachment(std::size_t index) {
+    attachment_ = index;
+    const Expense* e = expense();
+    if (!e || index >= e->attachments.size()) return receipt_->show({}, {});
+    const Attachment& attachment = e->attachments[index];
+    receipt_->show(model_.store().url(attachment), toQt(attachment.originalName));
+}
+
+void ExpenseInspector::fillAttachments(const Expense& e) {
+    while (QLayoutItem* item = attachments_->takeAt(0)) {
+        if (item->widget()) item->widget()->deleteLater();
+        delete item;
+    }
+    for (std::size_t i = 0; i < e.attachments.size(); ++i) {
+        const Attachment& attachment = e.attachments[i];
+        const QString name = toQt(attachment.originalName);
+        auto* line = new QWidget(this);
+        auto* row = new QHBoxLayout(line);
+        row->setContentsMargins(0, 0, 0, 0);
+        row->setSpacing(4);
+        auto* open = Controls::button(fontMetrics().elidedText(name, Qt::ElideMiddle, 240), "attachment",
+                                      Controls::Kind::link, line);
+        open->setToolTip(name);
+        open->setAccessibleName(tr("Show %1").arg(name));
+        open->setIcon(Icons::icon(attachment.isPDF()                     ? QStringLiteral("file-pdf")
+                                  : name.endsWith(QLatin1String(".eml")) ? QStringLiteral("mail")
+                                                                         : QStringLiteral("image"),
+                                  &Colors::muted));
+        auto* remove =
+            Controls::iconButton(QStringLiteral("close"), tr("Remove %1").arg(name), "removeAttachment", line);
+        remove->setIconSize(QSize(14, 14));
+        row->addWidget(open);
+        row->addStretch(1);
+        row->addWidget(remove);
+        attachments_->addWidget(line);
+        connect(open, &QPushButton::clicked, this, [this, i] { showAttachment(i); });
+        connect(remove, &QToolButton::clicked, this, [this, id = attachment.id] { removeAttachment(id); });
+    }
+    // Of an e-mail and the bill that came with it, the bill is what one wants to see.
+    if (attachment_ == 0)
+        for (std::size_t i = 0; i < e.attachments.size(); ++i)
+            if (e.attachments[i].isPDF()) attachment_ = i;
+    showAttachment(std::min(attachment_, e.attachments.empty() ? 0 : e.attachments.size() - 1));
+}
+
+void ExpenseInspector::removeAttachment(const UUID& id) {
+    const Expense* e = expense();
+    if (!e) return;
+    const auto at =
+        std::find_if(e->attachments.begin(), e->attachments.end(), [&](const auto& a) { return a.id == id; });
+    if (at == e->attachments.end()) return;
+    const Attachment attachment = *at;
+    if (!prompts_.confirm(
+            tr("Remove this receipt?"),
+            tr("“%1” moves to the Removed folder of your books. This step, and those before it, cannot be "
+               "undone.")
+                .arg(toQt(attachment.originalName)),
+            tr("Remove")))
+        return;
+    attachment_ = 0;
+    model_.perform(
+        tr("Remove Receipt"),
+        [expenseID = e->id, attachment, store = model_.store()](Library library, Day) {
+            const std::size_t index = indexOf(library.expenses, expenseID);
+            if (index == library.expenses.size()) return library;
+            library.expenses.update(index, [&](Expense& changed) {
+                std::erase_if(changed.attachments, [&](const Attachment& a) { return a.id == attachment.id; });
+            });
+            // Last, so that a move that fails leaves the books as they were.
+            store.removeAttachment(attachment);
+            return library;
+        },
+        AppModel::Undo::beginsNewHistory);
+}
+
+}  // namespace tamba

@@ -1,0 +1,388 @@
+#include "Tamba/Screens/ExpensesScreen.h"
+
+#include "Tamba/Icons.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Screens/ExpenseInspector.h"
+#include "Tamba/Style.h"
+#include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/EmptyState.h"
+#include "Tamba/Widgets/PeriodPicker.h"
+#include "Tamba/Widgets/RowDelegate.h"
+#include "TambaCore/Documents/Expenses.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace tamba {
+namespace {
+
+// The order of the columns, which is also how wide windows have to be for them.
+enum Column { date, vendor, category, amount, tax, method, receipt, status };
+
+}  // namespace
+
+std::vector<ExpensesScreen::Model::Column> ExpensesScreen::columns() {
+    const auto text = [](std::string ExpenseRow::* member) {
+        return [member](const ExpenseRow& row, int role) -> QVariant {
+            return role == Qt::DisplayRole ? toQt(row.*member) : QVariant();
+        };
+    };
+    const auto quiet = [](std::string ExpenseRow::* member) {
+        return [member](const ExpenseRow& row, int role) -> QVariant {
+            if (role == Qt::DisplayRole) return toQt(row.*member);
+            return role == Qt::ForegroundRole ? QVariant(Colors::current().muted) : QVariant();
+        };
+    };
+    return {
+        {tr("Date"), Qt::AlignLeft, quiet(&ExpenseRow::date)},
+        {tr("Vendor"), Qt::AlignLeft,
+         [](const ExpenseRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return row.vendor.empty() ? tr("No vendor") : toQt(row.vendor);
+             if (role == Qt::ForegroundRole && row.vendor.empty()) return Colors::current().muted;
+             if (role == RowDelegate::Strong) return !row.vendor.empty();
+             if (role == Qt::ToolTipRole) return toQt(row.vendor);
+             return {};
+         }},
+        {tr("Category"), Qt::AlignLeft,
+         [](const ExpenseRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.category);
+             if (row.category.empty()) return {};
+             if (role == RowDelegate::Glyph) return Icons::ofCategory(row.symbol);
+             if (role == RowDelegate::GlyphColor) return Icons::colorOf(row.colorHex);
+             return {};
+         }},
+        {tr("Amount"), Qt::AlignRight, text(&ExpenseRow::amount)},
+        {tr("Tax"), Qt::AlignRight, quiet(&ExpenseRow::tax)},
+        {tr("Method"), Qt::AlignLeft, quiet(&ExpenseRow::method)},
+        {QString(), Qt::AlignCenter,
+         [](const ExpenseRow& row, int role) -> QVariant {
+             if (!row.receipt) return {};
+             if (role == RowDelegate::Glyph) return QStringLiteral("category-clip");
+             if (role == Qt::ToolTipRole || role == Qt::AccessibleTextRole) return tr("Has a receipt");
+             return {};
+         }},
+        {tr("Status"), Qt::AlignLeft,
+         [](const ExpenseRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.status);
+             if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
+             if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) return toQt(row.hint);
+             return {};
+         }},
+    };
+}
+
+ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* parent)
+    : QWidget(parent), model_(model), prompts_(prompts), rows_(columns()) {
+    setObjectName(QStringLiteral("expensesScreen"));
+    auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(0);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(0);
+    left->addWidget(makeHeader());
+    makeTable();
+    empty_ = new EmptyState(this);
+    pages_ = new QStackedWidget(this);
+    pages_->addWidget(table_);
+    pages_->addWidget(empty_);
+    left->addWidget(pages_, 1);
+    left->addWidget(footer_ = makeFooter());
+    columns->addLayout(left, 1);
+    inspector_ = new ExpenseInspector(model_, prompts_, this);
+    columns->addWidget(inspector_);
+
+    connect(period_, &PeriodPicker::chosen, this, &ExpensesScreen::refresh);
+    connect(search_, &QLineEdit::textChanged, this, &ExpensesScreen::refresh);
+    connect(addReceipts_, &QPushButton::clicked, this, &ExpensesScreen::addReceiptsChosen);
+    connect(newExpense_, &QPushButton::clicked, this, &ExpensesScreen::newExpense);
+    connect(empty_, &EmptyState::actionChosen, this, [this] {
+        if (model_.library().expenses.empty()) return void(emit addReceiptsChosen());
+        search_->clear();
+        period_->choose(Span::all, model_.today());
+        showList(ExpenseList::all);
+    });
+    connect(empty_, &EmptyState::otherChosen, this, &ExpensesScreen::sampleChosen);
+    connect(inspector_, &ExpenseInspector::deleteChosen, this, &ExpensesScreen::deleteSelected);
+    connect(inspector_, &ExpenseInspector::categoryChosen, this, &ExpensesScreen::setCategory);
+    connect(&model_, &AppModel::changed, this, &ExpensesScreen::refresh);
+    connect(&model_, &AppModel::opened, this, [this] {
+        search_->clear();
+        period_->choose(Span::all, model_.today());
+        showList(ExpenseList::all);
+        if (rows_.rowCount() > 0) table_->selectRow(0);
+    });
+    setTabOrder(search_, addReceipts_);
+    setTabOrder(addReceipts_, newExpense_);
+    setTabOrder(newExpense_, table_);
+    refresh();
+}
+
+QWidget* ExpensesScreen::makeHeader() {
+    auto* header = new QFrame(this);
+    header->setObjectName(QStringLiteral("screenHeader"));
+    header->setFixedHeight(108);
+    auto* rows = new QVBoxLayout(header);
+    rows->setContentsMargins(20, 14, 16, 12);
+    rows->setSpacing(10);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(8);
+    title_ = Controls::label(tr("Expenses"), "title", header);
+    title_->setObjectName(QStringLiteral("screenTitle"));
+    addReceipts_ = Controls::button(tr("Add Receipts…"), "addReceipts", Controls::Kind::plain, header);
+    newExpense_ = Controls::button(tr("New Expense"), "newExpense", Controls::Kind::primary, header);
+    newExpense_->setToolTip(tr("New expense (Ctrl+N)"));
+    top->addWidget(title_, 1);
+    top->addWidget(addReceipts_);
+    top->addWidget(newExpense_);
+    rows->addLayout(top);
+    auto* tools = new QHBoxLayout;
+    tools->setSpacing(12);
+    search_ = new QLineEdit(header);
+    Controls::name(*search_, "search", tr("Search expenses"));
+    search_->setPlaceholderText(tr("Search vendor, amount, notes, receipt text"));
+    search_->setClearButtonEnabled(true);
+    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    period_ = new PeriodPicker(model_.today(), 4, header);
+    tools->addWidget(search_, 1);
+    tools->addWidget(period_);
+    rows->addLayout(tools);
+    return header;
+}
+
+QWidget* ExpensesScreen::makeFooter() {
+    auto* footer = new QFrame(this);
+    footer->setObjectName(QStringLiteral("footer"));
+    footer->setFixedHeight(40);
+    auto* layout = new QHBoxLayout(footer);
+    layout->setContentsMargins(20, 0, 20, 0);
+    layout->setSpacing(18);
+    count_ = Controls::label({}, "field", footer);
+    leftOut_ = Controls::label({}, "field", footer);
+    leftOut_->setMinimumWidth(0);
+    leftOut_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    tax_ = Controls::label({}, "field", footer);
+    total_ = new QLabel(footer);
+    total_->setObjectName(QStringLiteral("total"));
+    total_->setFont(Style::textFont(14, QFont::DemiBold));
+    layout->addWidget(count_);
+    layout->addWidget(leftOut_, 1);
+    layout->addWidget(tax_);
+    layout->addWidget(total_);
+    return footer;
+}
+
+void ExpensesScreen::makeTable() {
+    table_ = new QTableView(this);
+    Controls::name(*table_, "expenses", tr("Expenses"));
+    table_->setModel(&rows_);
+    table_->setItemDelegate(new RowDelegate(table_));
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setShowGrid(false);
+    table_->setWordWrap(false);
+    table_->setTabKeyNavigation(false);
+    table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table_->setContextMenuPolicy(Qt::CustomContextMenu);
+    table_->verticalHeader()->hide();
+    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::rowHeight);
+    table_->verticalHeader()->setMinimumSectionSize(RowDelegate::rowHeight);
+    QHeaderView* header = table_->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicator(Column::date, Qt::DescendingOrder);
+    header->setSectionResizeMode(QHeaderView::Fixed);
+    header->setSectionResizeMode(Column::vendor, QHeaderView::Stretch);
+    header->setFixedHeight(32);
+    for (const auto& [column, width] :
+         {std::pair(Column::date, 104), std::pair(Column::category, 186), std::pair(Column::amount, 124),
+          std::pair(Column::tax, 104), std::pair(Column::method, 110), std::pair(Column::receipt, 36),
+          std::pair(Column::status, 112)})
+        table_->setColumnWidth(column, width);
+    keepSelection(*table_, rows_);
+    table_->installEventFilter(this);
+    connect(header, &QHeaderView::sectionClicked, this, &ExpensesScreen::sortBy);
+    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ExpensesScreen::refreshInspector);
+    connect(table_, &QWidget::customContextMenuRequested, this, &ExpensesScreen::contextMenu);
+}
+
+void ExpensesScreen::showList(ExpenseList list) {
+    filter_.list = list;
+    emit listChanged(list);
+    refresh();
+}
+
+void ExpensesScreen::refresh() {
+    const Library& library = model_.library();
+    period_->setYearStart(library.fyStart());
+    filter_.days = period_->days();
+    filter_.search = toStd(search_->text());
+    title_->setText(toQt(title(filter_.list)));
+    ExpenseTable table = expenseTable(library, filter_);
+    const bool none = table.rows.empty();
+    rows_.setRows(std::move(table.rows));
+    count_->setText(toQt(table.count));
+    leftOut_->setText(toQt(table.leftOut));
+    tax_->setText(tr("Input tax %1").arg(toQt(table.tax)));
+    total_->setText(toQt(table.total));
+    pages_->setCurrentWidget(none ? static_cast<QWidget*>(empty_) : table_);
+    footer_->setVisible(!library.expenses.empty());
+    inspector_->setVisible(!library.expenses.empty());
+    if (library.expenses.empty())
+        empty_->set(QStringLiteral("receipt-add"), tr("Start with the receipts on your desk"),
+                    tr("Drop photos, PDFs or saved e-mails anywhere on this window, and each becomes an expense."),
+                    tr("Add Receipts…"), tr("Explore the Sample Books"));
+    else if (none)
+        empty_->set(QStringLiteral("search"), tr("Nothing here"), tr("No expense fits this search, period and list."),
+                    tr("Show All Expenses"), {});
+    refreshInspector();
+    arrange();
+}
+
+void ExpensesScreen::refreshInspector() { inspector_->show(selected()); }
+
+std::vector<UUID> ExpensesScreen::selected() const { return selectedIds(*table_, rows_); }
+
+bool ExpensesScreen::isEditing() const {
+    return inspector_->isAncestorOf(focusWidget()) && inspector_->hasUnsavedText();
+}
+
+void ExpensesScreen::select(const std::vector<UUID>& ids) {
+    const auto shown = [&] {
+        return std::all_of(ids.begin(), ids.end(), [this](const UUID& id) { return rows_.rowOf(id).has_value(); });
+    };
+    if (!shown()) {
+        search_->clear();
+        period_->choose(Span::all, model_.today());
+        showList(ExpenseList::all);
+    }
+    selectIds(*table_, rows_, ids);
+    refreshInspector();
+}
+
+void ExpensesScreen::newExpense() {
+    const Expense blank = Expense::make(model_.today());
+    const bool done = model_.perform(tr("New Expense"), [blank](Library library, Day) {
+        Expense expense = blank;
+        expense.currency = library.home().code;
+        return Expenses::add(std::move(library), std::move(expense));
+    });
+    if (!done) return;
+    select({blank.id});
+    inspector_->focusVendor();
+}
+
+void ExpensesScreen::newMileageTrip() {
+    const auto trip = prompts_.mileage(model_.library(), model_.today());
+    if (!trip) return;
+    Expense blank = Expense::make(trip->date);
+    blank.vendor = trip->purpose;
+    const bool done = model_.perform(tr("New Mileage Trip"), [blank, trip](Library library, Day) {
+        Expense expense = Expenses::mileage(library, blank, trip->distanceMilli, library.business.mileageRateMinor);
+        for (const Category& category : library.categories)
+            if (category.symbol == "road.lanes") expense.categoryID = category.id;
+        return Expenses::add(std::move(library), std::move(expense));
+    });
+    if (done) select({blank.id});
+}
+
+void ExpensesScreen::deleteSelected() {
+    const std::vector<UUID> ids = selected();
+    if (ids.empty()) return;
+    const int row = rows_.rowOf(ids.front()).value_or(0);
+    const QString title = ids.size() == 1 ? tr("Delete Expense") : tr("Delete %1 Expenses").arg(ids.size());
+    const bool done = model_.perform(title, [ids](Library library, Day) {
+        for (const UUID& id : ids) library = Expenses::remove(std::move(library), id);
+        return library;
+    });
+    if (!done) return;
+    if (rows_.rowCount() > 0) table_->selectRow(std::min(row, rows_.rowCount() - 1));
+    emit removed(ids.size() == 1 ? tr("Expense deleted") : tr("%1 expenses deleted").arg(ids.size()));
+}
+
+void ExpensesScreen::setCategory(const std::optional<UUID>& category) {
+    model_.perform(tr("Set Category"), [ids = selected(), category](Library library, Day) {
+        for (const UUID& id : ids)
+            if (const Expense* expense = library.expense(id))
+                library = Expenses::replace(library, Expenses::withCategory(library, *expense, category));
+        return library;
+    });
+}
+
+void ExpensesScreen::focusSearch() {
+    search_->setFocus(Qt::ShortcutFocusReason);
+    search_->selectAll();
+}
+
+void ExpensesScreen::sortBy(int column) {
+    static constexpr ExpenseOrder orders[] = {ExpenseOrder::date,   ExpenseOrder::vendor, ExpenseOrder::category,
+                                              ExpenseOrder::amount, ExpenseOrder::tax,    ExpenseOrder::method,
+                                              ExpenseOrder::date,   ExpenseOrder::status};
+    if (column == Column::receipt) return;
+    const ExpenseOrder order = orders[column];
+    // Figures and dates begin with the largest, words with A.
+    const bool figures = order == ExpenseOrder::date || order == ExpenseOrder::amount || order == ExpenseOrder::tax;
+    filter_.ascending = order == filter_.order ? !filter_.ascending : !figures;
+    filter_.order = order;
+    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    refresh();
+}
+
+void ExpensesScreen::contextMenu(const QPoint& at) {
+    const auto ids = selected();
+    if (ids.empty()) return;
+    QMenu menu(this);
+    QMenu* categories = menu.addMenu(tr("Category"));
+    for (const Category& category : model_.library().categories)
+        categories->addAction(Icons::categoryIcon(category.symbol, category.colorHex), toQt(category.name), this,
+                              [this, id = category.id] { setCategory(id); });
+    menu.addAction(tr("Looks Right"), inspector_, &ExpenseInspector::looksRight);
+    menu.addSeparator();
+    menu.addAction(Icons::icon(QStringLiteral("trash"), &Colors::danger), tr("Delete"), this,
+                   &ExpensesScreen::deleteSelected);
+    menu.exec(table_->viewport()->mapToGlobal(at));
+}
+
+bool ExpensesScreen::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == table_ && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
+            deleteSelected();
+            return true;
+        }
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            inspector_->focusVendor();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ExpensesScreen::resizeEvent(QResizeEvent*) { arrange(); }
+
+void ExpensesScreen::arrange() {
+    // Wide windows have the receipt beside its fields, narrow ones above them.
+    inspector_->setBeside(width() >= 1240);
+    const int room = width() - (inspector_->isVisibleTo(this) ? inspector_->width() : 0);
+    table_->setColumnHidden(Column::method, room < 860);
+    table_->setColumnHidden(Column::tax, room < 740);
+    table_->setColumnHidden(Column::category, room < 600);
+    table_->setColumnHidden(Column::receipt, room < 480);
+    table_->setColumnHidden(Column::status, room < 420);
+    tax_->setVisible(room >= 480);
+    const bool tight = room < 480;
+    table_->setColumnWidth(Column::date, tight ? 98 : 104);
+    addReceipts_->setVisible(room >= 380);
+}
+
+}  // namespace tamba

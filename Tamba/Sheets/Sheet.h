@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <QVBoxLayout>
+
+class QPushButton;
+
+namespace tamba {
+
+/// A modal dialog in the product's one style: glyph, title, text, whatever is added to the body, buttons at the foot.
+class Sheet : public QDialog {
+    Q_OBJECT
+
+public:
+    enum class Icon { none, alert, question };
+    Sheet(QWidget* parent, Icon icon, const QString& title, const QString& text);
+
+    [[nodiscard]] QVBoxLayout& body() { return *body_; }
+    /// The main button accepts, the other rejects. Call last.
+    QPushButton* addButtons(const QString& main, const QString& other);
+    /// Closed by Escape or the window's frame instead of a button.
+    [[nodiscard]] bool wasDismissed() const { return dismissed_; }
+
+    void reject() override;
+
+private:
+    QVBoxLayout* body_;
+    bool dismissed_ = false;
+};
+
+}  // namespace tamba

@@ -1,0 +1,72 @@
+#include "Tamba/Widgets/EmptyState.h"
+
+#include "Tamba/Icons.h"
+#include "Tamba/Style.h"
+#include "Tamba/Widgets/Controls.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace tamba {
+
+class EmptyState::Glyph : public QWidget {
+public:
+    explicit Glyph(QWidget* parent) : QWidget(parent) { setFixedSize(72, 72); }
+    QString icon;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        const Colors colors = Colors::current();
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colors.accentTint);
+        painter.drawEllipse(rect());
+        Icons::paint(painter, QRectF(20, 20, 32, 32), icon, colors.accent);
+    }
+};
+
+EmptyState::EmptyState(QWidget* parent) : QWidget(parent) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 24, 24, 24);
+    layout->setSpacing(0);
+    glyph_ = new Glyph(this);
+    title_ = new QLabel(this);
+    title_->setFont(Style::titleFont(17));
+    title_->setAlignment(Qt::AlignCenter);
+    title_->setWordWrap(true);
+    sentence_ = Controls::label({}, "field", this);
+    sentence_->setAlignment(Qt::AlignCenter);
+    sentence_->setWordWrap(true);
+    sentence_->setFixedWidth(340);
+    action_ = Controls::button({}, "emptyAction", Controls::Kind::primary, this);
+    other_ = Controls::button({}, "emptyOther", Controls::Kind::link, this);
+    layout->addStretch(2);
+    layout->addWidget(glyph_, 0, Qt::AlignHCenter);
+    layout->addSpacing(18);
+    layout->addWidget(title_);
+    layout->addSpacing(6);
+    layout->addWidget(sentence_, 0, Qt::AlignHCenter);
+    layout->addSpacing(20);
+    layout->addWidget(action_, 0, Qt::AlignHCenter);
+    layout->addSpacing(8);
+    layout->addWidget(other_, 0, Qt::AlignHCenter);
+    layout->addStretch(3);
+    connect(action_, &QPushButton::clicked, this, &EmptyState::actionChosen);
+    connect(other_, &QPushButton::clicked, this, &EmptyState::otherChosen);
+}
+
+void EmptyState::set(const QString& icon, const QString& title, const QString& sentence, const QString& action,
+                     const QString& other) {
+    glyph_->icon = icon;
+    glyph_->update();
+    title_->setText(title);
+    sentence_->setText(sentence);
+    for (auto [button, text] : {std::pair(action_, action), std::pair(other_, other)}) {
+        button->setText(text);
+        button->setAccessibleName(text);
+        button->setVisible(!text.isEmpty());
+    }
+}
+
+}  // namespace tamba

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace tamba {
+
+/// What an empty place shows: a glyph, one sentence, one button, and at most one quieter way on.
+class EmptyState : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit EmptyState(QWidget* parent = nullptr);
+    void set(const QString& icon, const QString& title, const QString& sentence, const QString& action,
+             const QString& other);
+
+signals:
+    void actionChosen();
+    void otherChosen();
+
+private:
+    class Glyph;
+    Glyph* glyph_;
+    QLabel* title_;
+    QLabel* sentence_;
+    QPushButton* action_;
+    QPushButton* other_;
+};
+
+}  // namespace tamba

@@ -1,0 +1,247 @@
+#include "Tamba/Widgets/Sidebar.h"
+
+#include "Tamba/Icons.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Style.h"
+#include "Tamba/Widgets/Controls.h"
+#include "TambaCore/Base/Text.h"
+
+#include <QAbstractButton>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QPainter>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace tamba {
+
+/// One entry: glyph, word, and how many wait.
+class SidebarItem : public QAbstractButton {
+public:
+    SidebarItem(const QString& icon, const QString& text, bool nested, QWidget* parent)
+        : QAbstractButton(parent), icon_(icon), nested_(nested) {
+        setText(text);
+        setFixedHeight(32);
+        setFocusPolicy(Qt::TabFocus);
+        setAccessibleName(text);
+        setAttribute(Qt::WA_Hover);
+    }
+    ExpenseList list = ExpenseList::all;
+
+    void setCount(std::size_t count) {
+        count_ = count;
+        setAccessibleDescription(count == 0 ? QString() : tr("%n waiting", nullptr, static_cast<int>(count)));
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        const Colors colors = Colors::current();
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF box = QRectF(rect()).adjusted(8.5, 1.5, -8.5, -1.5);
+        const bool on = isChecked();
+        if (on || underMouse()) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(on ? mixed(colors.sidebar, colors.accent, colors.dark ? 0.24F : 0.13F)
+                                : mixed(colors.sidebar, colors.text, 0.05F));
+            painter.drawRoundedRect(box, 6, 6);
+        }
+        if (hasFocus()) {
+            painter.setPen(QPen(colors.accent, 1));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(box, 6, 6);
+        }
+        const QColor ink = on ? colors.dark ? colors.text : colors.accent : nested_ ? colors.muted : colors.text;
+        const qreal left = nested_ ? 36 : 18;
+        Icons::paint(painter, QRectF(left, (height() - 18) / 2.0, 18, 18), icon_, ink);
+        painter.setFont(Style::textFont(13, on || !nested_ ? QFont::DemiBold : QFont::Normal));
+        painter.setPen(on ? ink : colors.text);
+        QRectF words(left + 27, 0, width() - left - 27 - 18, height());
+        if (count_ > 0) {
+            painter.save();
+            painter.setFont(Style::textFont(11, QFont::DemiBold));
+            const QString count = QString::number(count_);
+            const qreal wide = std::max(20.0, painter.fontMetrics().horizontalAdvance(count) + 12.0);
+            const QRectF pill(box.right() - 6 - wide, (height() - 18) / 2.0, wide, 18);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(mixed(colors.sidebar, colors.text, on ? 0.16F : 0.10F));
+            painter.drawRoundedRect(pill, 9, 9);
+            painter.setPen(colors.text);
+            painter.drawText(pill, Qt::AlignCenter, count);
+            painter.restore();
+            words.setRight(pill.left() - 4);
+        }
+        painter.drawText(words, Qt::AlignVCenter | Qt::AlignLeft,
+                         painter.fontMetrics().elidedText(text(), Qt::ElideRight, static_cast<int>(words.width())));
+    }
+
+private:
+    QString icon_;
+    bool nested_;
+    std::size_t count_ = 0;
+};
+
+namespace {
+
+/// The first letter of the business on its colour.
+class Monogram : public QWidget {
+public:
+    explicit Monogram(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) { setFixedSize(34, 34); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        const Colors colors = Colors::current();
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colors.accent);
+        painter.drawRoundedRect(rect(), 8, 8);
+        const auto letters = Text::characters(Text::trim(model_.library().business.name));
+        if (letters.empty()) {
+            Icons::paint(painter, QRectF(rect()).adjusted(7, 7, -7, -7), QStringLiteral("books"), colors.onAccent);
+            return;
+        }
+        painter.setFont(Style::titleFont(16, QFont::Bold));
+        painter.setPen(colors.onAccent);
+        painter.drawText(rect(), Qt::AlignCenter, toQt(Text::upper(letters.front())));
+    }
+
+private:
+    AppModel& model_;
+};
+
+}  // namespace
+
+Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+    setObjectName(QStringLiteral("sidebar"));
+    setFixedWidth(208);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 14, 0, 8);
+    layout->setSpacing(0);
+
+    auto* head = new QHBoxLayout;
+    head->setContentsMargins(16, 0, 12, 16);
+    head->setSpacing(10);
+    head->addWidget(new Monogram(model, this));
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    name_ = new QLabel(this);
+    name_->setObjectName(QStringLiteral("businessName"));
+    name_->setFont(Style::titleFont(13));
+    name_->setMinimumWidth(0);
+    place_ = Controls::label({}, "caption", this);
+    words->addWidget(name_);
+    words->addWidget(place_);
+    head->addLayout(words, 1);
+    layout->addLayout(head);
+
+    struct Entry {
+        ExpenseList list;
+        const char* icon;
+        const char* name;
+    };
+    for (const Entry& entry :
+         {Entry{ExpenseList::all, "receipt", "listAll"}, Entry{ExpenseList::toCheck, "eye", "listToCheck"},
+          Entry{ExpenseList::withoutCategory, "category-none", "listWithoutCategory"},
+          Entry{ExpenseList::withoutRate, "exchange", "listWithoutRate"},
+          Entry{ExpenseList::billable, "billable", "listBillable"},
+          Entry{ExpenseList::mileage, "category-road", "listMileage"}}) {
+        const QString text = toQt(title(entry.list));
+        auto* item = new SidebarItem(QString::fromLatin1(entry.icon), text, entry.list != ExpenseList::all, this);
+        item->setObjectName(QString::fromLatin1(entry.name));
+        item->list = entry.list;
+        item->setCheckable(true);
+        item->setAutoExclusive(true);
+        connect(item, &QAbstractButton::clicked, this, [this, list = entry.list] { emit listChosen(list); });
+        layout->addWidget(item);
+        items_.push_back(item);
+    }
+    items_.front()->setChecked(true);
+    layout->addStretch(1);
+
+    ownBooks_ = Controls::button(tr("Back to Your Books"), "ownBooks", Controls::Kind::plain, this);
+    auto* own = new QHBoxLayout;
+    own->setContentsMargins(12, 0, 12, 8);
+    own->addWidget(ownBooks_);
+    layout->addLayout(own);
+    ownBooks_->hide();
+    connect(ownBooks_, &QPushButton::clicked, this, &Sidebar::ownBooksChosen);
+
+    auto* settings = new SidebarItem(QStringLiteral("gear"), tr("Settings"), false, this);
+    settings->setObjectName(QStringLiteral("settings"));
+    connect(settings, &QAbstractButton::clicked, this, &Sidebar::settingsChosen);
+    layout->addWidget(settings);
+
+    saving_ = new QPushButton(this);
+    saving_->setObjectName(QStringLiteral("saveState"));
+    saving_->setIconSize(QSize(15, 15));
+    saving_->setFocusPolicy(Qt::TabFocus);
+    auto* foot = new QHBoxLayout;
+    foot->setContentsMargins(10, 4, 10, 0);
+    foot->addWidget(saving_);
+    layout->addLayout(foot);
+    connect(saving_, &QPushButton::clicked, this, [this] {
+        // A failed save says why, once more, when it fails again.
+        if (model_.saving() == AppModel::Saving::failed && !model_.saveNow()) emit model_.refused(model_.saveProblem());
+    });
+
+    connect(&model_, &AppModel::changed, this, &Sidebar::refresh);
+    connect(&model_, &AppModel::opened, this, &Sidebar::refresh);
+    connect(&model_, &AppModel::savingChanged, this, &Sidebar::refreshSaving);
+    refresh();
+}
+
+void Sidebar::setList(ExpenseList list) {
+    for (SidebarItem* item : items_) item->setChecked(item->list == list);
+}
+
+void Sidebar::setSample(bool sample) {
+    ownBooks_->setVisible(sample);
+    place_->setText(sample ? tr("Sample books") : toQt(model_.folder().filename()));
+}
+
+void Sidebar::refresh() {
+    const Library& library = model_.library();
+    const QString name = library.business.name.empty() ? tr("My books") : toQt(library.business.name);
+    name_->setText(name_->fontMetrics().elidedText(name, Qt::ElideRight, 138));
+    name_->setToolTip(name);
+    for (SidebarItem* item : items_) {
+        const std::size_t count = item->list == ExpenseList::all ? 0 : countOf(library, item->list);
+        const bool waits = item->list == ExpenseList::toCheck || item->list == ExpenseList::withoutCategory ||
+                           item->list == ExpenseList::withoutRate || item->list == ExpenseList::billable;
+        item->setCount(waits ? count : 0);
+        // A list that nothing belongs to would be a dead end; the one being looked at stays.
+        item->setVisible(item->list == ExpenseList::all || count > 0 || item->isChecked());
+    }
+    refreshSaving();
+    update();
+}
+
+void Sidebar::refreshSaving() {
+    const AppModel::Saving saving = model_.saving();
+    saving_->setVisible(model_.state() == AppModel::State::open);
+    const bool failed = saving == AppModel::Saving::failed;
+    const QString text = failed                                ? tr("Couldn’t save")
+                         : saving == AppModel::Saving::pending ? tr("Saving…")
+                                                               : tr("Saved");
+    saving_->setText(QLatin1Char(' ') + text);
+    saving_->setAccessibleName(text);
+    saving_->setToolTip(failed ? model_.saveProblem() + QStringLiteral("\n") + tr("Click to try again.") : QString());
+    saving_->setIcon(failed                                ? Icons::icon(QStringLiteral("alert"), &Colors::danger)
+                     : saving == AppModel::Saving::pending ? Icons::icon(QStringLiteral("saving"), &Colors::muted)
+                                                           : Icons::icon(QStringLiteral("check"), &Colors::success));
+    if (saving_->property("failed").toBool() == failed) return;
+    saving_->setProperty("failed", failed);
+    saving_->style()->unpolish(saving_);
+    saving_->style()->polish(saving_);
+}
+
+void Sidebar::paintEvent(QPaintEvent*) {
+    const Colors colors = Colors::current();
+    QPainter painter(this);
+    painter.fillRect(rect(), colors.sidebar);
+    painter.fillRect(QRect(width() - 1, 0, 1, height()), colors.border);
+}
+
+}  // namespace tamba

@@ -1,0 +1,290 @@
+#include "Tamba/Window.h"
+
+#include "Tamba/Icons.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Screens/ExpensesScreen.h"
+#include "Tamba/Widgets/EmptyState.h"
+#include "Tamba/Widgets/Overlays.h"
+#include "Tamba/Widgets/Sidebar.h"
+#include "TambaCore/Base/Files.h"
+#include "TambaCore/Fixtures.h"
+
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDragEnterEvent>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QThread>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace tamba {
+namespace {
+
+std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
+    std::vector<std::filesystem::path> files;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile()) files.push_back(toPath(url.toLocalFile()));
+    return files;
+}
+
+}  // namespace
+
+Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::MakeScan scan)
+    : model_(model), prompts_(std::move(prompts)) {
+    if (!prompts_) prompts_ = std::make_unique<DialogPrompts>(*this);
+    setObjectName(QStringLiteral("window"));
+    setWindowTitle(QStringLiteral("Tamba"));
+    setAcceptDrops(true);
+    setMinimumSize(960, 620);
+    receipts_ = new ReceiptQueue(model_, std::move(scan), this);
+
+    auto* frame = new QWidget(this);
+    auto* columns = new QHBoxLayout(frame);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(0);
+    sidebar_ = new Sidebar(model_, frame);
+    columns->addWidget(sidebar_);
+    auto* rows = new QVBoxLayout;
+    rows->setSpacing(0);
+    pages_ = new QStackedWidget(frame);
+    expenses_ = new ExpensesScreen(model_, *prompts_, pages_);
+    problem_ = new EmptyState(pages_);
+    problem_->setObjectName(QStringLiteral("problemScreen"));
+    pages_->addWidget(expenses_);
+    pages_->addWidget(problem_);
+    strip_ = new ActivityStrip(frame);
+    rows->addWidget(pages_, 1);
+    rows->addWidget(strip_);
+    columns->addLayout(rows, 1);
+    setCentralWidget(frame);
+    toast_ = new Toast(frame);
+    overlay_ = new DropOverlay(this);
+    makeMenus();
+    makeEditMenu();
+    connectReceipts();
+
+    connect(sidebar_, &Sidebar::listChosen, expenses_, &ExpensesScreen::showList);
+    connect(expenses_, &ExpensesScreen::listChanged, sidebar_, &Sidebar::setList);
+    connect(sidebar_, &Sidebar::settingsChosen, this, &Window::editSettings);
+    connect(sidebar_, &Sidebar::ownBooksChosen, this, [this] { openFolder(ownFolder_); });
+    connect(expenses_, &ExpensesScreen::addReceiptsChosen, this, [this] { addReceipts(prompts_->receiptFiles()); });
+    connect(expenses_, &ExpensesScreen::sampleChosen, this, &Window::openSample);
+    connect(expenses_, &ExpensesScreen::removed, this,
+            [this](const QString& what) { toast_->show(what, tr("Undo"), [this] { model_.undo(); }); });
+    connect(problem_, &EmptyState::actionChosen, this, [this] {
+        if (model_.state() == AppModel::State::damaged) return restoreBackup();
+        openFolder(model_.folder());
+    });
+    connect(problem_, &EmptyState::otherChosen, this, [this] {
+        if (const auto folder = prompts_->libraryFolder(model_.folder())) openFolder(*folder);
+    });
+    connect(&model_, &AppModel::refused, this, [this](const QString& sentence) { prompts_->alert(sentence); });
+    connect(&model_, &AppModel::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
+    connect(&model_, &AppModel::historyChanged, this, &Window::refreshHistory);
+    connect(&model_, &AppModel::opened, this, &Window::refreshState);
+    connect(&model_, &AppModel::opened, this, &Window::looksChanged);
+    connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {
+        if (before.business.accentHex != after.business.accentHex) emit looksChanged();
+    });
+    refreshHistory();
+    refreshState();
+}
+
+Window::~Window() {
+    // Its thread calls back into the window.
+    delete receipts_;
+}
+
+void Window::makeMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    const auto add = [&](const QString& text, const QKeySequence& keys, auto&& work, bool needsBooks) {
+        QAction* action = file->addAction(text, this, work);
+        action->setShortcut(keys);
+        if (needsBooks) needBooks_.push_back(action);
+        return action;
+    };
+    add(tr("&New Expense"), QKeySequence::New, [this] { expenses_->newExpense(); }, true);
+    add(
+        tr("New &Mileage Trip…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M),
+        [this] { expenses_->newMileageTrip(); }, true);
+    add(tr("&Add Receipts…"), QKeySequence::Open, [this] { addReceipts(prompts_->receiptFiles()); }, true);
+    file->addSeparator();
+    add(
+        tr("Open &Library Folder…"), {},
+        [this] {
+            if (const auto folder = prompts_->libraryFolder(model_.folder())) openFolder(*folder);
+        },
+        false);
+    add(
+        tr("Show Library &Folder"), {},
+        [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(model_.folder()))); }, false);
+    add(tr("&Restore a Backup…"), {}, [this] { restoreBackup(); }, false);
+    add(tr("&Explore the Sample Books"), {}, [this] { openSample(); }, false);
+    file->addSeparator();
+    add(tr("&Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { editSettings(); }, true);
+    add(tr("&Quit"), QKeySequence::Quit, [this] { close(); }, false);
+}
+
+void Window::makeEditMenu() {
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    undo_ = edit->addAction(Icons::icon(QStringLiteral("undo"), &Colors::muted), tr("Undo"), &model_, &AppModel::undo);
+    undo_->setShortcut(QKeySequence::Undo);
+    redo_ = edit->addAction(Icons::icon(QStringLiteral("redo"), &Colors::muted), tr("Redo"), &model_, &AppModel::redo);
+    redo_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    edit->addSeparator();
+    QAction* remove = edit->addAction(tr("&Delete"), expenses_, &ExpensesScreen::deleteSelected);
+    remove->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Backspace));
+    QAction* find = edit->addAction(tr("&Find"), expenses_, &ExpensesScreen::focusSearch);
+    find->setShortcut(QKeySequence::Find);
+    needBooks_.insert(needBooks_.end(), {remove, find});
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    QAction* all = view->addAction(tr("&Expenses"), this, [this] { expenses_->showList(ExpenseList::all); });
+    all->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_1));
+    QAction* check = view->addAction(tr("To &Check"), this, [this] { expenses_->showList(ExpenseList::toCheck); });
+    needBooks_.insert(needBooks_.end(), {all, check});
+}
+
+void Window::connectReceipts() {
+    connect(receipts_, &ReceiptQueue::progressed, this, [this](const QString& file, int done, int count) {
+        strip_->show(file.isEmpty() ? QString() : tr("Reading %1").arg(file), done, count);
+        strip_->setCancellable(true);
+    });
+    connect(receipts_, &ReceiptQueue::finished, this, &Window::finished);
+    connect(strip_, &ActivityStrip::cancelled, receipts_, &ReceiptQueue::cancel);
+}
+
+void Window::addReceipts(const std::vector<std::filesystem::path>& files) { receipts_->add(files); }
+
+void Window::finished(const ReceiptQueue::Summary& summary) {
+    strip_->hide();
+    const std::size_t count = summary.filed.size();
+    QString text = count == 1 ? tr("1 receipt added") : tr("%1 receipts added").arg(count);
+    if (summary.cancelled > 0) text += tr(" · %1 cancelled").arg(summary.cancelled);
+    if (count > 0 && expenses_->isEditing())
+        toast_->show(text, tr("Show"), [this, ids = summary.filed] { expenses_->select(ids); });
+    else if (count > 0) {
+        expenses_->select(summary.filed);
+        toast_->show(text);
+    } else if (summary.cancelled > 0)
+        toast_->show(tr("Cancelled"));
+    // Both questions wait for the end, so that they never stop the others.
+    if (!summary.failed.empty()) {
+        QStringList lines;
+        for (const auto& failure : summary.failed)
+            lines << toQt(failure.file.filename()) + QStringLiteral(": ") + failure.sentence;
+        QString shown = lines.mid(0, 12).join(QLatin1Char('\n'));
+        if (lines.size() > 12) shown += tr("\n… and %1 more").arg(lines.size() - 12);
+        prompts_->alert(shown);
+    }
+    if (!summary.held.empty()) {
+        QStringList names;
+        for (const auto& file : summary.held) names << toQt(file.filename());
+        if (prompts_->addAgain(names)) receipts_->add(summary.held, ReceiptQueue::Held::addAgain);
+    }
+}
+
+void Window::refreshHistory() {
+    const QString undo = model_.undoTitle(), redo = model_.redoTitle();
+    undo_->setText(undo.isEmpty() ? tr("Undo") : tr("Undo “%1”").arg(undo));
+    redo_->setText(redo.isEmpty() ? tr("Redo") : tr("Redo “%1”").arg(redo));
+    undo_->setEnabled(!undo.isEmpty());
+    redo_->setEnabled(!redo.isEmpty());
+}
+
+void Window::refreshState() {
+    const AppModel::State state = model_.state();
+    const bool open = state == AppModel::State::open;
+    for (QAction* action : needBooks_) action->setEnabled(open);
+    sidebar_->setVisible(open || state == AppModel::State::closed);
+    sidebar_->setSample(!ownFolder_.empty() && model_.folder() != ownFolder_);
+    if (state == AppModel::State::damaged) {
+        const bool any = !model_.backups().empty();
+        problem_->set(QStringLiteral("alert"), tr("These books cannot be read"),
+                      model_.problem() + QStringLiteral("\n\n") + tr("The file is left exactly as it is."),
+                      any ? tr("Restore a Backup…") : QString(), tr("Open Another Folder…"));
+    } else if (state == AppModel::State::locked)
+        problem_->set(QStringLiteral("lock"), tr("Already open"), model_.problem(), tr("Try Again"),
+                      tr("Open Another Folder…"));
+    pages_->setCurrentWidget(open || state == AppModel::State::closed ? static_cast<QWidget*>(expenses_) : problem_);
+}
+
+void Window::openFolder(const std::filesystem::path& folder) { model_.open(folder); }
+
+void Window::openSample() {
+    if (ownFolder_.empty()) ownFolder_ = model_.folder();
+    std::filesystem::path folder = ownFolder_;
+    folder += " Sample Books";
+    if (Files::exists(folder / "tamba.json")) return openFolder(folder);
+    strip_->show(tr("Making the sample books"), 0, 0);
+    strip_->setCancellable(false);
+    // A thread of its own: rendering the receipts takes a while.
+    auto* thread = QThread::create([folder, today = model_.today(), this] {
+        QString problem;
+        try {
+            Fixtures::write(LibraryStore(folder), today);
+        } catch (const std::exception& error) {
+            problem = toQt(std::string_view(error.what()));
+        }
+        QMetaObject::invokeMethod(
+            this,
+            [this, folder, problem] {
+                strip_->hide();
+                if (problem.isEmpty()) return openFolder(folder);
+                prompts_->alert(problem);
+            },
+            Qt::QueuedConnection);
+    });
+    thread->setParent(this);
+    connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+    connect(this, &QObject::destroyed, thread, [thread] { thread->wait(); }, Qt::DirectConnection);
+    thread->start();
+}
+
+void Window::restoreBackup() {
+    if (model_.state() == AppModel::State::locked) return prompts_->alert(model_.problem());
+    if (const auto backup = prompts_->backup(model_.backups())) model_.restore(*backup);
+}
+
+void Window::editSettings() {
+    const auto business = prompts_->settings(model_.library().business);
+    if (!business) return;
+    model_.perform(tr("Change Settings"), [business](Library library, Day) {
+        library.business = *business;
+        return library;
+    });
+}
+
+void Window::closeEvent(QCloseEvent* event) {
+    if (model_.saveNow() || prompts_->confirm(tr("Quit without saving?"), model_.saveProblem(), tr("Quit Anyway")))
+        return event->accept();
+    event->ignore();
+}
+
+void Window::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) model_.lookForOtherChanges();
+    QMainWindow::changeEvent(event);
+}
+
+void Window::dragEnterEvent(QDragEnterEvent* event) {
+    const auto files = localFiles(*event->mimeData());
+    if (files.empty() || model_.state() != AppModel::State::open) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    overlay_->show(static_cast<int>(files.size()));
+}
+
+void Window::dragLeaveEvent(QDragLeaveEvent*) { overlay_->hide(); }
+
+void Window::dropEvent(QDropEvent* event) {
+    overlay_->hide();
+    const auto files = localFiles(*event->mimeData());
+    if (files.empty() || model_.state() != AppModel::State::open) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    addReceipts(files);
+}
+
+}  // namespace tamba

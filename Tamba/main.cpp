@@ -1,0 +1,3 @@
+#include "Tamba/TambaApp.h"
+
+int main(int argc, char** argv) { return tamba::runTamba(argc, argv); }
