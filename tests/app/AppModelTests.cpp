@@ -1,0 +1,192 @@
+#include "Tamba/SignalWatcher.h"
+#include "TambaCore/Base/Files.h"
+#include "tests/app/Support.h"
+
+#include <QProcess>
+#include <QSignalSpy>
+
+#include <csignal>
+
+namespace tamba {
+
+class AppModelTests : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aStepIsTakenBackAndForwardByName() {
+        OpenBooks books;
+        const Library before = books.model.library();
+        QVERIFY(books.rename("Rangoli Studio"));
+        QCOMPARE(books.model.undoTitle(), QStringLiteral("Rename"));
+        books.model.undo();
+        QVERIFY(books.model.library() == before);
+        QVERIFY(books.model.undoTitle().isEmpty());
+        books.model.redo();
+        QCOMPARE(books.model.library().business.name, std::string("Rangoli Studio"));
+    }
+
+    void aHundredStepsAreKept() {
+        OpenBooks books;
+        for (int i = 1; i <= 130; ++i) QVERIFY(books.rename(std::to_string(i)));
+        int steps = 0;
+        while (!books.model.undoTitle().isEmpty()) {
+            books.model.undo();
+            ++steps;
+        }
+        QCOMPARE(steps, 100);
+        QCOMPARE(books.model.library().business.name, std::string("30"));
+    }
+
+    void anActionThatMovesFilesBeginsANewHistory() {
+        OpenBooks books;
+        QVERIFY(books.rename("one"));
+        books.model.perform(
+            QStringLiteral("Remove Receipt"),
+            [](Library library, Day) {
+                library.business.name = "two";
+                return library;
+            },
+            AppModel::Undo::beginsNewHistory);
+        QVERIFY(books.model.undoTitle().isEmpty());
+        QCOMPARE(books.model.library().business.name, std::string("two"));
+    }
+
+    void aRefusalLeavesTheBooksAndSaysItsSentence() {
+        OpenBooks books;
+        const Library before = books.model.library();
+        QSignalSpy refused(&books.model, &AppModel::refused);
+        QVERIFY(!books.model.perform(
+            QStringLiteral("Fail"), [](Library, Day) -> Library { throw StoreError(StoreError::Code::notAFile, ""); }));
+        QCOMPARE(refused.count(), 1);
+        QCOMPARE(refused.front().front().toString(), QStringLiteral("That file couldn’t be added."));
+        QVERIFY(books.model.library() == before);
+        QVERIFY(!books.model.saveTimerRuns());
+    }
+
+    void aBurstOfChangesIsWrittenOnceAfterTheLast() {
+        OpenBooks books;
+        for (const char* name : {"a", "b", "c"}) QVERIFY(books.rename(name));
+        QVERIFY(books.model.saveTimerRuns());
+        QCOMPARE(books.model.saving(), AppModel::Saving::pending);
+        QVERIFY(!Files::exists(books.path() / "tamba.json"));
+        QVERIFY(books.model.saveNow());
+        QVERIFY(!books.model.saveTimerRuns());
+        QCOMPARE(books.onDisk().business.name, std::string("c"));
+    }
+
+    void theTimerSaves() {
+        OpenBooks books;
+        QVERIFY(books.rename("by itself"));
+        QTRY_COMPARE(books.model.saving(), AppModel::Saving::saved);
+        QCOMPARE(books.onDisk().business.name, std::string("by itself"));
+    }
+
+    void aSaveThatFailsIsReportedOnceAndTriedAgain() {
+        OpenBooks books;
+        QSignalSpy refused(&books.model, &AppModel::refused);
+        Files::setObserver([](const char*) { throw FileError("No space left on device"); });
+        QVERIFY(books.rename("unsaved"));
+        QVERIFY(!books.model.saveNow());
+        QVERIFY(!books.model.saveNow());
+        Files::setObserver({});
+        QCOMPARE(books.model.saving(), AppModel::Saving::failed);
+        QCOMPARE(refused.count(), 1);
+        QVERIFY(books.model.saveProblem().startsWith(QStringLiteral("Tamba couldn’t save: ")));
+        QVERIFY(books.model.saveNow());
+        QCOMPARE(books.onDisk().business.name, std::string("unsaved"));
+    }
+
+    void damagedBooksAreNeverWrittenAndComeBackFromABackup() {
+        OpenBooks books;
+        QVERIFY(books.rename("kept"));
+        QVERIFY(books.model.saveNow());
+        const std::string damage = "{\"version\": 1,";
+        books.model.open(books.path() / "elsewhere");
+        Files::writeAtomically(books.path() / "tamba.json", damage);
+        books.model.open(books.path());
+        QCOMPARE(books.model.state(), AppModel::State::damaged);
+        QVERIFY(books.model.problem().startsWith(QStringLiteral("Tamba couldn’t read its library: ")));
+        QVERIFY(!books.rename("never"));
+        books.model.saveNow();
+        QCOMPARE(Files::read(books.path() / "tamba.json"), damage);
+        QVERIFY(!books.model.backups().empty());
+        QVERIFY(books.model.restore(books.model.backups().front().name));
+        QCOMPARE(books.model.state(), AppModel::State::open);
+        QCOMPARE(books.model.library().business.name, std::string("kept"));
+    }
+
+    void aBackupThatCannotBeReadLeavesTheBooksOpen() {
+        OpenBooks books;
+        QVERIFY(books.rename("mine"));
+        QVERIFY(books.model.saveNow());
+        QSignalSpy refused(&books.model, &AppModel::refused);
+        QVERIFY(!books.model.restore("tamba-1999-01-01.json"));
+        QCOMPARE(refused.count(), 1);
+        QCOMPARE(books.model.state(), AppModel::State::open);
+        QCOMPARE(books.model.library().business.name, std::string("mine"));
+    }
+
+    void booksOpenElsewhereAreLocked() {
+        OpenBooks books;
+        AppModel second;
+        second.open(books.path());
+        QCOMPARE(second.state(), AppModel::State::locked);
+        QVERIFY(!second.problem().isEmpty());
+    }
+
+    void anotherMachinesChangeIsMergedAndEndsTheHistory() {
+        OpenBooks books;
+        QVERIFY(books.rename("ours"));
+        QVERIFY(books.model.saveNow());
+        Library theirs = books.onDisk();
+        theirs.clients.append(Client::make("Their client"));
+        LibraryStore(books.path()).save(theirs);
+        QVERIFY(books.rename("ours again"));
+        QVERIFY(books.model.saveNow());
+        QCOMPARE(books.model.library().clients.size(), std::size_t(1));
+        QCOMPARE(books.onDisk().business.name, std::string("ours again"));
+        QVERIFY(books.model.undoTitle().isEmpty());
+    }
+
+    void terminationIsHeardInTimeToSave() {
+        OpenBooks books;
+        SignalWatcher watcher;
+        QSignalSpy ended(&watcher, &SignalWatcher::endRequested);
+        connect(&watcher, &SignalWatcher::endRequested, &books.model, &AppModel::saveNow);
+        QVERIFY(books.rename("before the end"));
+        std::raise(SIGTERM);
+        QTRY_COMPARE(ended.count(), 1);
+        QCOMPARE(books.onDisk().business.name, std::string("before the end"));
+    }
+
+    void theProgramEndsCleanlyOnSIGTERM() {
+        OpenBooks books;
+        QVERIFY(books.rename("untouched"));
+        QVERIFY(books.model.saveNow());
+        books.model.open(books.path() / "elsewhere");
+        const std::string bytes = Files::read(books.path() / "tamba.json");
+        QProcess program;
+        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        program.start(QStringLiteral(TAMBA_PROGRAM), {toQt(books.path())});
+        QVERIFY(program.waitForStarted());
+        // The day's copy of the books as opened shows that they are open.
+        const auto opened = [&] {
+            for (const std::string& name : Files::names(books.path() / "Backups"))
+                if (name.starts_with("opened-")) return true;
+            return false;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(opened(), 20000);
+        QTest::qWait(300);
+        program.terminate();
+        QVERIFY(program.waitForFinished(20000));
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+        QCOMPARE(Files::read(books.path() / "tamba.json"), bytes);
+    }
+};
+
+static const TestClass<AppModelTests> registered;
+
+}  // namespace tamba
+
+#include "AppModelTests.moc"

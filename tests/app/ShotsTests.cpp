@@ -1,0 +1,111 @@
+#include "Tamba/Icons.h"
+#include "Tamba/Screens/ExpensesScreen.h"
+#include "Tamba/Sheets/BackupSheet.h"
+#include "Tamba/Sheets/MileageSheet.h"
+#include "Tamba/Sheets/SettingsSheet.h"
+#include "Tamba/Style.h"
+#include "Tamba/Widgets/Overlays.h"
+#include "Tamba/Widgets/ReceiptView.h"
+#include "TambaCore/Fixtures.h"
+#include "tests/app/Support.h"
+
+#include <QTableView>
+
+namespace tamba {
+
+/// Pictures of every screen, sheet and empty place in both palettes, to be looked at; only where TAMBA_SHOTS names a
+/// folder for them.
+class ShotsTests : public QObject {
+    Q_OBJECT
+
+    QString folder_ = qEnvironmentVariable("TAMBA_SHOTS");
+    QString palette_;
+
+    void shoot(QWidget& widget, const QString& name) {
+        widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        for (ReceiptView* view : widget.findChildren<ReceiptView*>())
+            if (view->isVisible()) QTRY_VERIFY(view->isLoaded());
+        QCoreApplication::processEvents();
+        const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
+        QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
+    }
+
+private slots:
+    void pictures_data() {
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+
+    void pictures() {
+        QFETCH(bool, dark);
+        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
+        QDir().mkpath(folder_);
+        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
+        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+
+        OpenBooks books;
+        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
+        Window window(books.model, std::make_unique<TestPrompts>());
+        window.resize(1440, 880);
+        shoot(window, QStringLiteral("empty"));
+        books.model.open(books.path() / "Studio");
+        auto& screen = *window.findChild<ExpensesScreen*>();
+        const Library& library = books.model.library();
+        const auto choose = [&](auto&& wanted) {
+            for (const Expense& e : library.expenses)
+                if (wanted(e)) return screen.select({e.id});
+        };
+        choose([](const Expense& e) { return !e.attachments.empty() && e.tax > 0; });
+        shoot(window, QStringLiteral("expenses"));
+        choose([](const Expense& e) { return e.check.has_value(); });
+        shoot(window, QStringLiteral("check"));
+        choose([](const Expense& e) { return e.kind == ExpenseKind::mileage; });
+        shoot(window, QStringLiteral("mileage"));
+        choose([](const Expense& e) { return e.currency != "INR"; });
+        shoot(window, QStringLiteral("foreign"));
+        window.resize(960, 620);
+        choose([](const Expense& e) { return !e.attachments.empty() && e.tax > 0; });
+        shoot(window, QStringLiteral("small"));
+        window.resize(1200, 760);
+        screen.select({library.expenses[0].id, library.expenses[1].id, library.expenses[2].id});
+        window.findChild<ActivityStrip*>()->show(QStringLiteral("Reading IMG_2041.jpg"), 2, 7);
+        window.findChild<Toast*>()->show(QStringLiteral("3 expenses deleted"), QStringLiteral("Undo"));
+        shoot(window, QStringLiteral("several"));
+        window.findChild<ActivityStrip*>()->hide();
+        window.findChild<Toast*>()->hide();
+        window.findChild<QLineEdit*>(QStringLiteral("search"))->setText(QStringLiteral("no such vendor"));
+        shoot(window, QStringLiteral("nothing-found"));
+        window.findChild<QLineEdit*>(QStringLiteral("search"))->clear();
+        window.findChild<DropOverlay*>()->show(5);
+        shoot(window, QStringLiteral("drop"));
+        window.findChild<DropOverlay*>()->hide();
+
+        MileageSheet mileage(&window, library, testDay);
+        mileage.findChild<QLineEdit*>(QStringLiteral("tripDistance"))->setText(QStringLiteral("42.5"));
+        shoot(mileage, QStringLiteral("sheet-mileage"));
+        SettingsSheet settings(&window, library.business);
+        shoot(settings, QStringLiteral("sheet-settings"));
+        BackupSheet backups(&window, books.model.backups());
+        shoot(backups, QStringLiteral("sheet-backups"));
+        Sheet alert(&window, Sheet::Icon::alert, {}, QStringLiteral("No text was found on that receipt."));
+        alert.addButtons(QStringLiteral("OK"), {});
+        shoot(alert, QStringLiteral("sheet-alert"));
+
+        QDir(toQt(books.path())).mkdir(QStringLiteral("Damaged"));
+        QFile file(toQt(books.path() / "Damaged" / "tamba.json"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("{");
+        file.close();
+        books.model.open(books.path() / "Damaged");
+        shoot(window, QStringLiteral("damaged"));
+        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
+    }
+};
+
+static const TestClass<ShotsTests> registered;
+
+}  // namespace tamba
+
+#include "ShotsTests.moc"

@@ -1,0 +1,34 @@
+#include "Tamba/Icons.h"
+#include "Tamba/Style.h"
+#include "Tamba/TambaApp.h"
+#include "tests/app/Support.h"
+
+#include <QApplication>
+
+#include <memory>
+
+namespace tamba {
+namespace {
+std::vector<std::function<QObject*()>>& classes() {
+    static std::vector<std::function<QObject*()>> all;
+    return all;
+}
+}  // namespace
+void addTestClass(std::function<QObject*()> make) { classes().push_back(std::move(make)); }
+}  // namespace tamba
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    tamba::Style::install(application);
+    tamba::Style::apply(application, tamba::Colors::make(false, tamba::Icons::colorOf("1E4A66")));
+    int failed = 0;
+    for (const auto& make : tamba::classes()) {
+        const std::unique_ptr<QObject> test(make());
+        // Pictures are made to be looked at, when asked for and then alone.
+        const bool shots = QByteArrayView(test->metaObject()->className()).endsWith("ShotsTests");
+        if (shots != qEnvironmentVariableIsSet("TAMBA_SHOTS")) continue;
+        failed += QTest::qExec(test.get(), argc, argv);
+    }
+    return failed == 0 ? 0 : 1;
+}
