@@ -93,6 +93,22 @@ struct Merger {
         else
             conflicts.push_back({list, id, std::string(key), fieldText(ours), fieldText(theirs)});
     }
+    /// Records inside a record, such as payments: none of either side is lost.
+    template <class T>
+        requires requires(const T& record) { record.id; }
+    void member(const std::string& list, const std::string& id, std::string_view key, const std::vector<T>& base,
+                std::vector<T>& ours, const std::vector<T>& theirs) {
+        const auto shared = [](const std::vector<T>& records) {
+            List<T> made;
+            for (const T& record : records) made.append(record);
+            return made;
+        };
+        Merger inside;
+        const List<T> merged = inside.list(std::string(key), shared(base), shared(ours), shared(theirs));
+        if (!inside.conflicts.empty())
+            conflicts.push_back({list, id, std::string(key), fieldText(ours), fieldText(theirs)});
+        ours.assign(merged.begin(), merged.end());
+    }
     /// Counters only grow: the higher one is right for both sides.
     void member(const std::string&, const std::string&, std::string_view, const std::map<std::string, std::int64_t>&,
                 std::map<std::string, std::int64_t>& ours, const std::map<std::string, std::int64_t>& theirs) {

@@ -2,6 +2,8 @@
 #include "TambaCore/Model/ModelsJSON.h"
 #include "tests/support/Books.h"
 
+#include <rapidcheck/gtest.h>
+
 namespace tamba {
 namespace {
 
@@ -86,6 +88,105 @@ TEST(Merge, keepsWhatOneSideRemovedAndTheOtherChanged) {
         EXPECT_EQ(merged.library.expenses[0].vendor, "changed");
         EXPECT_EQ(merged.conflicts.size(), 1u);
     }
+}
+
+TEST(Merge, losesNoPaymentThatBothSidesRecordedOnOneInvoice) {
+    const Library base = aLibrary();
+    Library ours = base;
+    Library theirs = base;
+    const auto pay = [](Library& library, std::int64_t amount) {
+        library.documents.update(
+            0, [&](Document& d) { d.payments.push_back(Payment::make({2026, 11, 1}, amount, 0, PaymentMethod::upi)); });
+    };
+    pay(ours, 1);
+    pay(theirs, 2);
+    const auto amounts = [](const Library& library) {
+        std::vector<std::int64_t> result;
+        for (const Payment& payment : library.documents[0].payments) result.push_back(payment.amount);
+        return result;
+    };
+    Merged merged = merge(base, ours, theirs);
+    EXPECT_EQ(amounts(merged.library), (std::vector<std::int64_t>{400, 1, 2}));
+    EXPECT_TRUE(merged.conflicts.empty());
+
+    ours.documents.update(0, [](Document& d) { d.payments[0].tds = 5; });
+    theirs.documents.update(0, [](Document& d) { d.payments[0].tds = 6; });
+    merged = merge(base, ours, theirs);
+    EXPECT_EQ(amounts(merged.library), (std::vector<std::int64_t>{400, 1, 2}));
+    EXPECT_EQ(merged.library.documents[0].payments[0].tds, 5);
+    ASSERT_EQ(merged.conflicts.size(), 1u);
+    EXPECT_EQ(merged.conflicts[0].field, "payments");
+}
+
+/// What one side did to each expense of the base; those beyond it are new.
+struct Side {
+    std::vector<int> done;
+    Library apply(const Library& base, const std::vector<UUID>& ids, const char* name) const {
+        Library library = base;
+        library.expenses = {};
+        for (std::size_t i = 0; i < ids.size(); ++i) {
+            const Expense* old = find(base.expenses, ids[i]);
+            Expense expense = old ? *old : Expense{};
+            expense.id = ids[i];
+            switch (done[i]) {
+                case 0:  // left alone
+                    if (old) library.expenses.append(expense);
+                    break;
+                case 1:  // removed, or never added
+                    break;
+                case 2:
+                    expense.vendor = name;
+                    library.expenses.append(expense);
+                    break;
+                default:
+                    expense.notes = name;
+                    library.expenses.append(expense);
+            }
+        }
+        return library;
+    }
+};
+
+RC_GTEST_PROP(Merge, losesNothingAndBringsNothingBack, ()) {
+    constexpr std::size_t most = 12;
+    std::vector<UUID> ids(most);
+    for (std::size_t i = 0; i < most; ++i) ids[i].bytes[0] = static_cast<std::uint8_t>(i + 1);
+    const auto steps = rc::gen::container<std::vector<int>>(most, rc::gen::inRange(0, 4));
+    Library base;
+    for (std::size_t i = 0; i < most / 2; ++i) {
+        Expense expense;
+        expense.id = ids[i];
+        expense.vendor = expense.notes = "base";
+        base.expenses.append(expense);
+    }
+    const Side here{*steps}, there{*steps};
+    const Library ours = here.apply(base, ids, "ours"), theirs = there.apply(base, ids, "theirs");
+    const Merged merged = merge(base, ours, theirs);
+
+    std::size_t expected = 0, decided = 0;
+    for (std::size_t i = 0; i < most; ++i) {
+        const Expense* old = find(base.expenses, ids[i]);
+        const Expense *mine = find(ours.expenses, ids[i]), *other = find(theirs.expenses, ids[i]);
+        const Expense* result = find(merged.library.expenses, ids[i]);
+        const bool changedHere = mine && (!old || *mine != *old), changedThere = other && (!old || *other != *old);
+        const bool stays = changedHere || changedThere || (mine && other);
+        RC_ASSERT(stays == (result != nullptr));
+        if (!stays) continue;
+        ++expected;
+        for (const auto field : {&Expense::vendor, &Expense::notes}) {
+            const std::string before = old ? old->*field : "";
+            const std::string here = mine ? mine->*field : before, there = other ? other->*field : before;
+            const std::string& kept = result->*field;
+            RC_ASSERT(kept == (here != before ? here : there));
+            decided += here != before && there != before && here != there ? 1 : 0;
+        }
+        decided += old && ((changedHere && !other) || (changedThere && !mine)) ? 1 : 0;
+    }
+    RC_ASSERT(merged.library.expenses.size() == expected);
+    RC_ASSERT(merged.conflicts.size() == decided);
+    RC_ASSERT(merge(base, ours, base).library == ours);
+    RC_ASSERT(merge(base, base, theirs).library == theirs);
+    RC_ASSERT(merge(theirs, merged.library, theirs).library == merged.library);
 }
 
 TEST(Merge, keepsBankLinesInDateOrder) {
