@@ -1,4 +1,4 @@
-#include "TambaCore/Base/Check.h"
+#include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
 
@@ -56,7 +56,7 @@ T get(simdjson::simdjson_result<T> result, const char* expected) {
 std::string_view text(od::value& v) { return get(v.get_string(), "Not a text"); }
 
 std::string shortened(std::string_view word) {
-    return word.size() <= 60 ? std::string(word) : std::string(word.substr(0, 57)) + "…";
+    return word.size() <= 60 ? std::string(word) : std::string(Text::prefixBytes(word, 57)) + "…";
 }
 
 void decode(od::value& v, bool& out) { out = get(v.get_bool(), "Neither true nor false"); }
@@ -199,11 +199,14 @@ void decode(od::value& v, R& out) {
         for (auto item : object) {
             auto field = get(std::move(item), "Not a record");
             key = rawKey(field);
-            const std::size_t index = Reader<R>::find(key, expected);
+            // A key of the table may be written with escapes; kept as unknown, it would be written twice.
+            std::string_view name = key;
+            if (key.find('\\') != key.npos) name = get(field.unescaped_key(), "Not a key");
+            const std::size_t index = Reader<R>::find(name, expected);
             od::value value = field.value();
             if (index == fieldCount<R>) {
                 if constexpr (KeepsUnknownKeys<R>) {
-                    unknown.emplace_back(get(field.unescaped_key(), "Not a key"), keep(value));
+                    unknown.emplace_back(std::string(name), keep(value));
                 } else {
                     throw DecodeError("Unknown key");
                 }

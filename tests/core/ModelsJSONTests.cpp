@@ -69,6 +69,8 @@ TEST(ModelsJSON, aWrongFileNamesTheCulprit) {
         const char *piece, *other, *message;
     } cases[] = {
         {"\"dueDate\": \"2026-10-16\"", "\"dueDate\": \"2026-02-30\"", "Bad day 2026-02-30 (documents[0].dueDate)"},
+        {"\"dueDate\": \"2026-10-16\"", "\"dueDate\": \"a₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹\"",
+         "Bad day a₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹₹… (documents[0].dueDate)"},
         {"\"remindersSent\": 0,", "", "Missing key (documents[0].remindersSent)"},
         {"\"qtyMilli\": 1500", "\"qtyMilli\": 1.5", "Not a whole number (documents[0].lines[0].qtyMilli)"},
         {"\"qtyMilli\": 1500", "\"qtyMilli\": \"1500\"", "Not a whole number (documents[0].lines[0].qtyMilli)"},
@@ -135,6 +137,11 @@ TEST(ModelsJSON, keysOfANewerVersionAreWrittenBack) {
     Library edited = library;
     edited.expenses.update(0, [](Expense& e) { e.vendor = "Chai"; });
     EXPECT_NE(ModelsJSON::encode(edited).find("\"cool\": null"), std::string::npos) << "an edit keeps them";
+}
+
+TEST(ModelsJSON, knowsAKeyWrittenWithEscapes) {
+    const Library library = aLibrary();
+    EXPECT_EQ(ModelsJSON::decode(with(library, "\"stateCode\"", "\"st\\u0061teCode\"")), library);
 }
 
 TEST(ModelsJSON, nonsenseIsRefusedWithoutFallingOver) {
