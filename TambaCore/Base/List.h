@@ -3,6 +3,7 @@
 #include "TambaCore/Base/Check.h"
 
 #include <algorithm>
+#include <atomic>
 #include <concepts>
 #include <cstddef>
 #include <initializer_list>
@@ -143,6 +144,9 @@ private:
             items_ = std::make_shared<Items>();
         else if (items_.use_count() > 1)
             items_ = std::make_shared<Items>(*items_);
+        else
+            // A copy on another thread may have been the last but one; what was read through it is read by now.
+            std::atomic_thread_fence(std::memory_order_acquire);
         return *items_;
     }
 
