@@ -48,6 +48,7 @@ auto checked(Call&& call) {
 /// A file descriptor that closes itself.
 class Descriptor {
 public:
+    explicit Descriptor(int fd) : fd_(fd) {}
     Descriptor(const Path& path, int flags, mode_t mode = 0) : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
         if (fd_ < 0) fail(errno);
     }
@@ -77,7 +78,10 @@ void flush(int fd) {
 }
 
 void flushFolder(const Path& folder) {
-    const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+    const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0 && errno == EACCES) return;  // files may be made in it, but it may not be opened
+    if (fd < 0) fail(errno);
+    const Descriptor descriptor(fd);
     observe("flush folder");
     // Some network and FUSE file systems cannot flush a folder; the file itself is safe by then.
     if (::fsync(descriptor.get()) != 0 && errno != EINVAL && errno != ENOTSUP) fail(errno);
@@ -87,6 +91,12 @@ void flushFolder(const Path& folder) {
 Path unfinished(const Path& path) {
     const std::string name = path.filename().string();
     return path.parent_path() / ("." + std::string(Text::prefixBytes(name, 240)) + ".tmp");
+}
+
+Stamp stampOf(const struct stat& info) {
+    return {static_cast<std::uint64_t>(info.st_size),
+            std::int64_t{info.st_mtim.tv_sec} * 1'000'000'000 + info.st_mtim.tv_nsec,
+            static_cast<std::uint64_t>(info.st_ino)};
 }
 
 void removeQuietly(const Path& path) {
@@ -111,8 +121,10 @@ bool renameToNew(const Path& from, const Path& to) {
 void setObserver(std::function<void(const char* operation)> newObserver) { observer() = std::move(newObserver); }
 
 bool exists(const Path& path) {
-    std::error_code ignored;
-    return fs::exists(fs::symlink_status(path, ignored));
+    std::error_code error;
+    const auto type = fs::symlink_status(path, error).type();
+    if (type == fs::file_type::none) throw FileError(error.message());
+    return type != fs::file_type::not_found;
 }
 
 std::string read(const Path& path) {
@@ -153,8 +165,9 @@ std::optional<std::uint64_t> size(const Path& path) {
     return bytes;
 }
 
-void writeAtomically(const Path& path, std::string_view bytes) {
+Stamp writeAtomically(const Path& path, std::string_view bytes) {
     std::error_code ignored;
+    Stamp written;
     // Through a link, so that a library file kept elsewhere stays where its owner put it.
     const Path target =
         fs::is_symlink(path, ignored) ? checked([&](auto& e) { return fs::weakly_canonical(path, e); }) : path;
@@ -167,6 +180,8 @@ void writeAtomically(const Path& path, std::string_view bytes) {
         observe("write");
         writeAll(descriptor.get(), bytes);
         flush(descriptor.get());
+        if (::fstat(descriptor.get(), &info) != 0) fail(errno);
+        written = stampOf(info);
         observe("rename");
         if (::rename(temporary.c_str(), target.c_str()) != 0) fail(errno);
     } catch (const FileError&) {
@@ -174,6 +189,7 @@ void writeAtomically(const Path& path, std::string_view bytes) {
         throw;
     }
     flushFolder(target.parent_path());
+    return written;
 }
 
 bool copyToNew(const Path& from, const Path& to) {
@@ -211,16 +227,19 @@ void remove(const Path& path) {
 }
 
 void makeFolders(const Path& folder) {
-    if (fs::is_directory(folder)) return;
+    std::error_code ignored;
+    if (fs::is_directory(folder, ignored)) return;
     observe("make folder");
     checked([&](auto& e) { return fs::create_directories(folder, e); });
 }
 
 std::vector<std::string> names(const Path& folder) {
     std::vector<std::string> found;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+    auto entry = checked([&](auto& e) { return fs::directory_iterator(folder, e); });
+    while (entry != fs::directory_iterator()) {
         found.push_back(entry->path().filename().string());
+        checked([&](auto& e) { entry.increment(e); });
+    }
     std::sort(found.begin(), found.end());
     return found;
 }
@@ -245,10 +264,13 @@ std::string safeName(std::string_view name) {
     return safe.empty() ? "file" : safe;
 }
 
+Path temporaryFolder() {
+    return checked([&](auto& e) { return fs::temp_directory_path(e); });
+}
+
 Path writeTemporary(std::string_view bytes, std::string_view name) {
-    const Path folder = checked([&](auto& e) { return fs::temp_directory_path(e); });
     const std::string safe = safeName(name);
-    const Path path = folder / ("tamba-" + UUID::random().text() + "-" + safe);
+    const Path path = temporaryFolder() / ("tamba-" + UUID::random().text() + "-" + safe);
     try {
         const Descriptor descriptor(path, O_WRONLY | O_CREAT | O_EXCL, 0600);
         writeAll(descriptor.get(), bytes);
@@ -257,6 +279,12 @@ Path writeTemporary(std::string_view bytes, std::string_view name) {
         throw;
     }
     return path;
+}
+
+Path realPath(const Path& path) {
+    const Path absolute = checked([&](auto& e) { return fs::absolute(path, e); });
+    const Path real = checked([&](auto& e) { return fs::weakly_canonical(absolute, e); });
+    return (real / "").parent_path();  // a folder that does not exist yet may have kept a slash at its end
 }
 
 std::optional<Path> inside(const Path& folder, std::string_view relative) {
@@ -282,9 +310,7 @@ bool sameBytes(const Path& a, const Path& b) {
 std::optional<Stamp> stamp(const Path& path) {
     struct stat info{};
     if (::stat(path.c_str(), &info) != 0) return std::nullopt;
-    return Stamp{static_cast<std::uint64_t>(info.st_size),
-                 std::int64_t{info.st_mtim.tv_sec} * 1'000'000'000 + info.st_mtim.tv_nsec,
-                 static_cast<std::uint64_t>(info.st_ino)};
+    return stampOf(info);
 }
 
 }  // namespace tamba::Files

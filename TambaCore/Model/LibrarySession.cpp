@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 
 namespace tamba {
@@ -33,7 +34,7 @@ fs::path lockFolder() {
         return fs::path(state) / "Tamba" / "locks";
     if (const char* home = std::getenv("HOME"); home && *home == '/')
         return fs::path(home) / ".local/state/Tamba/locks";
-    return fs::temp_directory_path() / ("tamba-locks-" + std::to_string(::getuid()));
+    return Files::temporaryFolder() / ("tamba-locks-" + std::to_string(::getuid()));
 }
 
 Library read(const fs::path& file) {
@@ -58,15 +59,17 @@ struct LibrarySession::Lock {
         fs::path file;
         try {
             Files::makeFolders(lockFolder());
-            file = lockFolder() / (hashed(fs::weakly_canonical(folder).string()) + ".lock");
+            file = lockFolder() / (hashed(Files::realPath(folder).string()) + ".lock");
         } catch (const FileError& error) {
             throw StoreError(StoreError::Code::unwritable, error.what());
         }
         fd = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
         if (fd < 0) throw StoreError(StoreError::Code::unwritable, "its lock cannot be made");
         if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
+            const bool taken = errno == EWOULDBLOCK;
             ::close(fd);
-            throw LockedError();
+            if (taken) throw LockedError();
+            throw StoreError(StoreError::Code::unwritable, "its lock cannot be taken");
         }
     }
     ~Lock() { ::close(fd); }
@@ -102,8 +105,7 @@ LibrarySession::Saved LibrarySession::save(const Library& ours) {
         Merged merged = merge(base_.value_or(Library{}), ours, *theirs);
         saved = {std::move(merged.library), true, std::move(merged.conflicts)};
     }
-    store_.save(saved.library);
-    stamp_ = Files::stamp(store_.fileURL());
+    stamp_ = store_.save(saved.library);
     base_ = saved.library;
     return saved;
 }
@@ -133,7 +135,14 @@ std::vector<LibrarySession::Backup> LibrarySession::backups() const { return bac
 std::vector<LibrarySession::Backup> LibrarySession::backups(const fs::path& folder) {
     const LibraryStore store(folder);
     std::vector<Backup> found;
-    for (const std::string& name : Files::names(store.backupsFolder())) {
+    if (!Files::stamp(store.backupsFolder())) return found;
+    std::vector<std::string> names;
+    try {
+        names = Files::names(store.backupsFolder());
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    }
+    for (const std::string& name : names) {
         if (!isBackup(name)) continue;
         const bool asOpened = name.starts_with(openedPrefix);
         const auto day = Day::iso(std::string_view(name).substr((asOpened ? openedPrefix : savedPrefix).size()));
@@ -149,7 +158,7 @@ std::vector<LibrarySession::Backup> LibrarySession::backups(const fs::path& fold
 Library LibrarySession::readBackup(std::string_view name) const {
     if (Files::safeName(name) != name) throw StoreError(StoreError::Code::notAFile, "");
     const fs::path file = store_.backupsFolder() / name;
-    if (!Files::exists(file)) throw StoreError(StoreError::Code::notAFile, "");
+    if (!Files::size(file)) throw StoreError(StoreError::Code::notAFile, "");
     return read(file);
 }
 
@@ -157,7 +166,7 @@ Library LibrarySession::restore(const fs::path& folder, std::string_view name) {
     const Lock lock(folder);
     const LibraryStore store(folder);
     const fs::path backup = store.backupsFolder() / name;
-    if (Files::safeName(name) != name || !Files::exists(backup)) throw StoreError(StoreError::Code::notAFile, "");
+    if (Files::safeName(name) != name || !Files::size(backup)) throw StoreError(StoreError::Code::notAFile, "");
     Library library = read(backup);
     try {
         if (Files::exists(store.fileURL())) {

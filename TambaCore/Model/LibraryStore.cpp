@@ -1,6 +1,5 @@
 #include "TambaCore/Model/LibraryStore.h"
 
-#include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/ModelsJSON.h"
 
@@ -66,8 +65,8 @@ void LibraryStore::prepare() const {
 }
 
 std::optional<Library> LibraryStore::load() const {
-    if (!Files::exists(fileURL())) return std::nullopt;
     try {
+        if (!Files::exists(fileURL())) return std::nullopt;
         return ModelsJSON::decode(Files::read(fileURL()));
     } catch (const FileError& error) {
         throw StoreError(StoreError::Code::unreadable, error.what());
@@ -76,22 +75,28 @@ std::optional<Library> LibraryStore::load() const {
     }
 }
 
-void LibraryStore::save(const Library& library) const {
+Files::Stamp LibraryStore::save(const Library& library) const {
     prepare();
     const std::string bytes = ModelsJSON::encode(library, Files::size(fileURL()).value_or(0));
-    writing([&] { Files::writeAtomically(fileURL(), bytes); });
+    const Files::Stamp written = writing([&] { return Files::writeAtomically(fileURL(), bytes); });
     try {
         const Path backup = backupsFolder() / ("tamba-" + Day::today().iso() + ".json");
-        if (Files::exists(backup)) return;
+        if (Files::exists(backup)) return written;
         Files::writeAtomically(backup, bytes);
         pruneBackups("tamba-", 14);
     } catch (const FileError&) {
         // The books are safe; a missing backup must not keep anybody from working.
     }
+    return written;
 }
 
 void LibraryStore::pruneBackups(std::string_view prefix, std::size_t keep) const {
-    std::vector<std::string> names = Files::names(backupsFolder());
+    std::vector<std::string> names;
+    try {
+        names = Files::names(backupsFolder());
+    } catch (const FileError&) {
+        return;
+    }
     std::erase_if(names, [&](const std::string& name) { return !name.starts_with(prefix); });
     std::reverse(names.begin(), names.end());  // the day in the name makes this newest first
     for (std::size_t i = keep; i < names.size(); ++i) {
@@ -105,7 +110,7 @@ void LibraryStore::pruneBackups(std::string_view prefix, std::size_t keep) const
 
 std::string LibraryStore::importReceipt(const Path& file, Day date, std::string_view vendor) const {
     prepare();
-    if (!Files::exists(file)) throw StoreError(StoreError::Code::notAFile, "");
+    if (!Files::stamp(file)) throw StoreError(StoreError::Code::notAFile, "");
     const Path folder = receiptsFolder() / date.monthKey();
     const std::string ending = "." + extension(file);
     const std::string base = slug(vendor.empty() ? file.stem().string() : std::string(vendor));
@@ -122,7 +127,7 @@ std::string LibraryStore::importReceipt(const Path& file, Day date, std::string_
 }
 
 std::string LibraryStore::writeAttachment(std::string_view data, std::string_view name, Day date) const {
-    const Path folder = fs::temp_directory_path() / ("tamba-" + UUID::random().text());
+    const Path folder = writing(Files::temporaryFolder) / ("tamba-" + UUID::random().text());
     struct Cleanup {
         Path folder;
         ~Cleanup() {
@@ -154,15 +159,25 @@ void LibraryStore::removeAttachment(const Attachment& attachment) const {
     if (!file || !Files::size(*file)) return;  // a folder is no attachment
     writing([&] {
         Files::makeFolders(removedFolder());
-        const std::string name = file->filename().string();
-        Path target = removedFolder() / name;
-        if (Files::exists(target)) target = removedFolder() / (UUID::random().text().substr(0, 8) + "-" + name);
+        Path target = removedFolder() / file->filename();
+        if (Files::exists(target)) {
+            const std::string mark = UUID::random().text().substr(0, 8) + "-";
+            const std::string stem = file->stem().string();
+            std::string ending = file->extension().string();
+            if (ending.size() > 20) ending.clear();
+            const std::size_t room = longestName - mark.size() - ending.size();
+            target = removedFolder() / (mark + std::string(Text::prefixBytes(stem, room)) + ending);
+        }
         Files::move(*file, target);
     });
 }
 
 void LibraryStore::copyTo(const Path& destination) const {
     writing([&] {
+        // Else the copy would be copied into itself without end.
+        const Path from = Files::realPath(folder_), to = Files::realPath(destination);
+        if (from != to && std::mismatch(from.begin(), from.end(), to.begin(), to.end()).first == from.end())
+            throw FileError("That folder lies inside the books’ own");
         Files::makeFolders(destination);
         for (const std::string& name : Files::names(folder_)) {
             if (Files::exists(destination / name)) throw FileError("“" + name + "” already exists in that folder");

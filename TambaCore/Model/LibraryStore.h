@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TambaCore/Base/Files.h"
 #include "TambaCore/Model/Models.h"
 
 #include <exception>
@@ -50,8 +51,8 @@ public:
     /// and leaves the file as it is.
     [[nodiscard]] std::optional<Library> load() const;
     /// Writes the books atomically; the first save of a calendar day is also that day's backup, of which 14 are kept.
-    /// Throws `unwritable`; the file on disk is then the old one.
-    void save(const Library& library) const;
+    /// Throws `unwritable`; the file on disk is then the old one. Gives the stamp of the file written.
+    Files::Stamp save(const Library& library) const;
 
     /// Deletes all but the `keep` newest backups whose names begin with `prefix`; failures are passed over.
     void pruneBackups(std::string_view prefix, std::size_t keep) const;
@@ -67,7 +68,8 @@ public:
     [[nodiscard]] std::optional<Path> url(const Attachment& attachment) const;
     /// Moves the file to Removed/, never deletes it. A path that leaves the folder is left alone. Throws `unwritable`.
     void removeAttachment(const Attachment& attachment) const;
-    /// Copies every top-level item to `destination`; refuses, before copying anything more, when one is there already.
+    /// Copies every top-level item to `destination`; refuses, before copying anything more, when one is there already
+    /// or the destination lies within the folder itself.
     void copyTo(const Path& destination) const;
 
     /// File-name-safe form of a vendor: lower case, letters and digits of any script, at most 40 characters.

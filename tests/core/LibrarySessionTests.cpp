@@ -103,6 +103,37 @@ TEST(LibrarySession, aFailedSaveFindsTheOtherMachinesChangeAgain) {
     EXPECT_EQ(session.save(ours).library.expenses.size(), 3u);
 }
 
+TEST(LibrarySession, noticesAChangeThatCameInWhileItWasSaving) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    store.save(aLibrary());
+    LibrarySession session(folder.path(), writing);
+    Library ours = *session.loaded();
+    ours.expenses.append(anExpense("ours"));
+    Library theirs = ours;
+    theirs.expenses.append(anExpense("theirs"));
+    bool came = false;
+    Files::setObserver([&](const char* operation) {
+        if (came || std::string_view(operation) != "flush folder") return;
+        came = true;
+        Files::writeAtomically(store.fileURL(), ModelsJSON::encode(theirs));
+    });
+    session.save(ours);
+    Files::setObserver(nullptr);
+    EXPECT_EQ(store.load(), theirs);
+    const auto saved = session.save(ours);
+    EXPECT_TRUE(saved.merged);
+    EXPECT_EQ(saved.library.expenses.size(), 3u);
+}
+
+TEST(LibrarySession, locksAFolderThatIsYetToBeMadeUnderOneName) {
+    const TemporaryFolder folder;
+    const LibrarySession first(folder / "books/", writing);
+    for (const char* name : {"books", "books/.", "other/../books"})
+        EXPECT_THROW(LibrarySession(folder / name, writing), LockedError) << name;
+    EXPECT_THROW(LibrarySession(std::filesystem::relative(folder / "books"), writing), LockedError);
+}
+
 TEST(LibrarySession, neverSavesOverBooksThatBecameUnreadable) {
     const TemporaryFolder folder;
     const LibraryStore store(folder.path());

@@ -1,5 +1,6 @@
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
+#include "TambaCore/Model/LibrarySession.h"
 #include "TambaCore/Model/LibraryStore.h"
 #include "TambaCore/Model/ModelsJSON.h"
 #include "tests/support/Books.h"
@@ -85,6 +86,28 @@ TEST(LibraryStore, aFolderThatCannotBeWrittenIsAFinishedSentence) {
     }
 }
 
+TEST(LibraryStore, aFolderThatCannotBeReachedIsNoNewBook) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory_symlink(folder / "loop", folder / "loop");
+    for (const auto& unreachable : {folder / "loop", folder / std::string(300, 'x')}) {
+        const LibraryStore store(unreachable);
+        const auto code = [](auto&& call) -> std::optional<StoreError::Code> {
+            try {
+                call();
+            } catch (const StoreError& error) {
+                return error.code();
+            }
+            return {};
+        };
+        EXPECT_EQ(code([&] { (void)store.load(); }), StoreError::Code::unreadable);
+        EXPECT_EQ(code([&] { store.save(aLibrary()); }), StoreError::Code::unwritable);
+        EXPECT_EQ(code([&] { store.copyTo(folder / "copy"); }), StoreError::Code::unwritable);
+        using Access = LibrarySession::Access;
+        EXPECT_EQ(code([&] { LibrarySession(unreachable, Access::read); }), StoreError::Code::unreadable);
+        EXPECT_TRUE(code([&] { LibrarySession(unreachable, Access::write); }));
+    }
+}
+
 TEST(LibraryStore, filesReceiptsByMonthUnderFreeNames) {
     const TemporaryFolder folder;
     const LibraryStore store(folder / "books");
@@ -121,7 +144,15 @@ TEST(LibraryStore, filesReceiptsByMonthUnderFreeNames) {
     EXPECT_LE(name.size(), 255u);
     EXPECT_TRUE(name.ends_with("क्षि-2.dat")) << "cut between characters: " << name;
 
-    EXPECT_THROW((void)store.importReceipt(folder / "absent", day, "x"), StoreError);
+    std::filesystem::create_symlink(folder / "absent", folder / "leads nowhere");
+    for (const char* name : {"absent", "leads nowhere"}) {
+        try {
+            (void)store.importReceipt(folder / name, day, "x");
+            ADD_FAILURE() << name;
+        } catch (const StoreError& error) {
+            EXPECT_EQ(error.code(), StoreError::Code::notAFile) << name;
+        }
+    }
     EXPECT_EQ(store.writeAttachment("bytes", "../Facture n°7.pdf", day), "Receipts/2026-04/2026-04-14-facture-n-7.pdf");
     EXPECT_EQ(contents(store.folder() / "Receipts/2026-04/2026-04-14-facture-n-7.pdf"), "bytes");
 }
@@ -165,6 +196,13 @@ TEST(LibraryStore, attachmentsThatLeaveTheFolderAreNeverTouched) {
     ASSERT_EQ(removed.size(), 2u);
     EXPECT_TRUE(removed[0].ends_with("-a.jpg") && removed[0].size() == 8 + 1 + 5) << removed[0];
     store.removeAttachment(good);  // nothing there any more
+
+    const std::string longest = "Receipts/2026-04/" + std::string(251, 'x') + ".jpg";
+    for (const char* bytes : {"three", "four"}) {
+        write(store.folder() / longest, bytes);
+        store.removeAttachment(Attachment::make(longest, "x.jpg"));
+    }
+    EXPECT_EQ(Files::names(store.removedFolder()).size(), 4u);
 }
 
 TEST(LibraryStore, copyingNeverOverwrites) {
@@ -183,6 +221,8 @@ TEST(LibraryStore, copyingNeverOverwrites) {
         EXPECT_STREQ(error.what(), "Tamba couldn’t save: “tamba.json” already exists in that folder.");
     }
     EXPECT_EQ(contents(folder / "other/tamba.json"), "theirs");
+    EXPECT_THROW(store.copyTo(store.folder() / "Backups/copy"), StoreError) << "a copy of the copy of the copy";
+    EXPECT_THROW(LibraryStore(folder / "absent").copyTo(folder / "third"), StoreError) << "there is nothing to copy";
 }
 
 /// Runs `save` in a child process that ends, as if the power went, just before its n-th operation on the disk. True
