@@ -189,7 +189,7 @@ std::string_view title(ExpenseList list) {
         case ExpenseList::withoutCategory:
             return "No category";
         case ExpenseList::withoutRate:
-            return "No exchange rate";
+            return "No rate";
         case ExpenseList::billable:
             return "Billable";
         case ExpenseList::mileage:

@@ -147,11 +147,9 @@ QWidget* ExpenseInspector::makeFields() {
     row(tr("Amount"), money);
     row(tr("Rate"), rate_ = line(tr("Exchange rate"), "rate"));
     rateNote_ = Controls::label({}, "caption", this);
-    rateNote_->setWordWrap(true);
     form_->addRow(QString(), rateNote_);
     row(tr("Tax"), tax_ = line(tr("Tax included"), "tax"));
     split_ = Controls::label({}, "caption", this);
-    split_->setWordWrap(true);
     form_->addRow(QString(), split_);
     form_->addRow(QString(), claim_ = new QCheckBox(tr("Claim this tax back"), this));
     Controls::name(*claim_, "claimTax", claim_->text());

@@ -45,7 +45,7 @@ void ExpenseInspector::show(const std::vector<UUID>& ids) {
 }
 
 void ExpenseInspector::setBeside(bool beside) {
-    setFixedWidth(beside ? 700 : 360);
+    setFixedWidth(beside ? 660 : 360);
     if (beside == beside_) return;
     beside_ = beside;
     if (beside) {

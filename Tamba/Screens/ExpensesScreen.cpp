@@ -117,6 +117,7 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
         period_->choose(Span::all, model_.today());
         showList(ExpenseList::all);
         if (rows_.rowCount() > 0) table_->selectRow(0);
+        table_->setFocus();
     });
     setTabOrder(search_, addReceipts_);
     setTabOrder(addReceipts_, newExpense_);
@@ -204,11 +205,6 @@ void ExpensesScreen::makeTable() {
     header->setSectionResizeMode(QHeaderView::Fixed);
     header->setSectionResizeMode(Column::vendor, QHeaderView::Stretch);
     header->setFixedHeight(32);
-    for (const auto& [column, width] :
-         {std::pair(Column::date, 104), std::pair(Column::category, 186), std::pair(Column::amount, 124),
-          std::pair(Column::tax, 104), std::pair(Column::method, 110), std::pair(Column::receipt, 36),
-          std::pair(Column::status, 112)})
-        table_->setColumnWidth(column, width);
     keepSelection(*table_, rows_);
     table_->installEventFilter(this);
     connect(header, &QHeaderView::sectionClicked, this, &ExpensesScreen::sortBy);
@@ -372,16 +368,33 @@ void ExpensesScreen::resizeEvent(QResizeEvent*) { arrange(); }
 
 void ExpensesScreen::arrange() {
     // Wide windows have the receipt beside its fields, narrow ones above them.
-    inspector_->setBeside(width() >= 1240);
+    inspector_->setBeside(width() >= 1180);
     const int room = width() - (inspector_->isVisibleTo(this) ? inspector_->width() : 0);
-    table_->setColumnHidden(Column::method, room < 860);
-    table_->setColumnHidden(Column::tax, room < 740);
-    table_->setColumnHidden(Column::category, room < 600);
-    table_->setColumnHidden(Column::receipt, room < 480);
-    table_->setColumnHidden(Column::status, room < 420);
+    // What gives way first where the vendor's name would get too little room; a category keeps its glyph for longer.
+    struct Step {
+        Column column;
+        int width;
+    };
+    static constexpr Step widths[] = {{Column::date, 104},  {Column::category, 186}, {Column::amount, 124},
+                                      {Column::tax, 104},   {Column::method, 110},   {Column::receipt, 36},
+                                      {Column::status, 112}};
+    static constexpr Step steps[] = {{Column::method, 0},  {Column::tax, 0},      {Column::category, 42},
+                                     {Column::receipt, 0}, {Column::category, 0}, {Column::status, 0}};
+    int taken = 0;
+    for (const auto& [column, width] : widths) {
+        table_->setColumnHidden(column, false);
+        table_->setColumnWidth(column, width);
+        taken += width;
+    }
+    for (const auto& [column, width] : steps) {
+        if (room - taken >= 170) break;
+        taken -= table_->columnWidth(column) - width;
+        if (width > 0)
+            table_->setColumnWidth(column, width);
+        else
+            table_->setColumnHidden(column, true);
+    }
     tax_->setVisible(room >= 480);
-    const bool tight = room < 480;
-    table_->setColumnWidth(Column::date, tight ? 98 : 104);
     addReceipts_->setVisible(room >= 380);
 }
 

@@ -18,10 +18,12 @@ BackupSheet::BackupSheet(QWidget* parent, std::vector<LibrarySession::Backup> ba
     list_ = new QListWidget(this);
     Controls::name(*list_, "backups", tr("Backups"));
     for (const auto& backup : backups_)
-        list_->addItem(tr("%1 · %2 · %3")
-                           .arg(toQt(backup.day.formatted("EEEE d MMMM yyyy")),
-                                backup.asOpened ? tr("as opened that day") : tr("first save of the day"),
-                                QLocale(QLocale::English).formattedDataSize(static_cast<qint64>(backup.size))));
+        list_->addItem(
+            tr("%1 · %2 · %3")
+                .arg(toQt(backup.day.formatted("EEEE d MMMM yyyy")),
+                     backup.asOpened ? tr("as opened that day") : tr("first save of the day"),
+                     QLocale(QLocale::English)
+                         .formattedDataSize(static_cast<qint64>(backup.size), 0, QLocale::DataSizeSIFormat)));
     list_->setMinimumHeight(240);
     list_->setCurrentRow(0);
     body().addWidget(list_);

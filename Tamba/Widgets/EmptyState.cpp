@@ -62,6 +62,8 @@ void EmptyState::set(const QString& icon, const QString& title, const QString& s
     glyph_->update();
     title_->setText(title);
     sentence_->setText(sentence);
+    // Centred in the layout, a label that wraps gets no height for its width.
+    sentence_->setMinimumHeight(sentence_->heightForWidth(sentence_->width()));
     for (auto [button, text] : {std::pair(action_, action), std::pair(other_, other)}) {
         button->setText(text);
         button->setAccessibleName(text);

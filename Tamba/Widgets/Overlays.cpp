@@ -91,7 +91,7 @@ void Toast::place() {
     if (sizeHint().width() > room) text_->setWordWrap(true);
     resize(std::min(sizeHint().width(), room), 0);
     resize(width(), std::max(sizeHint().height(), heightForWidth(width())));
-    move((parentWidget()->width() - width()) / 2, parentWidget()->height() - height() - 64);
+    move((parentWidget()->width() - width()) / 2, parentWidget()->height() - height() - 96);
 }
 
 bool Toast::eventFilter(QObject* watched, QEvent* event) {

@@ -22,7 +22,7 @@ public:
     explicit ReceiptView(QWidget* parent = nullptr);
     /// Nothing: no attachment to show.
     void show(const std::optional<std::filesystem::path>& file, const QString& name);
-    [[nodiscard]] bool isLoaded() const { return loaded_; }
+    [[nodiscard]] bool isLoaded() const { return loaded_ || !file_; }
     /// Fits the width only and grows as long as the page is, for the large view.
     void setFullWidth(int width);
 

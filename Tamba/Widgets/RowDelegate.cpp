@@ -47,10 +47,14 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     QRectF words = cell.adjusted(12, 0, -12, 0);
     if (const QString glyph = index.data(Glyph).toString(); !glyph.isEmpty()) {
         const auto own = index.data(GlyphColor).value<QColor>();
-        const qreal left = text.isEmpty() ? cell.center().x() - 8.5 : words.left();
+        const qreal left = text.isEmpty() || cell.width() < 60 ? cell.center().x() - 8.5 : words.left();
         Icons::paint(*painter, QRectF(left, cell.center().y() - 8.5, 17, 17), glyph,
                      own.isValid() ? colors.readable(own) : colors.muted);
         words.setLeft(words.left() + 25);
+    }
+    if (words.width() < 24) {
+        painter->restore();
+        return;
     }
     const bool strong = index.data(Strong).toBool();
     painter->setFont(Style::textFont(13, strong ? QFont::DemiBold : QFont::Normal));
