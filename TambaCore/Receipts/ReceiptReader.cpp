@@ -26,6 +26,7 @@ using Code = ReceiptReader::ReadError::Code;
 
 /// The mark of a PDF stands somewhere in the first kilobyte (ISO 32000-1, annex H.3, note 13).
 bool isPDF(const std::filesystem::path& file) {
+    if (!Files::size(file)) return false;  // opening a pipe would wait for somebody to write into it
     std::array<char, 1024> head{};
     std::ifstream stream(file, std::ios::binary);
     stream.read(head.data(), head.size());
@@ -40,7 +41,7 @@ PDFFile openPDF(const std::filesystem::path& file) {
 
 Raster decodePicture(const std::filesystem::path& file, Raster::Kind kind, int maximumWidth) {
     try {
-        if (Files::size(file).value_or(0) <= maximumPictureBytes)
+        if (Files::size(file).value_or(maximumPictureBytes + 1) <= maximumPictureBytes)
             if (auto picture = PictureFile::decode(Files::read(file), kind, maximumWidth)) return std::move(*picture);
     } catch (const FileError&) {
     }

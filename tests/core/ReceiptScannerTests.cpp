@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 
@@ -143,6 +144,16 @@ TEST_F(ReceiptScannerTest, readsTheTextOfAnEmail) {
     }
 }
 
+TEST_F(ReceiptScannerTest, namesTheSenderOfAnEmailThatTellsNoName) {
+    const auto result = scan(file("mail.eml", mail("<p>Booking confirmed: QX7</p>TOTAL<p></p><p></p>₹450.00", {})));
+    EXPECT_EQ(result.guess.vendor, "Asha Travels");
+    EXPECT_EQ(result.guess.total, 45000);
+    EXPECT_THAT(result.guess.doubts, Not(Contains(Doubt::totalWithoutKeyword))) << "blank lines part no label";
+    // An address is no name; any line is a better one.
+    const auto bare = file("bare.eml", "From: a@b.example\nSubject: your bill\n\nbooking confirmed\nTotal 450.00\n");
+    EXPECT_EQ(scan(bare).guess.vendor, "your bill");
+}
+
 TEST_F(ReceiptScannerTest, readsAPhotoInAnEmailWithoutATotal) {
     const std::string png = ImageFile::png(testing::scanned(tea)) + std::string(20'000, '\0');
     const auto result = scan(file("mail.eml", mail("See below", {{"photo.png", "image/png", png}})));
@@ -152,11 +163,14 @@ TEST_F(ReceiptScannerTest, readsAPhotoInAnEmailWithoutATotal) {
 
 TEST_F(ReceiptScannerTest, passesRefusalsOn) {
     using Error = ReceiptReader::ReadError;
+    const auto pipe = file("folder", "").parent_path() / "pipe.jpg";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     const std::pair<std::filesystem::path, Error::Code> cases[] = {
         {file("empty.eml", ""), Error::Code::unreadable},
         {file("blank.eml", "From: a@b.example\r\n\r\n\r\n"), Error::Code::empty},
         {file("page.html", "<html>Total 5.00</html>"), Error::Code::unreadable},
         {"/nowhere/mail.eml", Error::Code::unreadable},
+        {pipe, Error::Code::unreadable},  // nobody writes into it
     };
     for (const auto& [path, code] : cases) try {
             static_cast<void>(scan(path));
