@@ -169,7 +169,7 @@ std::optional<Day> parseRFCDate(std::string_view text) {
     static const Text::Pattern comment(R"(\([^()]*\))");
     // Wed, 14 Oct 2026 10:11:12 +0530; weekday, seconds and zone may be missing.
     static const Text::Pattern form(
-        R"(^\s*(?:[A-Za-z]{3,9}\.?,?\s*)?(\d{1,2})[\s-]+([A-Za-z]{3})[a-z]*[\s-]+(\d{4}|\d{2})\s+)"
+        R"(^\s*(?:[A-Za-z]{3,9}\.?\s*,?\s*)?(\d{1,2})[\s-]+([A-Za-z]{3})[a-z]*[\s-]+(\d{4}|\d{2})\s+)"
         R"(\d{1,2}:\d{2}(?::\d{2})?(?:\s*[A-Za-z+-].*)?$)");
     constexpr std::string_view months = "janfebmaraprmayjunjulaugsepoctnovdec";
     const auto match = form.first(Text::trim(comment.replaceAll(text.substr(0, 200), " ")));
@@ -187,7 +187,10 @@ std::optional<Day> parseRFCDate(std::string_view text) {
 }
 
 std::string senderName(std::string_view from) {
+    // The old form: billing@nimbus.example (Nimbus Mail)
+    static const Text::Pattern comment(R"(^\s*\S+@\S+\s+\((.+)\)\s*$)");
     const std::string text = decodeHeader(from);
+    if (const auto match = comment.first(text)) return std::string(Text::trim((*match)[1], " <>"));
     std::string name, address;
     bool quoted = false;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -88,6 +88,7 @@ std::string stripHTML(std::string_view html) {
         text += '\n';
     };
     bool preformatted = false;
+    bool unclosedScript = false, unclosedStyle = false;  // there is no end tag from here on
     for (std::size_t i = 0; i < html.size();) {
         const char c = html[i];
         if (c == '<' && i + 1 < html.size()) {
@@ -114,13 +115,13 @@ std::string stripHTML(std::string_view html) {
             const std::size_t end = html.find('>', nameEnd);
             i = end == std::string_view::npos ? html.size() : end + 1;
             if (!closing && (name == "script" || name == "style")) {
-                // To its own end tag, in any case; to the end of the text when that is missing.
-                while (i < html.size()) {
-                    i = html.find("</", i);
-                    if (i == std::string_view::npos) i = html.size();
-                    if (i < html.size() && Text::lower(html.substr(i + 2, name.size())) == name) break;
-                    i = std::min(i + 2, html.size());
-                }
+                // To its own end tag, in any case. Where that is missing, what follows is text.
+                bool& unclosed = name == "script" ? unclosedScript : unclosedStyle;
+                std::size_t close = unclosed ? html.npos : html.find("</", i);
+                while (close != html.npos && Text::lower(html.substr(close + 2, name.size())) != name)
+                    close = html.find("</", close + 2);
+                unclosed = close == html.npos;
+                if (!unclosed) i = close;
             } else if (name == "pre") {
                 preformatted = !closing;
                 if (!atLineStart()) breakLine();

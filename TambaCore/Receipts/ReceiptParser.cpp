@@ -136,7 +136,7 @@ std::string gstin(const std::vector<std::string>& lines, Source source) {
         const std::string line = Text::upper(lookedAt(lines[i]));
         if (const auto match = literal.first(line)) {
             printed = (*match)[0];
-            if (source == Source::text || GSTIN::isValid(printed)) return printed;
+            if (source != Source::recognised || GSTIN::isValid(printed)) return printed;
         }
         if (source == Source::recognised) {
             if (const auto match = misread.first(line)) {

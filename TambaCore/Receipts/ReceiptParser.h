@@ -37,7 +37,8 @@ struct ReceiptGuess {
 namespace ReceiptParser {
 
 /// `recognised`: the lines come from a picture, so that a GSTIN whose check character fails may be a misreading.
-enum class Source { text, recognised };
+/// `message`: an e-mail's subject and body, which speak in sentences and seldom begin with the vendor's name.
+enum class Source { text, recognised, message };
 [[nodiscard]] ReceiptGuess parse(const std::vector<std::string>& lines, DateOrder order, Day today,
                                  Source source = Source::text);
 
@@ -60,7 +61,8 @@ struct Amounts {
 /// ten years while another is found.
 [[nodiscard]] std::optional<Day> date(const std::vector<std::string>& lines, DateOrder order, Day today);
 /// The name at the top of the receipt, without registration numbers; empty when no line can be one. The first lines of
-/// a `recognised` picture may be a misread logo, which is passed over.
+/// a `recognised` picture may be a misread logo, which is passed over; of a `message` only a line that reads as a name
+/// counts, near the top.
 [[nodiscard]] std::string vendor(const std::vector<std::string>& lines, Source source = Source::text);
 [[nodiscard]] std::string gstin(const std::vector<std::string>& lines, Source source = Source::text);
 [[nodiscard]] std::optional<std::string> currency(std::string_view text);

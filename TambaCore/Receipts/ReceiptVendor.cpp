@@ -21,13 +21,16 @@ const std::string noiseWords = R"((?:tax ?invoice|invoice|receipt|bill of supply
 bool isNoise(std::string_view lower) {
     static const Text::Pattern noise(R"((?<![\p{L}\p{M}\d]))" + noiseWords + "|www|http|@");
     static const Text::Pattern courtesy(
-        R"(\b(?:thank ?you|thanks|please visit|visit (?:us|again|our)|cash (?:sales?|bill)|guest check)\b|\bcopy\W*$|)"
-        R"(^\W*(?:visit\b|(?:hi|hello|hey|dear)\b.*[,!]$|(?:re|fwd?)\s*:|)"
-        R"(your (?:trip|ride|payment|booking|ticket|purchase|plan|account|recent|monthly|statement|subscription)\b))");
+        R"(\b(?:thank ?you|thanks|please visit|visit (?:us|again|our)|cash (?:sales?|bill)|guest check)\b|)"
+        R"(\brupees\b.*\bonly\b|\bcopy\W*$|)"
+        R"(^\W*(?:visit\b|(?:towards|received|the sum|for the)\b|(?:hi|hello|hey|dear)\b(?:.*[,!])?$|(?:re|fwd?)\s*:|)"
+        R"(your (?:\w+ )?(?:trip|ride|payment|booking|ticket|purchase|plan|account|recent|monthly|statement|)"
+        R"(subscription)\b))");
     // Whole lines: "Bill", "Billing Address:", "Payment Successful", "Sold by:  Shipped to:".
     static const Text::Pattern title(
         R"(^\W*(?:bill|cash|estimate|reprint|from|to|subject to .*|(?:transaction|payment)(?: \w+)?|)"
-        R"((?:sold|paid|bill(?:ed)?|ship(?:ped)?) (?:by|to)|(?:billing|shipping) address|)"
+        R"((?:sold|paid|bill(?:ed)?|ship(?:ped)?) (?:by|to)|(?:billing|shipping) address|forwarded message|)"
+        R"((?:\w+ )?(?:details|summary|breakup)|)"
         R"((?:restaurant|seller|merchant|store|shop|vendor|supplier|company)(?: name)?)\W*(?:\s{2}.*)?$)");
     // "No. 12, MG Road", "411001 Pune", "Customer Name: Asha"
     static const Text::Pattern label(
@@ -69,8 +72,8 @@ std::string cleaned(std::string_view line) {
     static const Text::Pattern column(R"(\s{3,}.*$)");
     static const Text::Pattern behindForm(R"(((?i:ltd|limited|llp|bhd)\.?)\s{2,}.*$)");
     static const Text::Pattern named(
-        R"(^\W*(?i:sold by|seller|merchant|vendor|supplier|restaurant|store|shop|company|billed by|paid to)(?i: name)?)"
-        R"(\s*:\s*(?=\p{L}))");
+        R"(^\W*(?i:sold by|seller|merchant|vendor|supplier|restaurant|store|shop|company|billed by|paid to|landlord))"
+        R"((?i: name)?\s*:\s*(?=\p{L}))");
     static const Text::Pattern blanks(R"(\s+)");
     const std::string name = named.replaceAll(Text::trim(Text::trim(line), separators), "");
     const std::string first = column.replaceAll(behindForm.replaceAll(name, "$1"), "");
@@ -136,6 +139,17 @@ bool looksMisread(std::string_view line) {
     return whole * 2 < all || (!longWord && !initials) || (small && capital);
 }
 
+/// "Udupi Tiffin Room", "Bank of the South": a few words with capitals, not "Booking confirmed: QX7T2K".
+bool looksLikeName(std::string_view name, std::string_view line) {
+    static const std::string word = R"re((?:[\p{Lu}\p{Lo}\d][^\s:!?₹$]*|\([^():]*\)|&|and|of|the|by|-))re";
+    static const Text::Pattern pattern(R"re(^(?!(?i:your|(?:sub)?total|amount)\b))re" + word + "(?: " + word +
+                                       "){0,5}$");
+    // "Consumer No: 1029384756" names what follows.
+    const std::size_t at = line.find(name);
+    const bool isLabel = at != line.npos && Text::contains(line.substr(at + name.size()), ":");
+    return pattern.matches(name) && !isLabel;
+}
+
 /// A line without the columns beside its name: "SHARMA ELECTRICALS  Mob: 98220" is no line of noise.
 std::string_view nameColumn(std::string_view line) {
     static const Text::Pattern beside(R"((?i)^\s*([^\d:]{5,}?)\s{2,}\W*)" + noiseWords);
@@ -151,6 +165,7 @@ std::string vendor(const std::vector<std::string>& lines, Source source) {
     static const Text::Pattern customer(
         R"(\b(?:bill(?:ed)? to|ship(?:ped)? to|sold to|deliver to|buyer|customer|m/s)\b)");
     constexpr std::size_t headLines = 8;
+    constexpr std::size_t messageHead = 8;
     std::string first;
     std::string doubtful;  // the first line of a picture that may be a misread logo; better than nothing
     std::size_t nth = 0;
@@ -163,7 +178,8 @@ std::string vendor(const std::vector<std::string>& lines, Source source) {
         // No name holds a yen sign; it is how the engine sees some a "Y".
         if (source == Source::recognised) name = Text::replaceAll(name, "¥", "Y");
         if (first.empty()) {
-            if (!reads(name)) continue;
+            if (source == Source::message && i >= messageHead) break;
+            if (!reads(name) || (source == Source::message && !looksLikeName(name, line))) continue;
             if (source == Source::recognised && looksMisread(line) && !legalForm().matches(name)) {
                 if (doubtful.empty()) doubtful = name;
                 continue;

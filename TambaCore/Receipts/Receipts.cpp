@@ -99,8 +99,18 @@ struct Scan {
 
     [[nodiscard]] ReceiptGuess text(const EmailReceipt::Message& message) const {
         std::vector<std::string> lines{message.subject};
-        for (std::string& line : Text::splitLines(message.bodyText)) lines.push_back(std::move(line));
-        return ReceiptParser::parse(lines, order, today);
+        // Without blank lines: a label's figure stands on the next line that is printed.
+        for (std::string& line : Text::splitLines(message.bodyText))
+            if (!Text::trim(line).empty()) lines.push_back(std::move(line));
+        ReceiptGuess guess = ReceiptParser::parse(lines, order, today, ReceiptParser::Source::message);
+        // Any line is better than an address that gives no name.
+        if (guess.vendor.empty() && !hasName(message)) guess.vendor = ReceiptParser::vendor(lines);
+        return guess;
+    }
+
+    [[nodiscard]] static bool hasName(const EmailReceipt::Message& message) {
+        const std::string sender = EmailReceipt::senderName(message.from);
+        return !sender.empty() && sender.find('@') == std::string::npos;
     }
 };
 

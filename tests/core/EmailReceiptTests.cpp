@@ -119,7 +119,7 @@ TEST(EmailReceipt, turnsHTMLIntoLines) {
         {"<p>Hello <b>World</b></p><p>Two</p>", "Hello World\nTwo\n"},
         {"a<BR>b<br/>c<br />d", "a\nb\nc\nd"},
         {"<STYLE>p{}</style >x<script type=a>if (1 < 2) '<p>'</script>y", "xy"},
-        {"<script>never closed", ""},
+        {"<script>never closed<style>p{}</style>", "never closed"},
         {"<!-- <p>hidden</p> -->shown", "shown"},
         {"<tr>\n <td>Total</td>\n <td>&#8377;&nbsp;500</td>\n</tr>", "Total  ₹ 500\n"},
         {"Total<div>500</div>", "Total\n500\n"},
@@ -142,6 +142,7 @@ TEST(EmailReceipt, namesTheSender) {
         {"<c@d.example>", "c@d.example"},
         {"\"\" <c@d.example>", "c@d.example"},
         {"c@d.example", "c@d.example"},
+        {"c@d.example (Chai Point)", "Chai Point"},
         {"", ""},
     };
     for (const auto& [from, name] : cases) EXPECT_EQ(EmailReceipt::senderName(from), name) << from;

@@ -169,6 +169,10 @@ TEST(ReceiptParser, takesTheFirstUsableLineForTheVendor) {
         // Lines that are nobody's name.
         {{"Thank you", "Customer Copy", "CASH SALE", "Please visit again", "Asha"}, "Asha"},
         {{"Fwd: Trip", "Hi Asha,", "Your trip on Monday", "From", "Copy Centre"}, "Copy Centre"},
+        {{"Your Saturday trip with Zipride", "Payment Summary", "---- Forwarded message ----", "Asha"}, "Asha"},
+        {{"Received from Ms. Rao", "the sum of Rupees Eighteen Thousand only", "towards rent of Flat 3B",
+          "for the month of May", "Landlord: R. Venkat"},
+         "R. Venkat"},
         {{"This is a sentence that goes on for more than ten words", "Asha"}, "Asha"},
         {{"|| Shree Ganeshay Namah ||", "!! Om !!", "Sharma Electricals"}, "Sharma Electricals"},
         {{"3180303", "B-12/4567", "# 12", "Asha"}, "Asha"},
@@ -191,6 +195,17 @@ TEST(ReceiptParser, passesOverMisreadLogosOfPicturesOnly) {
     }
     for (const char* name : {"KFC", "Cafe coffee day", "D MART", "MR. X.Y. (M) SDN BHD", "Bank of Baroda"})
         EXPECT_EQ(ReceiptParser::vendor({name, "Asha Stores"}, Source::recognised), name);
+}
+
+TEST(ReceiptParser, takesFromAMessageWhatReadsAsAName) {
+    for (const char* text : {"Booking confirmed: QX7T2K", "Payment received for plan Pro", "The Zipride team", "TOTAL",
+                             "Amount paid ₹499.00", "Consumer No: 1029384756", "See you soon!"}) {
+        EXPECT_EQ(ReceiptParser::vendor({text, "Asha Stores"}, Source::message), "Asha Stores") << text;
+        EXPECT_EQ(ReceiptParser::vendor({text}, Source::message), "") << text;
+    }
+    for (const char* name : {"Zipride", "Bank of the South", "Rao & Sons (Pune)", "24 Seven", "चाय की दुकान"})
+        EXPECT_EQ(ReceiptParser::vendor({"Order confirmed", name, "Asha"}, Source::message), name);
+    EXPECT_EQ(ReceiptParser::vendor({"Sold by: Asha Retail LLP"}, Source::message), "Asha Retail LLP");
 }
 
 TEST(ReceiptParser, readsTheGSTINAndMendsItOnPicturesOnly) {
