@@ -54,8 +54,10 @@ std::tm localTime(std::time_t time) {
 
 }  // namespace
 
-Day Day::today() {
-    const std::tm parts = localTime(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now()));
+Day Day::today() { return of(now()); }
+
+Day Day::of(Instant instant) {
+    const std::tm parts = localTime(std::chrono::system_clock::to_time_t(instant));
     return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday};
 }
 

@@ -2,7 +2,9 @@
 
 #include <chrono>
 #include <compare>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +26,8 @@ struct Day {
 
     /// Today by the machine's clock and time zone. Only for the edges of the program; operations take a day.
     [[nodiscard]] static Day today();
+    /// The day a point in time falls on in the machine's time zone.
+    [[nodiscard]] static Day of(Instant instant);
     /// Reads the first ten characters as year-month-day: 2026-04-01T10:00:00Z is 1 April 2026, 2026-4-1 too; 2026-02-30
     /// gives nothing. Years are taken as written.
     [[nodiscard]] static std::optional<Day> iso(std::string_view text);
@@ -69,6 +73,7 @@ struct FinancialYear {
     [[nodiscard]] std::vector<Day> months() const;
     /// "2026-27"; "2026" when it starts in January. Also its identity.
     [[nodiscard]] std::string label() const;
+    [[nodiscard]] std::string id() const { return label(); }
     /// "26-27"; "2026" when it starts in January: the `{FY}` of number series.
     [[nodiscard]] std::string shortLabel() const;
 
@@ -84,3 +89,11 @@ struct FinancialYear {
 [[nodiscard]] Instant now();
 
 }  // namespace tamba
+
+template <>
+struct std::hash<tamba::Day> {
+    std::size_t operator()(const tamba::Day& day) const noexcept {
+        return (static_cast<std::size_t>(day.y) * 16 + static_cast<std::size_t>(day.m)) * 32 +
+               static_cast<std::size_t>(day.d);
+    }
+};

@@ -32,6 +32,17 @@ template <>
 inline constexpr std::array<std::string_view, 5> enumWords<DocState>{"draft", "issued", "void", "accepted", "declined"};
 
 template <>
+inline constexpr auto Fields<Currency> = std::tuple{
+    Field{"code", &Currency::code}, Field{"exponent", &Currency::exponent}, Field{"localeID", &Currency::localeID},
+    Field{"name", &Currency::name}, Field{"symbol", &Currency::symbol}};
+static_assert(listsEveryField<Currency>);
+
+template <>
+inline constexpr auto Fields<FinancialYear> =
+    std::tuple{Field{"startMonth", &FinancialYear::startMonth}, Field{"startYear", &FinancialYear::startYear}};
+static_assert(listsEveryField<FinancialYear>);
+
+template <>
 inline constexpr auto Fields<TaxSplit> = std::tuple{Field{"cgst", &TaxSplit::cgst}, Field{"igst", &TaxSplit::igst},
                                                     Field{"other", &TaxSplit::other}, Field{"sgst", &TaxSplit::sgst}};
 static_assert(listsEveryField<TaxSplit>);

@@ -135,5 +135,7 @@ template std::string json(const BankTransaction&, Layout);
 template std::string json(const CategoryRule&, Layout);
 template std::string json(const FXRate&, Layout);
 template std::string json(const TaxSplit&, Layout);
+template std::string json(const Currency&, Layout);
+template std::string json(const FinancialYear&, Layout);
 
 }  // namespace tamba::ModelsJSON

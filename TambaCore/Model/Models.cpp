@@ -180,6 +180,14 @@ BankTransaction BankTransaction::make(Day date, std::string text, std::int64_t a
     return line;
 }
 
+std::string BankTransaction::fingerprint() const {
+    const std::string kept = Text::lettersAndDigits(Text::lower(text));
+    return date.iso() + "|" + std::to_string(amount) + "|" + std::string(Text::prefix(kept, 40)) + "|" + reference;
+}
+
+bool BankTransaction::isMatched() const { return expenseID || invoiceID || paymentID; }
+bool BankTransaction::isOpen() const { return !isMatched() && !ignored; }
+
 CategoryRule CategoryRule::make(std::string contains, UUID categoryID, std::string vendor) {
     return {UUID::random(), std::move(contains), categoryID, std::move(vendor), {}};
 }

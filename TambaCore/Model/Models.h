@@ -343,6 +343,11 @@ struct BankTransaction {
     UnknownKeys unknown;
 
     [[nodiscard]] static BankTransaction make(Day date, std::string text, std::int64_t amount);
+    /// What tells a line from others when a statement is imported again: day, amount, the first 40 letters and digits
+    /// of the narration in lower case, reference. Neither account nor balance.
+    [[nodiscard]] std::string fingerprint() const;
+    [[nodiscard]] bool isMatched() const;  ///< linked to an expense or to a payment of an invoice
+    [[nodiscard]] bool isOpen() const;     ///< neither matched nor set aside
     bool operator==(const BankTransaction&) const = default;
 };
 

@@ -33,7 +33,7 @@ private:
 [[nodiscard]] Library decode(std::string bytes);
 
 enum class Layout { pretty, line };
-/// One record as JSON. For `Library`, its records and `TaxSplit`.
+/// One record as JSON. For `Library`, its records, `TaxSplit`, `Currency` and `FinancialYear`.
 template <class Record>
 [[nodiscard]] std::string json(const Record& record, Layout layout = Layout::line);
 
