@@ -95,6 +95,13 @@ public:
         return {};
     }
 
+    void setTitle(int column, const QString& title) {
+        QString& present = columns_.at(static_cast<std::size_t>(column)).title;
+        if (present == title) return;
+        present = title;
+        emit headerDataChanged(Qt::Horizontal, column, column);
+    }
+
 private:
     std::vector<Column> columns_;
     std::vector<Row> rows_;

@@ -64,6 +64,8 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     makeMenus();
     makeEditMenu();
     connectReceipts();
+    // A file dropped on a field is a receipt, too, not a text to be typed there.
+    for (QWidget* widget : frame->findChildren<QWidget*>()) widget->setAcceptDrops(false);
 
     connect(sidebar_, &Sidebar::listChosen, expenses_, &ExpensesScreen::showList);
     connect(expenses_, &ExpensesScreen::listChanged, sidebar_, &Sidebar::setList);
@@ -93,7 +95,8 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
 }
 
 Window::~Window() {
-    // Its thread calls back into the window.
+    // Threads call back into the window.
+    for (QThread* thread : findChildren<QThread*>()) thread->wait();
     delete receipts_;
 }
 
@@ -239,7 +242,6 @@ void Window::openSample() {
     });
     thread->setParent(this);
     connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    connect(this, &QObject::destroyed, thread, [thread] { thread->wait(); }, Qt::DirectConnection);
     thread->start();
 }
 

@@ -153,7 +153,7 @@ ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
     table.count = std::to_string(count) + (count == 1 ? " expense" : " expenses");
     table.total = MoneyFormat::string(total, library.home());
     table.tax = MoneyFormat::string(tax, library.home());
-    if (leftOut > 0) table.leftOut = std::to_string(leftOut) + " left out until the exchange rate is added";
+    if (leftOut > 0) table.leftOut = std::to_string(leftOut) + " left out: no rate";
     return table;
 }
 

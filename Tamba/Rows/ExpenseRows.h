@@ -24,8 +24,8 @@ struct Days {
 
 struct ExpenseFilter {
     ExpenseList list = ExpenseList::all;
-    std::optional<Days> days;  ///< nothing: all time
-    std::string search;        ///< words that must all occur, in any of the texts people know the expense by
+    std::optional<Days> days = {};  ///< nothing: all time
+    std::string search = {};        ///< words that must all occur, in any of the texts people know the expense by
     ExpenseOrder order = ExpenseOrder::date;
     bool ascending = false;
 };

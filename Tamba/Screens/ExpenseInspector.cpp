@@ -177,8 +177,14 @@ QWidget* ExpenseInspector::makeFields() {
     attachments_ = new QVBoxLayout;
     attachments_->setSpacing(2);
     above_->addLayout(attachments_);
+    auto* attach = Controls::button(tr("Attach a File…"), "attachFile", Controls::Kind::link, content);
     auto* remove = Controls::button(tr("Delete Expense"), "deleteExpense", Controls::Kind::link, content);
-    above_->addWidget(remove, 0, Qt::AlignLeft);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(attach);
+    foot->addStretch(1);
+    foot->addWidget(remove);
+    above_->addLayout(foot);
+    connect(attach, &QPushButton::clicked, this, &ExpenseInspector::attachFiles);
     connect(remove, &QPushButton::clicked, this, &ExpenseInspector::deleteChosen);
     above_->addStretch(1);
     scroll->setWidget(content);

@@ -58,6 +58,7 @@ private:
     void fillAttachments(const Expense& expense);
     void showGSTINState();
     void showAttachment(std::size_t index);
+    void attachFiles();
     void removeAttachment(const UUID& id);
     void edit(const QString& title, const Edit& edit);
     void setRate(const QString& text);

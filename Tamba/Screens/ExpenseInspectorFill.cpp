@@ -127,7 +127,7 @@ void ExpenseInspector::fill(const Expense& e) {
     bannerText_->setText(toQt(e.check.value_or(std::string())));
     // A figure that is missing is named where it is to be entered.
     category_->setToolTip(attention && !e.check ? toQt(*attention) : QString());
-    receipt_->setVisible(!mileage || !e.attachments.empty());
+    receipt_->setVisible(beside_ || !e.attachments.empty());
     fillAttachments(e);
 }
 
@@ -173,6 +173,9 @@ void ExpenseInspector::showGSTINState() {
         gstinNote_->style()->unpolish(gstinNote_);
         gstinNote_->style()->polish(gstinNote_);
     }
+    // The form gives a text that wraps too little height unless it is fixed.
+    gstinNote_->setFixedHeight(
+        gstinNote_->fontMetrics().boundingRect(QRect(0, 0, 212, 200), Qt::TextWordWrap, note).height() + 2);
     Controls::markProblem(*gstin_, text.empty() || !problem ? QString() : note);
     const Expense* e = expense();
     form_->setRowVisible(gstinNote_, !note.isEmpty() && e && e->kind == ExpenseKind::regular);
@@ -188,7 +191,8 @@ void ExpenseInspector::showAttachment(std::size_t index) {
 
 void ExpenseInspector::fillAttachments(const Expense& e) {
     while (QLayoutItem* item = attachments_->takeAt(0)) {
-        if (item->widget()) item->widget()->deleteLater();
+        // Deleted when the event loop comes round, and not seen until then.
+        if (QWidget* line = item->widget()) line->hide(), line->deleteLater();
         delete item;
     }
     for (std::size_t i = 0; i < e.attachments.size(); ++i) {
@@ -221,6 +225,23 @@ void ExpenseInspector::fillAttachments(const Expense& e) {
         for (std::size_t i = 0; i < e.attachments.size(); ++i)
             if (e.attachments[i].isPDF()) attachment_ = i;
     showAttachment(std::min(attachment_, e.attachments.empty() ? 0 : e.attachments.size() - 1));
+}
+
+void ExpenseInspector::attachFiles() {
+    const Expense* e = expense();
+    if (!e) return;
+    const auto files = prompts_.receiptFiles();
+    if (files.empty()) return;
+    model_.perform(tr("Attach File"), [id = e->id, files, store = model_.store()](Library library, Day) {
+        const std::size_t index = indexOf(library.expenses, id);
+        if (index == library.expenses.size()) return library;
+        library.expenses.update(index, [&](Expense& changed) {
+            for (const auto& file : files)
+                changed.attachments.push_back(Attachment::make(store.importReceipt(file, changed.date, changed.vendor),
+                                                               file.filename().string()));
+        });
+        return library;
+    });
 }
 
 void ExpenseInspector::removeAttachment(const UUID& id) {

@@ -117,7 +117,11 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
         period_->choose(Span::all, model_.today());
         showList(ExpenseList::all);
         if (rows_.rowCount() > 0) table_->selectRow(0);
-        table_->setFocus();
+        // Keys go to the list, or to the one thing to do in an empty book.
+        if (rows_.rowCount() > 0)
+            table_->setFocus();
+        else
+            empty_->setFocus();
     });
     setTabOrder(search_, addReceipts_);
     setTabOrder(addReceipts_, newExpense_);
@@ -379,7 +383,7 @@ void ExpensesScreen::arrange() {
                                       {Column::tax, 104},   {Column::method, 110},   {Column::receipt, 36},
                                       {Column::status, 112}};
     static constexpr Step steps[] = {{Column::method, 0},  {Column::tax, 0},      {Column::category, 42},
-                                     {Column::receipt, 0}, {Column::category, 0}, {Column::status, 0}};
+                                     {Column::receipt, 0}, {Column::category, 0}, {Column::status, 44}};
     int taken = 0;
     for (const auto& [column, width] : widths) {
         table_->setColumnHidden(column, false);
@@ -394,6 +398,9 @@ void ExpensesScreen::arrange() {
         else
             table_->setColumnHidden(column, true);
     }
+    // A glyph needs no title.
+    rows_.setTitle(Column::category, table_->columnWidth(Column::category) < 60 ? QString() : tr("Category"));
+    rows_.setTitle(Column::status, table_->columnWidth(Column::status) < 60 ? QString() : tr("Status"));
     tax_->setVisible(room >= 480);
     addReceipts_->setVisible(room >= 380);
 }

@@ -52,6 +52,7 @@ EmptyState::EmptyState(QWidget* parent) : QWidget(parent) {
     layout->addSpacing(8);
     layout->addWidget(other_, 0, Qt::AlignHCenter);
     layout->addStretch(3);
+    setFocusProxy(action_);
     connect(action_, &QPushButton::clicked, this, &EmptyState::actionChosen);
     connect(other_, &QPushButton::clicked, this, &EmptyState::otherChosen);
 }

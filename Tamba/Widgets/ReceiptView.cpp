@@ -115,7 +115,7 @@ void ReceiptView::paintEvent(QPaintEvent*) {
     if (text_->isVisible()) return;
     painter.setPen(colors.muted);
     painter.setFont(Style::textFont(12));
-    const QString words = !file_                        ? tr("No receipt yet.\nDrop a photo, PDF or e-mail here.")
+    const QString words = !file_                        ? tr("No receipt yet.")
                           : !picture_.problem.isEmpty() ? picture_.problem
                                                         : tr("Opening…");
     const QRectF box = QRectF(rect()).adjusted(16, 8, -16, -8);

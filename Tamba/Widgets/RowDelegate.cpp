@@ -18,6 +18,10 @@ void paintPill(QPainter& painter, const QRectF& cell, const QString& text, Tone 
                              : tone == Tone::danger ? std::pair(colors.danger, colors.dangerTint)
                                                     : std::pair(colors.muted, colors.neutralTint);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (cell.width() < 60) {
+        const QString glyph = tone == Tone::neutral ? QStringLiteral("category-none") : QStringLiteral("alert");
+        return Icons::paint(painter, QRectF(cell.left() + 12, cell.center().y() - 8.5, 17, 17), glyph, ink);
+    }
     painter.setPen(Qt::NoPen);
     painter.setBrush(tint);
     painter.drawRoundedRect(box, 10, 10);

@@ -6,6 +6,7 @@
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/ReceiptView.h"
+#include "TambaCore/Base/Files.h"
 #include "TambaCore/Fixtures.h"
 #include "tests/app/Support.h"
 
@@ -98,6 +99,8 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("{");
         file.close();
+        Files::makeFolders(books.path() / "Damaged" / "Backups");
+        Files::writeAtomically(books.path() / "Damaged" / "Backups" / "tamba-2026-11-20.json", "{}");
         books.model.open(books.path() / "Damaged");
         shoot(window, QStringLiteral("damaged"));
         Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
