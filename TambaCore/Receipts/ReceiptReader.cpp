@@ -33,8 +33,8 @@ bool isPDF(const std::filesystem::path& file) {
     return std::string_view(head.data(), static_cast<std::size_t>(stream.gcount())).find("%PDF-") != std::string::npos;
 }
 
-PDFFile openPDF(const std::filesystem::path& file) {
-    auto pdf = PDFFile::open(file);
+PDFFile openPDF(const std::filesystem::path& file, const std::atomic<bool>* cancel = nullptr) {
+    auto pdf = PDFFile::open(file, cancel);
     if (!pdf) throw ReceiptReader::ReadError(Code::unreadable);
     return std::move(*pdf);
 }
@@ -71,10 +71,13 @@ ReceiptReader::Lines ReceiptReader::lines(const std::filesystem::path& file, con
     checkCancelled();
     Lines result;
     if (isPDF(file)) {
-        const PDFFile pdf = openPDF(file);
+        const PDFFile pdf = openPDF(file, cancel);
         for (int page = 0; page < std::min(pdf.pages(), maximumPages); ++page) {
             checkCancelled();
-            std::vector<std::string> rows = pdf.text(page);
+            auto layer = pdf.text(page);
+            checkCancelled();
+            if (!layer) throw ReadError(Code::unreadable);
+            std::vector<std::string> rows = std::move(*layer);
             // A scanner's stamp ("Scanned with …") is a text layer too, but not that of the receipt.
             if (!hasDigit(rows)) {
                 std::vector<std::string> read;
