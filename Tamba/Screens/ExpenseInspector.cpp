@@ -113,7 +113,6 @@ QWidget* ExpenseInspector::makeFields() {
     words->setContentsMargins(12, 8, 8, 8);
     bannerText_ = new QLabel(banner_);
     bannerText_->setObjectName(QStringLiteral("checkText"));
-    bannerText_->setWordWrap(true);
     auto* right = Controls::button(tr("Looks Right"), "looksRight", Controls::Kind::plain, banner_);
     words->addWidget(bannerText_, 1);
     words->addWidget(right, 0, Qt::AlignVCenter);
@@ -128,7 +127,6 @@ QWidget* ExpenseInspector::makeFields() {
     row(tr("Vendor"), vendor_ = line(tr("Vendor"), "vendor"));
     row(tr("GSTIN"), gstin_ = line(tr("GSTIN of the vendor"), "gstin"));
     gstinNote_ = Controls::label({}, "problem", this);
-    gstinNote_->setWordWrap(true);
     form_->addRow(QString(), gstinNote_);
     row(tr("Date"), date_ = new DateField(model_.today(), this));
     Controls::name(*date_, "date", tr("Date"));

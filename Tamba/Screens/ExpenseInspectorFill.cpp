@@ -124,7 +124,8 @@ void ExpenseInspector::fill(const Expense& e) {
 
     const auto attention = Expenses::attention(library, e);
     banner_->setVisible(e.check.has_value());
-    bannerText_->setText(toQt(e.check.value_or(std::string())));
+    bannerText_->setText(Controls::wrapped(toQt(e.check.value_or(std::string())), *bannerText_, 184));
+    bannerText_->setAccessibleName(toQt(e.check.value_or(std::string())));
     // A figure that is missing is named where it is to be entered.
     category_->setToolTip(attention && !e.check ? toQt(*attention) : QString());
     receipt_->setVisible(beside_ || !e.attachments.empty());
@@ -167,15 +168,12 @@ void ExpenseInspector::showGSTINState() {
         note = problem ? toQt(GSTIN::problemText(*problem)) : state ? toQt(state->label()) : tr("Valid");
     }
     const char* role = problem ? "problem" : "good";
-    gstinNote_->setText(note);
+    gstinNote_->setText(Controls::wrapped(note, *gstinNote_, 212));
     if (gstinNote_->property("role").toString() != QLatin1String(role)) {
         gstinNote_->setProperty("role", QString::fromLatin1(role));
         gstinNote_->style()->unpolish(gstinNote_);
         gstinNote_->style()->polish(gstinNote_);
     }
-    // The form gives a text that wraps too little height unless it is fixed.
-    gstinNote_->setFixedHeight(
-        gstinNote_->fontMetrics().boundingRect(QRect(0, 0, 212, 200), Qt::TextWordWrap, note).height() + 2);
     Controls::markProblem(*gstin_, text.empty() || !problem ? QString() : note);
     const Expense* e = expense();
     form_->setRowVisible(gstinNote_, !note.isEmpty() && e && e->kind == ExpenseKind::regular);

@@ -383,7 +383,8 @@ void ExpensesScreen::arrange() {
                                       {Column::tax, 104},   {Column::method, 110},   {Column::receipt, 36},
                                       {Column::status, 112}};
     static constexpr Step steps[] = {{Column::method, 0},  {Column::tax, 0},      {Column::category, 42},
-                                     {Column::receipt, 0}, {Column::category, 0}, {Column::status, 44}};
+                                     {Column::receipt, 0}, {Column::category, 0}, {Column::status, 40},
+                                     {Column::date, 98}};
     int taken = 0;
     for (const auto& [column, width] : widths) {
         table_->setColumnHidden(column, false);

@@ -40,6 +40,22 @@ QToolButton* iconButton(const QString& icon, const QString& tip, const char* nam
     return button;
 }
 
+QString wrapped(const QString& text, const QLabel& label, int width) {
+    label.ensurePolished();
+    const QFontMetrics metrics(label.font());
+    QString result, line;
+    for (const QString& word : text.split(QLatin1Char(' '))) {
+        const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
+        if (!line.isEmpty() && metrics.horizontalAdvance(longer) > width) {
+            result += line + QLatin1Char('\n');
+            line = word;
+        } else {
+            line = longer;
+        }
+    }
+    return result + line;
+}
+
 void markProblem(QLineEdit& field, const QString& sentence) {
     field.setToolTip(sentence);
     field.setAccessibleDescription(sentence);

@@ -21,6 +21,9 @@ enum class Kind { primary, plain, link };
                                       QWidget* parent = nullptr, QColor Colors::* ink = &Colors::muted);
 /// Gives a control its object name and its accessible name.
 void name(QWidget& widget, const char* name, const QString& accessible);
+/// The text with line breaks where it would pass `width`: a form gives labels that wrap by themselves too little
+/// height.
+[[nodiscard]] QString wrapped(const QString& text, const QLabel& label, int width);
 /// Marks a field whose content is refused, with the sentence as its tool tip.
 void markProblem(QLineEdit& field, const QString& sentence);
 

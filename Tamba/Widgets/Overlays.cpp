@@ -118,7 +118,7 @@ void DropOverlay::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QColor veil = colors.window;
-    veil.setAlphaF(0.88F);
+    veil.setAlphaF(0.95F);
     painter.fillRect(rect(), veil);
     const QRectF frame = QRectF(rect()).adjusted(18, 18, -18, -18);
     painter.setPen(QPen(colors.accent, 2, Qt::DashLine));

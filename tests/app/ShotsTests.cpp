@@ -68,6 +68,7 @@ private slots:
         shoot(window, QStringLiteral("foreign"));
         window.resize(960, 620);
         choose([](const Expense& e) { return !e.attachments.empty() && e.tax > 0; });
+        window.findChild<QLineEdit*>(QStringLiteral("gstin"))->setText(QStringLiteral("27abc"));
         shoot(window, QStringLiteral("small"));
         window.resize(1200, 760);
         screen.select({library.expenses[0].id, library.expenses[1].id, library.expenses[2].id});
