@@ -1,7 +1,6 @@
 #include "TambaCore/Receipts/OwnProcess.h"
 
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <csignal>
