@@ -1,7 +1,5 @@
 #include "TambaCore/Model/LibrarySession.h"
 
-#include "TambaCore/Model/ModelsJSON.h"
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -35,16 +33,6 @@ fs::path lockFolder() {
     if (const char* home = std::getenv("HOME"); home && *home == '/')
         return fs::path(home) / ".local/state/Tamba/locks";
     return Files::temporaryFolder() / ("tamba-locks-" + std::to_string(::getuid()));
-}
-
-Library read(const fs::path& file) {
-    try {
-        return ModelsJSON::decode(Files::read(file));
-    } catch (const FileError& error) {
-        throw StoreError(StoreError::Code::unreadable, error.what());
-    } catch (const ModelsJSON::DecodeError& error) {
-        throw StoreError(StoreError::Code::unreadable, error.what());
-    }
 }
 
 bool isBackup(std::string_view name) {
@@ -159,7 +147,7 @@ Library LibrarySession::readBackup(std::string_view name) const {
     if (Files::safeName(name) != name) throw StoreError(StoreError::Code::notAFile, "");
     const fs::path file = store_.backupsFolder() / name;
     if (!Files::size(file)) throw StoreError(StoreError::Code::notAFile, "");
-    return read(file);
+    return LibraryStore::read(file);
 }
 
 Library LibrarySession::restore(const fs::path& folder, std::string_view name) {
@@ -167,7 +155,7 @@ Library LibrarySession::restore(const fs::path& folder, std::string_view name) {
     const LibraryStore store(folder);
     const fs::path backup = store.backupsFolder() / name;
     if (Files::safeName(name) != name || !Files::size(backup)) throw StoreError(StoreError::Code::notAFile, "");
-    Library library = read(backup);
+    Library library = LibraryStore::read(backup);
     try {
         if (Files::exists(store.fileURL())) {
             const std::string time = instantText(now());  // 2026-04-01T09:30:00Z

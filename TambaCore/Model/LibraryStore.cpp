@@ -30,6 +30,18 @@ std::string sentence(StoreError::Code code, std::string_view message) {
     return "That file couldn’t be added.";
 }
 
+/// Runs a step whose failure means that books cannot be read.
+template <class Step>
+auto reading(Step&& step) {
+    try {
+        return step();
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    } catch (const ModelsJSON::DecodeError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    }
+}
+
 /// Runs a step whose failure means that the folder cannot be written.
 template <class Step>
 auto writing(Step&& step) {
@@ -65,14 +77,14 @@ void LibraryStore::prepare() const {
 }
 
 std::optional<Library> LibraryStore::load() const {
-    try {
+    return reading([&]() -> std::optional<Library> {
         if (!Files::exists(fileURL())) return std::nullopt;
         return ModelsJSON::decode(Files::read(fileURL()));
-    } catch (const FileError& error) {
-        throw StoreError(StoreError::Code::unreadable, error.what());
-    } catch (const ModelsJSON::DecodeError& error) {
-        throw StoreError(StoreError::Code::unreadable, error.what());
-    }
+    });
+}
+
+Library LibraryStore::read(const Path& file) {
+    return reading([&] { return ModelsJSON::decode(Files::read(file)); });
 }
 
 Files::Stamp LibraryStore::save(const Library& library) const {

@@ -50,6 +50,8 @@ public:
     /// The books; nothing when there is no file yet. Throws `unreadable`, with the path of the culprit inside the file,
     /// and leaves the file as it is.
     [[nodiscard]] std::optional<Library> load() const;
+    /// Books from any file, a backup say. Throws `unreadable`.
+    [[nodiscard]] static Library read(const Path& file);
     /// Writes the books atomically; the first save of a calendar day is also that day's backup, of which 14 are kept.
     /// Throws `unwritable`; the file on disk is then the old one. Gives the stamp of the file written.
     Files::Stamp save(const Library& library) const;
