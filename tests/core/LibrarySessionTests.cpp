@@ -19,6 +19,22 @@ constexpr auto writing = LibrarySession::Access::write;
 
 std::string asOpenedToday() { return "opened-" + Day::today().iso() + ".json"; }
 
+/// Books open in a session, with an edit that waits, while another machine has saved one of its own.
+struct TwoMachines {
+    TemporaryFolder folder;
+    LibraryStore elsewhere{folder.path()};
+    LibrarySession session{(elsewhere.save(aLibrary()), folder.path()), writing};
+    Library ours = with("ours");
+    Library theirs = with("theirs");
+
+    TwoMachines() { elsewhere.save(theirs); }
+    [[nodiscard]] Library with(const char* vendor) const {
+        Library library = *session.loaded();
+        library.expenses.append(anExpense(vendor));
+        return library;
+    }
+};
+
 TEST(LibrarySession, keepsOthersOutOfAnOpenFolder) {
     const TemporaryFolder folder;
     {
@@ -57,15 +73,8 @@ TEST(LibrarySession, keepsTheFileAsTheDayFoundIt) {
 }
 
 TEST(LibrarySession, mergesWhatAnotherMachineSaved) {
-    const TemporaryFolder folder;
-    const LibraryStore elsewhere(folder.path());
-    elsewhere.save(aLibrary());
-    LibrarySession session(folder.path(), writing);
-    Library ours = *session.loaded();
-    ours.expenses.append(anExpense("ours"));
-    Library theirs = *session.loaded();
-    theirs.expenses.append(anExpense("theirs"));
-    elsewhere.save(theirs);
+    TwoMachines machines;
+    auto& [folder, elsewhere, session, ours, theirs] = machines;
 
     const auto saved = session.save(ours);
     EXPECT_TRUE(saved.merged);
@@ -84,15 +93,8 @@ TEST(LibrarySession, mergesWhatAnotherMachineSaved) {
 }
 
 TEST(LibrarySession, aFailedSaveFindsTheOtherMachinesChangeAgain) {
-    const TemporaryFolder folder;
-    const LibraryStore elsewhere(folder.path());
-    elsewhere.save(aLibrary());
-    LibrarySession session(folder.path(), writing);
-    Library ours = *session.loaded();
-    ours.expenses.append(anExpense("ours"));
-    Library theirs = *session.loaded();
-    theirs.expenses.append(anExpense("theirs"));
-    elsewhere.save(theirs);
+    TwoMachines machines;
+    auto& [folder, elsewhere, session, ours, theirs] = machines;
 
     Files::setObserver([](const char* operation) {
         if (std::string_view(operation) == "write") throw FileError("No space left on device");
