@@ -70,6 +70,13 @@ public:
     [[nodiscard]] std::optional<Path> url(const Attachment& attachment) const;
     /// Moves the file to Removed/, never deletes it. A path that leaves the folder is left alone. Throws `unwritable`.
     void removeAttachment(const Attachment& attachment) const;
+    /// Keeps a document's PDF as Invoices/<name>, in place of an earlier one of that name, and gives the path relative
+    /// to the folder. `name` as `Books::fileName` gives it. Throws `unwritable`.
+    [[nodiscard]] std::string keepInvoice(std::string_view name, std::string_view pdf) const;
+    /// Copies a picture to Assets/ and gives its name for `Business::logoFile`. Throws `notAFile`, `unwritable`.
+    [[nodiscard]] std::string importLogo(const Path& file) const;
+    /// Where the business's logo lies; nothing when it has none or its path leaves the folder.
+    [[nodiscard]] std::optional<Path> logo(const Business& business) const;
     /// Copies every top-level item to `destination`; refuses, before copying anything more, when one is there already
     /// or the destination lies within the folder itself.
     void copyTo(const Path& destination) const;

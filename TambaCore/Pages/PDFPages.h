@@ -1,0 +1,14 @@
+#pragma once
+
+#include "TambaCore/Pages/Images.h"
+
+#include <string_view>
+#include <vector>
+
+namespace tamba::PDFPages {
+
+/// Each page of a PDF as a picture `pixelWidth` pixels wide, in order; none for bytes that are no PDF. For files made
+/// here: a stranger's file may take for ever, and is the receipt reader's.
+[[nodiscard]] std::vector<Image> images(std::string_view pdf, int pixelWidth);
+
+}  // namespace tamba::PDFPages
