@@ -129,15 +129,8 @@ Expense mileage(const Library& library, Expense blank, std::int64_t distanceMill
 }
 
 std::optional<std::int64_t> inHomeCurrency(const Library& library, const Expense& expense, std::int64_t amount) {
-    if (!isBelievable(expense) || !tamba::isBelievable(amount)) return {};
-    const Currency from = Currency::of(expense.currency);
-    const Currency home = library.home();
-    if (from.code == home.code) return amount;
-    if (expense.rateMicros <= 0) return {};
-    // Three believable factors fit 128 bits; their quotient need not fit 64.
-    const __int128 value = static_cast<__int128>(amount) * expense.rateMicros * home.scale() / 1'000'000 / from.scale();
-    if (value > maximumAmount || value < -maximumAmount) return {};
-    return MoneyMath::convert(amount, from, home, expense.rateMicros);
+    if (!isBelievable(expense)) return {};
+    return MoneyMath::tryConvert(amount, Currency::of(expense.currency), library.home(), expense.rateMicros);
 }
 
 std::optional<std::string> attention(const Library& library, const Expense& expense) {

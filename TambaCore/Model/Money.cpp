@@ -75,6 +75,18 @@ std::int64_t convert(std::int64_t amount, const Currency& from, const Currency& 
     return mulDiv(amount, Checked::mul(rateMicros, to.scale()), Checked::mul(1'000'000, from.scale()));
 }
 
+std::optional<std::int64_t> tryConvert(std::int64_t amount, const Currency& from, const Currency& to,
+                                       std::int64_t rateMicros) {
+    if (!isBelievable(amount)) return {};
+    if (from.code == to.code) return amount;
+    if (rateMicros < 1 || !isBelievable(rateMicros)) return {};
+    // Three believable factors fit 128 bits; their quotient need not fit 64.
+    __extension__ using Wide = __int128;
+    const Wide value = static_cast<Wide>(amount) * rateMicros * to.scale() / 1'000'000 / from.scale();
+    if (value > maximumAmount || value < -maximumAmount) return {};
+    return convert(amount, from, to, rateMicros);
+}
+
 }  // namespace MoneyMath
 
 namespace MoneyFormat {

@@ -47,6 +47,10 @@ namespace MoneyMath {
 /// millionths. Same code: unchanged.
 [[nodiscard]] std::int64_t convert(std::int64_t amount, const Currency& from, const Currency& to,
                                    std::int64_t rateMicros);
+/// The same for figures that come from outside: nothing while the rate is missing (below 1) or where amount, rate or
+/// result are beyond belief.
+[[nodiscard]] std::optional<std::int64_t> tryConvert(std::int64_t amount, const Currency& from, const Currency& to,
+                                                     std::int64_t rateMicros);
 
 }  // namespace MoneyMath
 
