@@ -9,7 +9,8 @@
 #include <unordered_map>
 
 /// How documents stand: what was paid and credited, what is still owed, and whether it is late. Derived, never stored.
-/// Amounts are minor units of the document's currency.
+/// Amounts are minor units of the document's currency. The functions for one document count 0 for what is beyond
+/// belief.
 namespace tamba::Books {
 
 /// Sum of an invoice's payments, tax deducted at source included.

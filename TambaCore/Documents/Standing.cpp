@@ -1,0 +1,116 @@
+#include "TambaCore/Documents/Standing.h"
+
+#include "TambaCore/Base/Check.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tamba::Books {
+namespace {
+
+/// What an issued credit note takes off its invoice; nothing for any other document.
+std::int64_t credit(const Document& note) {
+    const bool counts =
+        note.kind == DocKind::creditNote && note.isIssued() && note.linkedID && DocMath::isBelievable(note);
+    return counts ? DocMath::totals(note).total : 0;
+}
+
+/// Adds a credit. A sum beyond belief stays just beyond it, so that nothing computed from it overflows.
+void addCredit(std::int64_t& sum, std::int64_t amount) { sum = std::min(sum + amount, maximumAmount + 1); }
+
+Standing standing(const Document& document, std::int64_t credited, Day today) {
+    Standing result;
+    result.totals = DocMath::totals(document);
+    for (const Payment& payment : document.payments) {
+        result.paid = Checked::add(result.paid, payment.settles());
+        result.tds = Checked::add(result.tds, payment.tds);
+    }
+    result.credited = credited;
+    const bool owed = document.kind == DocKind::invoice && document.isIssued();
+    if (owed) result.balance = Checked::sub(Checked::sub(result.totals.total, credited), result.paid);
+
+    using enum DocStatus;
+    const auto issuedStatus = [&] {
+        switch (document.kind) {
+            case DocKind::invoice:
+                if (result.balance < 1) return paid;
+                if (document.dueDate < today) return overdue;
+                return result.paid > 0 || credited > 0 ? partial : sent;
+            case DocKind::estimate:
+                if (document.state == DocState::declined) return declined;
+                if (document.linkedID) return converted;
+                if (document.state == DocState::accepted) return accepted;
+                return document.dueDate < today ? expired : sent;
+            case DocKind::creditNote:
+                return applied;
+        }
+        fatal("unknown kind of document");
+    };
+    result.status = document.state == DocState::draft   ? draft
+                    : document.state == DocState::void_ ? void_
+                                                        : issuedStatus();
+    if (result.status == overdue) result.daysLate = document.dueDate.daysUntil(today);
+    return result;
+}
+
+}  // namespace
+
+std::int64_t paid(const Document& invoice) {
+    if (!DocMath::isBelievable(invoice)) return 0;
+    std::int64_t sum = 0;
+    for (const Payment& payment : invoice.payments) sum = Checked::add(sum, payment.settles());
+    return sum;
+}
+
+std::int64_t credits(const Library& library, const UUID& invoice) {
+    std::int64_t sum = 0;
+    for (const Document& document : library.documents)
+        if (document.linkedID == invoice) addCredit(sum, credit(document));
+    return sum;
+}
+
+std::int64_t balance(const Library& library, const Document& invoice) {
+    if (!DocMath::isBelievable(invoice)) return 0;
+    const std::int64_t owed = Checked::sub(DocMath::totals(invoice).total, credits(library, invoice.id));
+    return Checked::sub(owed, paid(invoice));
+}
+
+DocStatus status(const Library& library, const Document& document, Day today) {
+    Document judged = document;
+    // How much is beyond belief cannot be said, but whether the document is a draft, sent or void can.
+    const bool believable = DocMath::isBelievable(document);
+    if (!believable) judged.lines.clear(), judged.payments.clear();
+    const DocStatus result = standing(judged, credits(library, document.id), today).status;
+    return !believable && result == DocStatus::paid ? DocStatus::sent : result;
+}
+
+std::string_view title(DocStatus status) {
+    static constexpr std::array<std::string_view, 11> titles{"Draft",     "Sent",    "Part paid", "Paid",
+                                                             "Overdue",   "Void",    "Accepted",  "Declined",
+                                                             "Converted", "Expired", "Applied"};
+    return titles[static_cast<std::size_t>(status)];
+}
+
+std::string_view title(DocKind kind) {
+    static constexpr std::array<std::string_view, 3> titles{"Invoice", "Estimate", "Credit note"};
+    return titles[static_cast<std::size_t>(kind)];
+}
+
+Standings::Standings(const Library& library, Day today) : today_(today) {
+    for (const Document& document : library.documents)
+        if (const std::int64_t amount = credit(document)) addCredit(credits_[*document.linkedID], amount);
+}
+
+std::optional<Standing> Standings::of(const Document& document) const {
+    if (!DocMath::isBelievable(document)) return {};
+    const auto found = credits_.find(document.id);
+    const std::int64_t credited = found == credits_.end() ? 0 : found->second;
+    if (!isBelievable(credited)) return {};
+    return standing(document, credited, today_);
+}
+
+std::optional<std::int64_t> inHomeCurrency(const Library& library, const Document& document, std::int64_t amount) {
+    return MoneyMath::tryConvert(amount, Currency::of(document.currency), library.home(), document.rateMicros);
+}
+
+}  // namespace tamba::Books
