@@ -133,73 +133,6 @@ void addWord(std::string& words, std::string_view word) {
     words += word;
 }
 
-/// The digits and decimal point of a figure without sign, read exactly.
-struct Figure {
-    std::string_view whole, fraction;
-
-    /// Nothing unless `text` is digits with at most one ".", and at least one digit.
-    static std::optional<Figure> read(std::string_view text) {
-        const std::size_t dot = std::min(text.find('.'), text.size());
-        Figure figure{text.substr(0, dot), dot < text.size() ? text.substr(dot + 1) : std::string_view()};
-        const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-        if (figure.whole.empty() && figure.fraction.empty()) return {};
-        if (!std::all_of(figure.whole.begin(), figure.whole.end(), isDigit)) return {};
-        if (!std::all_of(figure.fraction.begin(), figure.fraction.end(), isDigit)) return {};
-        return figure;
-    }
-
-    /// × 10^places, rounded half away from zero; nothing when that does not fit.
-    [[nodiscard]] std::optional<std::int64_t> scaled(int places) const {
-        std::int64_t value = 0;
-        const auto append = [&value](char digit) {
-            return !__builtin_mul_overflow(value, 10, &value) && !__builtin_add_overflow(value, digit - '0', &value);
-        };
-        for (const char digit : whole)
-            if (!append(digit)) return {};
-        const auto decimals = static_cast<std::size_t>(places);
-        for (std::size_t i = 0; i < decimals; ++i)
-            if (!append(i < fraction.size() ? fraction[i] : '0')) return {};
-        const bool up = fraction.size() > decimals && fraction[decimals] >= '5';
-        if (up && __builtin_add_overflow(value, 1, &value)) return {};
-        return value;
-    }
-};
-
-std::optional<std::int64_t> parseUnsigned(std::string_view text, int places) {
-    std::string figure = Text::replaceAll(std::string(Text::trim(text)), ",", "");
-    const bool negative = figure.starts_with('-');
-    if (negative || figure.starts_with('+')) figure.erase(0, 1);
-    const auto read = Figure::read(figure);
-    const auto value = read ? read->scaled(places) : std::nullopt;
-    return negative && value != 0 ? std::nullopt : value;
-}
-
-constexpr std::string_view minusSign = "\u2212";
-
-bool removePrefix(std::string_view& text, std::string_view prefix) {
-    if (!text.starts_with(prefix)) return false;
-    text.remove_prefix(prefix.size());
-    return true;
-}
-
-bool removeSuffix(std::string_view& text, std::string_view suffix) {
-    if (!text.ends_with(suffix)) return false;
-    text.remove_suffix(suffix.size());
-    return true;
-}
-
-enum class Marked { not_, debit, credit };
-
-/// Takes a debit or credit mark off the end.
-Marked removeDebitOrCredit(std::string_view& text) {
-    for (const std::string_view mark : {"DR", "DR.", "CR", "CR."}) {
-        if (text.size() < mark.size() || Text::upper(text.substr(text.size() - mark.size())) != mark) continue;
-        text.remove_suffix(mark.size());
-        return mark.front() == 'D' ? Marked::debit : Marked::credit;
-    }
-    return Marked::not_;
-}
-
 }  // namespace
 
 std::string plain(std::int64_t minor, const Currency& currency) {
@@ -248,44 +181,6 @@ std::string words(std::int64_t minor, const Currency& currency) {
 std::string quantity(std::int64_t milli) { return shortDecimal(milli, 3); }
 std::string rate(std::int64_t basisPoints) { return shortDecimal(basisPoints, 2) + "%"; }
 std::string fxRate(std::int64_t micros) { return shortDecimal(micros, 6); }
-
-std::optional<std::int64_t> parse(std::string_view input, const Currency& currency) {
-    std::string_view text = Text::trim(input);
-    const Marked mark = removeDebitOrCredit(text);
-    bool negative = mark == Marked::debit;
-    text = Text::trim(text);
-    if (text.size() >= 2 && text.starts_with('(') && text.ends_with(')')) {
-        negative = true;
-        text = text.substr(1, text.size() - 2);
-    }
-    if (removePrefix(text, "-") || removePrefix(text, minusSign) || removeSuffix(text, "-")) negative = true;
-
-    std::string kept;
-    for (const char c : text)
-        if ((c >= '0' && c <= '9') || c == '.' || c == ',') kept += c;
-    const std::size_t dot = kept.rfind('.');
-    const std::size_t comma = kept.rfind(',');
-    bool commaIsDecimal = false;
-    if (comma != kept.npos) {
-        const std::size_t following = kept.size() - comma - 1;
-        commaIsDecimal = dot != kept.npos ? comma > dot : following == 1 || following == 2;
-    }
-    std::erase(kept, commaIsDecimal ? '.' : ',');
-    std::replace(kept.begin(), kept.end(), ',', '.');
-    if (std::count(kept.begin(), kept.end(), '.') > 1) std::erase(kept, '.');
-
-    const auto figure = Figure::read(kept);
-    const auto value = figure ? figure->scaled(currency.exponent) : std::nullopt;
-    return value && negative ? -*value : value;
-}
-
-std::optional<std::int64_t> parseQuantity(std::string_view text) { return parseUnsigned(text, 3); }
-std::optional<std::int64_t> parseFXRate(std::string_view text) { return parseUnsigned(text, 6); }
-
-std::optional<std::int64_t> parseEntry(std::string_view text, const Currency& currency) {
-    const auto value = parse(withoutCurrencyMark(text), currency);
-    return value && isBelievable(*value) ? value : std::nullopt;
-}
 
 }  // namespace MoneyFormat
 }  // namespace tamba

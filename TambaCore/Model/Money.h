@@ -94,6 +94,10 @@ enum class Numbering : bool { international, indian };
 [[nodiscard]] std::string withoutCurrencyMark(std::string_view text);
 /// What an entry field holds, in minor units: mark stripped, then `parse`; amounts beyond `maximumAmount` give nothing.
 [[nodiscard]] std::optional<std::int64_t> parseEntry(std::string_view text, const Currency& currency);
+/// The same, also for a sum with + − × * / and brackets: "3*1200", "1,180/1.18", "₹500 + 2 × (40 − 5)". Worked out
+/// exactly and rounded once, halves away from zero; nothing where it is no sum, divides by zero, or is beyond
+/// `maximumAmount`. A single figure in brackets stays negative, as in `parse`.
+[[nodiscard]] std::optional<std::int64_t> parseSum(std::string_view text, const Currency& currency);
 
 }  // namespace MoneyFormat
 
