@@ -150,13 +150,13 @@ void AppModel::lookForOtherChanges() {
     // With changes of our own waiting, the save merges.
     if (state_ != State::open || saving_ != Saving::saved) return;
     attempt([this] {
-        auto theirs = session_->reloadIfChanged();
-        if (!theirs || *theirs == library_) return;
+        auto taken = session_->takeInChange(library_);
+        if (!taken || taken->library == library_) return;
         history_.clear();
-        const Library before = std::exchange(library_, std::move(*theirs));
+        const Library before = std::exchange(library_, std::move(taken->library));
         emit changed(before, library_);
         emit historyChanged();
-        reportMerge({});
+        reportMerge(taken->conflicts);
     });
 }
 

@@ -15,6 +15,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t openedKept = 14;
+/// Versions saved since the last foreign one that are told apart. Each costs little, as records are shared.
+constexpr std::size_t versionsKept = 32;
 constexpr std::string_view savedPrefix = "tamba-", openedPrefix = "opened-";
 
 /// FNV-1a, to turn a path into a file name; nothing depends on it being hard to forge.
@@ -33,6 +35,34 @@ fs::path lockFolder() {
     if (const char* home = std::getenv("HOME"); home && *home == '/')
         return fs::path(home) / ".local/state/Tamba/locks";
     return Files::temporaryFolder() / ("tamba-locks-" + std::to_string(::getuid()));
+}
+
+/// Whether a record of the step that led to `after` shows in `theirs`. An id that was new can only come from here; what
+/// they did with its record since is theirs.
+template <class Record>
+bool showsStep(const List<Record>& after, const List<Record>& theirs, const ListChanges& step) {
+    const auto held = [&](const UUID& id) { return find(theirs, id) != nullptr; };
+    return std::ranges::any_of(step.added, held) ||
+           std::ranges::any_of(step.altered,
+                               [&](const UUID& id) { return held(id) && *find(theirs, id) == *find(after, id); }) ||
+           !std::ranges::all_of(step.removed, held);
+}
+
+/// Whether who wrote `theirs` had seen the step from `before` to `after`.
+bool hasSeen(const Library& theirs, const Library& before, const Library& after) {
+    const Changes step = Changes::between(before, after);
+    return (step.business && theirs.business == after.business) ||
+           (step.other && theirs.rates == after.rates && theirs.onboarded == after.onboarded) ||
+           showsStep(after.clients, theirs.clients, step.clients) || showsStep(after.items, theirs.items, step.items) ||
+           showsStep(after.categories, theirs.categories, step.categories) ||
+           showsStep(after.projects, theirs.projects, step.projects) ||
+           showsStep(after.expenses, theirs.expenses, step.expenses) ||
+           showsStep(after.recurring, theirs.recurring, step.recurring) ||
+           showsStep(after.documents, theirs.documents, step.documents) ||
+           showsStep(after.series, theirs.series, step.series) ||
+           showsStep(after.accounts, theirs.accounts, step.accounts) ||
+           showsStep(after.transactions, theirs.transactions, step.transactions) ||
+           showsStep(after.rules, theirs.rules, step.rules);
 }
 
 bool isBackup(std::string_view name) {
@@ -88,32 +118,52 @@ void LibrarySession::keepAsOpened() const {
 
 LibrarySession::Saved LibrarySession::save(const Library& ours) {
     if (!lock_) fatal("books opened for reading are being saved");
-    Saved saved{ours, false, {}};
-    if (auto theirs = strangersChange()) {
-        Merged merged = merge(base_.value_or(Library{}), ours, *theirs);
-        saved = {std::move(merged.library), true, std::move(merged.conflicts)};
-    }
-    stamp_ = store_.save(saved.library);
-    base_ = saved.library;
-    return saved;
+    if (const auto theirs = strangersChange()) return mergeAndSave(ours, *theirs);
+    stamp_ = store_.save(ours);
+    wrote(ours);
+    return {ours, false, {}};
 }
 
-std::optional<Library> LibrarySession::reloadIfChanged() {
-    const auto present = Files::stamp(store_.fileURL());
-    auto theirs = strangersChange();
+std::optional<LibrarySession::Saved> LibrarySession::takeInChange(const Library& ours) {
+    if (!lock_) fatal("books opened for reading are being saved");
+    const auto theirs = strangersChange();
     if (!theirs) return std::nullopt;
-    stamp_ = present;
-    base_ = std::move(theirs);
-    return base_;
+    return mergeAndSave(ours, *theirs);
+}
+
+LibrarySession::Saved LibrarySession::mergeAndSave(const Library& ours, const Change& theirs) {
+    Merged merged = merge(ancestorOf(theirs.library), ours, theirs.library);
+    stamp_ = merged.library == theirs.library ? theirs.stamp : store_.save(merged.library);
+    earlier_.clear();
+    base_ = theirs.library;
+    wrote(merged.library);
+    return {std::move(merged.library), true, std::move(merged.conflicts)};
+}
+
+void LibrarySession::wrote(const Library& library) {
+    if (base_ && *base_ == library) return;
+    if (base_) earlier_.push_back(std::move(*base_));
+    // The first is what the others had; of our own the oldest matter least.
+    if (earlier_.size() > versionsKept) earlier_.erase(earlier_.begin() + 1);
+    base_ = library;
+}
+
+/// The latest of our versions that whoever wrote `theirs` had seen; where nothing tells, what was read from them last.
+Library LibrarySession::ancestorOf(const Library& theirs) const {
+    if (!base_) return {};
+    const Library* after = &*base_;
+    for (std::size_t step = earlier_.size(); step-- > 0; after = &earlier_[step])
+        if (hasSeen(theirs, earlier_[step], *after)) return *after;
+    return *after;
 }
 
 /// The books on disk, when they are no longer those last read or written. What this session holds is left as it is, so
 /// that a save that fails afterwards finds the change again.
-std::optional<Library> LibrarySession::strangersChange() {
+std::optional<LibrarySession::Change> LibrarySession::strangersChange() {
     const auto present = Files::stamp(store_.fileURL());
     if (!present || present == stamp_) return std::nullopt;  // a file that is gone comes back with the next save
     std::optional<Library> onDisk = store_.load();
-    if (onDisk != base_) return onDisk;
+    if (onDisk && onDisk != base_) return Change{std::move(*onDisk), *present};
     stamp_ = present;  // a synchroniser touched or rewrote the same books
     return std::nullopt;
 }

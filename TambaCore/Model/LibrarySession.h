@@ -26,7 +26,8 @@ public:
 /// One folder of books, open for work: what application and command line share above `LibraryStore`. It holds an
 /// advisory lock (outside the folder, keyed by its real path), copies the file as found at the day's first opening to
 /// Backups/opened-<yyyy-mm-dd>.json (14 kept), and before each save looks whether another machine has changed the file,
-/// and then merges instead of overwriting.
+/// and then merges instead of overwriting. A file that a synchroniser brings from a machine that has not seen what was
+/// saved here last is recognised as older: what is missing in it is not taken for removed.
 ///
 ///     LibrarySession session(folder, LibrarySession::Access::write);   // throws LockedError, StoreError
 ///     Library library = session.loaded().value_or(Library::make());
@@ -54,8 +55,9 @@ public:
     /// Throws `StoreError`; what is on disk then stays, also when it became unreadable.
     Saved save(const Library& ours);
 
-    /// Another machine's change, when there is one: the books as they now stand on disk. The next save counts from it.
-    [[nodiscard]] std::optional<Library> reloadIfChanged();
+    /// Another machine's change, when there is one, merged with `ours`. Saves only where the file lacks something of
+    /// ours. Throws `StoreError` as `save` does.
+    [[nodiscard]] std::optional<Saved> takeInChange(const Library& ours);
 
     struct Backup {
         std::string name;  ///< file name in Backups
@@ -75,11 +77,19 @@ public:
 private:
     struct Lock;
     void keepAsOpened() const;
-    [[nodiscard]] std::optional<Library> strangersChange();
+    struct Change {
+        Library library;
+        Files::Stamp stamp;
+    };
+    [[nodiscard]] std::optional<Change> strangersChange();
+    [[nodiscard]] Library ancestorOf(const Library& theirs) const;
+    Saved mergeAndSave(const Library& ours, const Change& theirs);
+    void wrote(const Library& library);
 
     LibraryStore store_;
     std::unique_ptr<Lock> lock_;
-    std::optional<Library> base_;  // the books as last read or written
+    std::optional<Library> base_;   // the books as last read or written
+    std::vector<Library> earlier_;  // as read from somebody, and as saved here since then, before `base_`
     std::optional<Files::Stamp> stamp_;
 };
 

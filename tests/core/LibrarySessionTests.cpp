@@ -84,12 +84,39 @@ TEST(LibrarySession, mergesWhatAnotherMachineSaved) {
     EXPECT_FALSE(session.save(saved.library).merged) << "only once";
 
     elsewhere.save(saved.library);
-    EXPECT_FALSE(session.reloadIfChanged()) << "the same books written anew are no change";
+    EXPECT_FALSE(session.takeInChange(saved.library)) << "the same books written anew are no change";
     theirs = saved.library;
     theirs.business.phone = "1";
     elsewhere.save(theirs);
-    EXPECT_EQ(session.reloadIfChanged(), theirs);
-    EXPECT_FALSE(session.reloadIfChanged());
+    EXPECT_EQ(session.takeInChange(saved.library)->library, theirs);
+    EXPECT_FALSE(session.takeInChange(theirs));
+}
+
+TEST(LibrarySession, anOlderFileTakesNothingAwayThatWasSavedHere) {
+    TwoMachines machines;
+    auto& [folder, elsewhere, session, ours, theirs] = machines;
+    const Library found = *session.loaded();
+    const UUID mine = ours.expenses.back().id;
+    ours.clients.append(Client::make("New Client"));
+    elsewhere.save(found);
+    session.save(ours);
+
+    // The other machine had not seen our expense yet when it saved its own.
+    elsewhere.save(theirs);
+    Library both = session.takeInChange(ours)->library;
+    EXPECT_EQ(both.expenses.size(), 3u);
+    EXPECT_EQ(elsewhere.load(), both) << "what the file lacked is in it again";
+
+    // It has seen it now, as the client shows: what is missing was removed there.
+    Library after = both;
+    after.business.phone = "1";
+    after.expenses.erase(indexOf(after.expenses, mine));
+    elsewhere.save(after);
+    both.business.email = "a@b.example";
+    const Library merged = session.save(both).library;
+    EXPECT_FALSE(find(merged.expenses, mine));
+    EXPECT_EQ(merged.business.phone, "1");
+    EXPECT_EQ(merged.business.email, "a@b.example");
 }
 
 TEST(LibrarySession, aFailedSaveFindsTheOtherMachinesChangeAgain) {
