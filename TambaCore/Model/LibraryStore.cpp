@@ -16,6 +16,19 @@ namespace fs = std::filesystem;
 
 /// Longest file name of the usual file systems, in bytes.
 constexpr std::size_t longestName = 255;
+/// A logo is drawn on every page of every invoice: a larger file is the wrong one.
+constexpr std::uint64_t largestLogo = 20'000'000;
+
+/// Extension of a picture by its first bytes, whatever its name says; nothing for what `ImageFile` does not read.
+std::optional<std::string> pictureExtension(std::string_view bytes) {
+    if (bytes.starts_with("\x89PNG\r\n\x1A\n")) return ".png";
+    if (bytes.starts_with("\xFF\xD8\xFF")) return ".jpg";
+    if (bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a")) return ".gif";
+    if (bytes.starts_with("RIFF") && bytes.size() > 12 && bytes.substr(8, 4) == "WEBP") return ".webp";
+    if (bytes.starts_with(std::string_view("II*\0", 4)) || bytes.starts_with(std::string_view("MM\0*", 4)))
+        return ".tiff";
+    return std::nullopt;
+}
 
 std::string sentence(StoreError::Code code, std::string_view message) {
     switch (code) {
@@ -182,6 +195,31 @@ void LibraryStore::removeAttachment(const Attachment& attachment) const {
         }
         Files::move(*file, target);
     });
+}
+
+std::string LibraryStore::keepInvoice(std::string_view name, std::string_view pdf) const {
+    prepare();
+    const Path file = invoicesFolder() / Files::safeName(name);
+    writing([&] { Files::writeAtomically(file, pdf); });
+    return relative(file);
+}
+
+std::string LibraryStore::importLogo(const Path& file) const {
+    prepare();
+    if (Files::size(file).value_or(largestLogo + 1) > largestLogo) throw StoreError(StoreError::Code::notAFile, "");
+    return writing([&] {
+        const auto ending = pictureExtension(Files::read(file));
+        if (!ending) throw StoreError(StoreError::Code::notAFile, "");
+        for (int n = 1;; ++n) {
+            const std::string name = "logo" + (n == 1 ? "" : "-" + std::to_string(n)) + *ending;
+            const Path target = assetsFolder() / name;
+            if (Files::copyToNew(file, target) || Files::sameBytes(file, target)) return name;
+        }
+    });
+}
+
+std::optional<LibraryStore::Path> LibraryStore::logo(const Business& business) const {
+    return business.logoFile ? Files::inside(assetsFolder(), *business.logoFile) : std::nullopt;
 }
 
 void LibraryStore::copyTo(const Path& destination) const {

@@ -205,6 +205,63 @@ TEST(LibraryStore, attachmentsThatLeaveTheFolderAreNeverTouched) {
     EXPECT_EQ(Files::names(store.removedFolder()).size(), 4u);
 }
 
+TEST(LibraryStore, keepsInvoicesUnderTheirNames) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "books");
+    EXPECT_EQ(store.keepInvoice("INV-26-27-007.pdf", "one"), "Invoices/INV-26-27-007.pdf");
+    EXPECT_EQ(store.keepInvoice("INV-26-27-007.pdf", "two"), "Invoices/INV-26-27-007.pdf");
+    EXPECT_EQ(contents(store.folder() / "Invoices/INV-26-27-007.pdf"), "two");
+    EXPECT_EQ(store.keepInvoice("../../.बिल/7\n.pdf", "three"), "Invoices/7 .pdf");
+    EXPECT_EQ(Files::names(store.invoicesFolder()).size(), 2u);
+    Files::makeFolders(store.invoicesFolder() / "taken.pdf");
+    EXPECT_THROW((void)store.keepInvoice("taken.pdf", "x"), StoreError);
+}
+
+TEST(LibraryStore, takesOnlyPicturesForALogo) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "books");
+    const std::string png = "\x89PNG\r\n\x1A\n", tiff("MM\0*", 4);
+    const struct {
+        const char* file;
+        std::string bytes;
+        const char* name;  ///< in Assets; none: refused
+    } cases[] = {
+        {"Our logo.PNG", png + "one", "logo.png"},
+        {"called.jpg", png + "two", "logo-2.png"},
+        {"again.png", png + "one", "logo.png"},
+        {"photo", "\xFF\xD8\xFF\xE0", "logo.jpg"},
+        {"moving.gif", "GIF89a", "logo.gif"},
+        {"print.tif", tiff, "logo.tiff"},
+        {"new.webp", std::string("RIFF\4\0\0\0WEBPVP8", 15), "logo.webp"},
+        {"sound.wav", std::string("RIFF\4\0\0\0WAVEfmt", 15), nullptr},
+        {"page.png", "<svg/>", nullptr},
+        {"empty.png", "", nullptr},
+        {"huge.png", png + std::string(20'000'000, 'x'), nullptr},
+        {"folder", {}, nullptr},
+    };
+    Files::makeFolders(folder / "folder");
+    for (const auto& [file, bytes, name] : cases) {
+        if (!bytes.empty() || *file == 'e') write(folder / file, bytes);
+        try {
+            EXPECT_EQ(store.importLogo(folder / file), name ? name : "refused") << file;
+            EXPECT_EQ(contents(store.assetsFolder() / name), bytes) << file;
+        } catch (const StoreError& error) {
+            EXPECT_EQ(error.code(), StoreError::Code::notAFile) << file;
+            EXPECT_EQ(name, nullptr) << file;
+        }
+    }
+    EXPECT_THROW((void)store.importLogo(folder / "absent.png"), StoreError);
+
+    Business business;
+    EXPECT_EQ(store.logo(business), std::nullopt);
+    business.logoFile = "logo.png";
+    EXPECT_EQ(store.logo(business), store.assetsFolder() / "logo.png");
+    for (const char* outside : {"../tamba.json", "/etc/passwd", ""}) {
+        business.logoFile = outside;
+        EXPECT_EQ(store.logo(business), std::nullopt) << outside;
+    }
+}
+
 TEST(LibraryStore, copyingNeverOverwrites) {
     const TemporaryFolder folder;
     const LibraryStore store(folder / "books");
