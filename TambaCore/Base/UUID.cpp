@@ -17,14 +17,31 @@ int hexDigit(char c) {
     return -1;
 }
 
+void mark(UUID& id, std::uint8_t version) {
+    id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0F) | (version << 4));
+    id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3F) | 0x80);
+}
+
 }  // namespace
 
 UUID UUID::random() {
     UUID id;
     if (getrandom(id.bytes.data(), id.bytes.size(), 0) != static_cast<ssize_t>(id.bytes.size()))
         fatal("the system gives no random numbers");
-    id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0F) | 0x40);
-    id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3F) | 0x80);
+    mark(id, 4);
+    return id;
+}
+
+UUID UUID::derived(const UUID& from, std::string_view text) {
+    using Wide = unsigned __int128;
+    constexpr Wide prime = (Wide{1} << 88) + 0x13B;
+    Wide hash = (Wide{0x6C62272E07BB0142} << 64) + 0x62B821756295C58D;
+    const auto mix = [&](std::uint8_t byte) { hash = (hash ^ byte) * prime; };
+    for (const std::uint8_t byte : from.bytes) mix(byte);
+    for (const char c : text) mix(static_cast<std::uint8_t>(c));
+    UUID id;
+    for (std::size_t byte = 16; byte-- > 0; hash >>= 8) id.bytes[byte] = static_cast<std::uint8_t>(hash);
+    mark(id, 8);
     return id;
 }
 
