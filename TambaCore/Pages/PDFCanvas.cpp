@@ -13,6 +13,7 @@
 #include <charconv>
 #include <cmath>
 #include <numbers>
+#include <unordered_map>
 
 namespace tamba {
 
@@ -62,7 +63,10 @@ int units(double points) {
 
 double wholePoints(int units) { return std::ceil(static_cast<double>(units) / PANGO_SCALE); }
 
-Layout layoutFor(std::string_view text, const PDFCanvas::Style& style) {
+constexpr int oneLine = -1;
+
+/// `width` in the text engine's units, or `oneLine`.
+Layout laidOut(std::string_view text, int width, const PDFCanvas::Style& style) {
     Layout layout(pango_layout_new(layoutContext()));
     Description description(pango_font_description_from_string(style.font.face.c_str()));
     const char* family = pango_font_description_get_family(description.get());
@@ -73,38 +77,92 @@ Layout layoutFor(std::string_view text, const PDFCanvas::Style& style) {
 
     PangoAttrList* attributes = pango_attr_list_new();
     pango_attr_list_insert(attributes, pango_attr_font_features_new("tnum=1"));
+    // A hyphen that nobody wrote would change an account number.
+    pango_attr_list_insert(attributes, pango_attr_insert_hyphens_new(FALSE));
     if (style.tracking != 0)
         pango_attr_list_insert(attributes,
                                pango_attr_letter_spacing_new(static_cast<int>(style.tracking * PANGO_SCALE)));
     pango_layout_set_attributes(layout.get(), attributes);
     pango_attr_list_unref(attributes);
 
-    pango_layout_set_spacing(layout.get(), static_cast<int>(style.lineSpacing * PANGO_SCALE));
-    pango_layout_set_alignment(layout.get(), style.align == Align::right    ? PANGO_ALIGN_RIGHT
-                                             : style.align == Align::center ? PANGO_ALIGN_CENTER
-                                                                            : PANGO_ALIGN_LEFT);
-    const std::string clean = Text::repairedUTF8(text);
+    std::string clean = Text::repairedUTF8(text);
+    if (width == oneLine) {
+        std::replace_if(clean.begin(), clean.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    } else {
+        pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
+        pango_layout_set_width(layout.get(), width);
+        pango_layout_set_spacing(layout.get(), static_cast<int>(style.lineSpacing * PANGO_SCALE));
+        pango_layout_set_alignment(layout.get(), style.align == Align::right    ? PANGO_ALIGN_RIGHT
+                                                 : style.align == Align::center ? PANGO_ALIGN_CENTER
+                                                                                : PANGO_ALIGN_LEFT);
+    }
     pango_layout_set_text(layout.get(), clean.data(), static_cast<int>(clean.size()));
     return layout;
 }
 
-Layout wrappedLayout(std::string_view text, double width, const PDFCanvas::Style& style) {
-    Layout layout = layoutFor(text, style);
-    pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
-    pango_layout_set_width(layout.get(), units(width));
-    return layout;
+struct Shaped {
+    Layout layout;
+    PangoRectangle extents{};
+};
+
+/// Laying out is by far the dearest part of a page, and every text is asked for at least twice: measured, then drawn.
+/// What was not asked for while two thousand others came is forgotten.
+class Shapes {
+public:
+    const Shaped& of(std::string_view text, int width, const PDFCanvas::Style& style) {
+        std::string key(text);
+        key += '\0';
+        key += style.font.face;
+        const auto append = [&key](const auto& value) {
+            key.append(reinterpret_cast<const char*>(&value), sizeof value);
+        };
+        append(style.font.size);
+        append(style.tracking);
+        append(width);
+        if (width != oneLine) {
+            append(style.lineSpacing);
+            append(style.align);
+        }
+        if (const auto found = recent_.find(key); found != recent_.end()) return found->second;
+        if (recent_.size() >= generation) {
+            older_ = std::move(recent_);
+            recent_.clear();
+        }
+        if (auto found = older_.extract(key)) return recent_.insert(std::move(found)).position->second;
+        Shaped shaped{laidOut(text, width, style), {}};
+        pango_layout_get_extents(shaped.layout.get(), nullptr, &shaped.extents);
+        return recent_.emplace(std::move(key), std::move(shaped)).first->second;
+    }
+
+private:
+    static constexpr std::size_t generation = 2000;
+    std::unordered_map<std::string, Shaped> recent_, older_;
+};
+
+const Shaped& shaped(std::string_view text, int width, const PDFCanvas::Style& style) {
+    thread_local Shapes shapes;
+    return shapes.of(text, width, style);
 }
 
-Layout oneLineLayout(std::string_view text, const PDFCanvas::Style& style) {
-    std::string line(text);
-    std::replace_if(line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    return layoutFor(line, style);
+bool hasLineBreak(std::string_view text) {
+    return text.find_first_of("\n\r") != text.npos || Text::contains(text, "\u2028") || Text::contains(text, "\u2029");
 }
 
-PangoRectangle extents(const Layout& layout) {
-    PangoRectangle logical;
-    pango_layout_get_extents(layout.get(), nullptr, &logical);
-    return logical;
+/// A text in a box. What fits on one line is the same shape in a box of any width.
+struct InBox {
+    const Shaped& shape;
+    double shift = 0;  ///< to where the alignment puts it
+};
+InBox inBox(std::string_view text, double width, const PDFCanvas::Style& style) {
+    if (!hasLineBreak(text)) {
+        const Shaped& line = shaped(text, oneLine, style);
+        const int rest = units(width) - line.extents.width;
+        if (rest >= 0) {
+            const double share = style.align == Align::left ? 0 : style.align == Align::right ? 1 : 0.5;
+            return {line, share * rest / PANGO_SCALE};
+        }
+    }
+    return {shaped(text, units(width), style), 0};
 }
 
 /// The picture as the drawing library keeps pictures: colours multiplied by alpha, in words of the machine's order.
@@ -135,6 +193,9 @@ struct PDFCanvas::Context {
     Drawing drawing;
     bool isPDF = true;
     bool pageOpen = false;
+    int pages = 0;
+    bool recording = false;
+    std::vector<TextBox> texts;
 
     cairo_t* page() const {
         if (!pageOpen) fatal("drawing without an open page");
@@ -247,44 +308,78 @@ PDFCanvas PDFCanvas::bitmap(Size size, double scale) {
     cairo_paint(context->drawing.get());
     cairo_scale(context->drawing.get(), scale, scale);
     context->pageOpen = true;
+    context->pages = 1;
     context->check();
     return PDFCanvas(std::move(context));
 }
 
 Size PDFCanvas::size() const { return context_->size; }
+bool PDFCanvas::isBitmap() const { return !context_->isPDF; }
 bool PDFCanvas::pageOpen() const { return context_->pageOpen; }
 
 double PDFCanvas::measure(std::string_view text, double width, const Style& style) {
-    return text.empty() ? 0 : wholePoints(extents(wrappedLayout(text, width, style)).height);
+    return text.empty() ? 0 : wholePoints(inBox(text, width, style).shape.extents.height);
 }
 
 double PDFCanvas::width(std::string_view text, const Style& style) {
-    return text.empty() ? 0 : wholePoints(extents(oneLineLayout(text, style)).width);
+    return text.empty() ? 0 : wholePoints(shaped(text, oneLine, style).extents.width);
+}
+
+double PDFCanvas::baseline(std::string_view text, double width, const Style& style) {
+    if (text.empty()) return 0;
+    return static_cast<double>(pango_layout_get_baseline(inBox(text, width, style).shape.layout.get())) / PANGO_SCALE;
+}
+
+std::size_t PDFCanvas::fitting(std::string_view text, double width, const Style& style, double height) {
+    if (text.empty() || measure(text, width, style) <= height) return text.size();
+    PangoLayout* layout = inBox(text, width, style).shape.layout.get();
+    const std::unique_ptr<PangoLayoutIter, Deleter<pango_layout_iter_free>> line(pango_layout_get_iter(layout));
+    do {
+        PangoRectangle box;
+        pango_layout_iter_get_line_extents(line.get(), nullptr, &box);
+        if (wholePoints(box.y + box.height) > height)
+            return std::min(text.size(), static_cast<std::size_t>(pango_layout_line_get_start_index(
+                                             pango_layout_iter_get_line_readonly(line.get()))));
+    } while (pango_layout_iter_next_line(line.get()));
+    return text.size();
 }
 
 double PDFCanvas::text(std::string_view text, double x, double y, double width, const Style& style) {
     cairo_t* cr = context_->page();
     if (text.empty()) return 0;
-    const Layout layout = wrappedLayout(text, width, style);
+    const InBox placed = inBox(text, width, style);
     context_->setColor(style.color);
-    cairo_move_to(cr, x, y);
-    pango_cairo_show_layout(cr, layout.get());
-    return wholePoints(extents(layout).height);
+    cairo_move_to(cr, x + placed.shift, y);
+    pango_cairo_show_layout(cr, placed.shape.layout.get());
+    const PangoRectangle& taken = placed.shape.extents;
+    const double height = wholePoints(taken.height);
+    const auto points = [](int units) { return static_cast<double>(units) / PANGO_SCALE; };
+    if (context_->recording)
+        context_->texts.push_back(
+            {context_->pages,
+             std::string(text),
+             {x + placed.shift + points(taken.x), y + points(taken.y), points(taken.width), points(taken.height)},
+             {x, y, width, height},
+             0,
+             style});
+    return height;
 }
 
 void PDFCanvas::rotated(std::string_view text, Point center, double degrees, const Style& style) {
     cairo_t* cr = context_->page();
     if (text.empty()) return;
-    const Layout layout = oneLineLayout(text, style.aligned(Align::left));
-    const PangoRectangle box = extents(layout);
+    const Shaped& shape = shaped(text, oneLine, style);
+    const double width = static_cast<double>(shape.extents.width) / PANGO_SCALE;
+    const double height = static_cast<double>(shape.extents.height) / PANGO_SCALE;
     cairo_save(cr);
     cairo_translate(cr, center.x, center.y);
     cairo_rotate(cr, -degrees * std::numbers::pi / 180);
     context_->setColor(style.color);
-    cairo_move_to(cr, -static_cast<double>(box.width) / (2 * PANGO_SCALE),
-                  -static_cast<double>(box.height) / (2 * PANGO_SCALE));
-    pango_cairo_show_layout(cr, layout.get());
+    cairo_move_to(cr, -width / 2, -height / 2);
+    pango_cairo_show_layout(cr, shape.layout.get());
     cairo_restore(cr);
+    const Rect box{center.x - width / 2, center.y - height / 2, width, height};
+    if (context_->recording) context_->texts.push_back({context_->pages, std::string(text), box, box, degrees, style});
 }
 
 void PDFCanvas::line(Point from, Point to, const Color& color, double width, const std::vector<double>& dash) {
@@ -300,6 +395,12 @@ void PDFCanvas::line(Point from, Point to, const Color& color, double width, con
 
 void PDFCanvas::fill(const Rect& rect, const Color& color, double radius) {
     context_->path(rect, radius);
+    context_->setColor(color);
+    cairo_fill(context_->drawing.get());
+}
+
+void PDFCanvas::fill(const std::vector<Rect>& rects, const Color& color) {
+    for (const Rect& rect : rects) context_->path(rect, 0);
     context_->setColor(color);
     cairo_fill(context_->drawing.get());
 }
@@ -333,10 +434,14 @@ void PDFCanvas::draw(const Image& image, const Rect& rect) {
     cairo_restore(cr);
 }
 
+void PDFCanvas::recordTexts() { context_->recording = true; }
+const std::vector<PDFCanvas::TextBox>& PDFCanvas::texts() const { return context_->texts; }
+
 void PDFCanvas::beginPage() {
     if (!context_->isPDF) return;
     if (context_->pageOpen) cairo_show_page(context_->drawing.get());
     context_->pageOpen = true;
+    ++context_->pages;
 }
 
 std::optional<std::string> PDFCanvas::finish() {

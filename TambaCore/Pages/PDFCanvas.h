@@ -19,6 +19,7 @@
 ///     y += canvas.text("Tax invoice", 40, y, 515, {.font = PDFCanvas::systemFont(18, PDFCanvas::Weight::bold)});
 ///     std::string bytes = *canvas.finish();
 ///
+/// Text that was measured is drawn without being laid out a second time. A word that is wider than its box is broken.
 /// Drawing on a PDF before its first page, or after `finish`, is a mistake in the program and stops it.
 namespace tamba {
 
@@ -85,12 +86,18 @@ public:
     PDFCanvas& operator=(PDFCanvas&&) noexcept;
 
     [[nodiscard]] Size size() const;
+    [[nodiscard]] bool isBitmap() const;
     [[nodiscard]] bool pageOpen() const;
 
     /// Height in whole points of the text wrapped to `width`; 0 for an empty text.
     [[nodiscard]] static double measure(std::string_view text, double width, const Style& style);
     /// Width in whole points of the text on one line.
     [[nodiscard]] static double width(std::string_view text, const Style& style);
+    /// How far below its top the wrapped text's first line stands.
+    [[nodiscard]] static double baseline(std::string_view text, double width, const Style& style);
+    /// How many bytes of the wrapped text its first lines have that fit in `height` together: where to cut a text that
+    /// goes on overleaf.
+    [[nodiscard]] static std::size_t fitting(std::string_view text, double width, const Style& style, double height);
 
     /// Draws wrapped text from (x, y) down and returns the height it took, as `measure` gives it.
     double text(std::string_view text, double x, double y, double width, const Style& style);
@@ -100,6 +107,8 @@ public:
     void line(Point from, Point to, const Color& color, double width, const std::vector<double>& dash = {});
     /// `radius` rounds the corners.
     void fill(const Rect& rect, const Color& color, double radius = 0);
+    /// As one shape: no seams show where boxes touch.
+    void fill(const std::vector<Rect>& rects, const Color& color);
     void stroke(const Rect& rect, const Color& color, double width, double radius = 0);
     void draw(const Image& image, const Rect& rect);
 
@@ -109,6 +118,19 @@ public:
     [[nodiscard]] std::optional<std::string> finish();
     /// What a bitmap shows so far; nothing for a PDF.
     [[nodiscard]] std::optional<Image> image() const;
+
+    /// A text as it was drawn.
+    struct TextBox {
+        int page = 1;
+        std::string text;
+        Rect box;   ///< what its lines take
+        Rect cell;  ///< what it was given: from (x, y), as wide as said, as high as measured
+        double degrees = 0;
+        Style style;
+    };
+    /// Keeps every text that is drawn from here on, for tests and measuring.
+    void recordTexts();
+    [[nodiscard]] const std::vector<TextBox>& texts() const;
 
 private:
     struct Context;

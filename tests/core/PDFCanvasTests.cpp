@@ -98,6 +98,54 @@ TEST(PDFCanvas, drawsWhatItMeasures) {
     EXPECT_LE(ink.bottom, 2 * (10 + height));
 }
 
+TEST(PDFCanvas, recordsEachTextWithTheBoxItTookAndTheOneItWasGiven) {
+    auto canvas = PDFCanvas::bitmap({400, 100}, 1);
+    canvas.text("before", 0, 0, 100, {});
+    canvas.recordTexts();
+    canvas.text("₹1,180.00", 100, 20, 200, Style{}.aligned(Align::right));
+    canvas.rotated("PAID", {200, 70}, 20, {});
+    ASSERT_EQ(canvas.texts().size(), 2u);
+    const auto& [page, text, box, cell, degrees, style] = canvas.texts()[0];
+    EXPECT_EQ(text, "₹1,180.00");
+    EXPECT_EQ(page, 1);
+    EXPECT_NEAR(box.x + box.width, 300, 0.1);
+    EXPECT_GT(box.x, 200);
+    EXPECT_EQ(cell.x + cell.width, 300);
+    EXPECT_EQ(cell.height, PDFCanvas::measure(text, 200, style));
+    EXPECT_EQ(canvas.texts()[1].degrees, 20);
+}
+
+TEST(PDFCanvas, aWordWiderThanItsBoxIsBrokenAndGainsNoHyphen) {
+    for (const std::string& word :
+         {std::string(300, 'm'), std::string("INTERNATIONALISATIONSUNTERNEHMEN/0004512000784455")}) {
+        auto canvas = PDFCanvas::pdf(a4, "", "", aTime);
+        canvas.beginPage();
+        canvas.recordTexts();
+        canvas.text(word, 40, 40, 70, {});
+        const Rect box = canvas.texts()[0].box;
+        EXPECT_LE(box.x + box.width, 110.01);
+        std::string text = readBack("/usr/bin/pdftotext", *canvas.finish(), "-");
+        std::erase_if(text, [](char c) { return c == '\n' || c == '\f'; });
+        EXPECT_EQ(text, word);
+    }
+}
+
+TEST(PDFCanvas, cutsATextWhereTheRoomEnds) {
+    const Style style{.font = PDFCanvas::systemFont(10)};
+    const std::string text = "First paragraph, which goes on for two lines.\nSecond paragraph\nThird: हिन्दी";
+    const double whole = PDFCanvas::measure(text, 120, style);
+    EXPECT_EQ(PDFCanvas::fitting(text, 120, style, whole), text.size());
+    EXPECT_EQ(PDFCanvas::fitting(text, 120, style, 5), 0u);
+    for (double height = 0; height < whole; ++height) {
+        const std::size_t cut = PDFCanvas::fitting(text, 120, style, height);
+        if (cut == 0) continue;
+        std::string head = text.substr(0, cut);
+        while (head.ends_with('\n')) head.pop_back();
+        EXPECT_LE(PDFCanvas::measure(head, 120, style), height) << height;
+    }
+    EXPECT_EQ(PDFCanvas::fitting(text, 120, style, PDFCanvas::measure("A\nB", 120, style)), text.find('\n') + 1);
+}
+
 TEST(PDFCanvas, trackingGoesBetweenLettersAndLineSpacingBetweenLines) {
     const Style plain{.font = PDFCanvas::systemFont(20)};
     Style wide = plain;
