@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-/// The commands, one function each. `main.cpp` reads the words of the command line and calls one of them; what a
-/// command returns is the exit status: 0 done, 1 refused or found problems. A refusal that ends the command is thrown,
-/// its sentence goes to standard error.
+/// The commands, one function each. The files named …Words.cpp read the words of the command line and call one of them;
+/// what a command returns is the exit status: 0 done, 1 refused or found problems. A refusal that ends the command is
+/// thrown, its sentence goes to standard error.
 namespace tamba::cli {
 
 /// A refusal of the command line itself; `what()` is the finished sentence.
@@ -29,16 +29,13 @@ struct Context {
     std::filesystem::path folder;  ///< of the books
     bool json = false;
     Day today;
+    Instant now{};  ///< noon of `today` where that was given
 };
 
 /// Books that exist; refuses a folder without any.
 [[nodiscard]] const Library& existing(const LibrarySession& session);
 /// Saves, and says on standard error when another machine's changes came in. Gives what now stands on disk.
 Library save(LibrarySession& session, const Library& library);
-/// The currency code somebody typed, in capitals; refuses what is none.
-[[nodiscard]] std::string currencyCode(std::string_view typed);
-/// An expense's identity as lists show it: its first eight digits.
-[[nodiscard]] std::string shortID(const UUID& id);
 [[nodiscard]] std::string expenseDetails(const Library& library, const Expense& expense);
 
 struct NewOptions {

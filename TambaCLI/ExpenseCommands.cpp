@@ -1,6 +1,5 @@
-#include "TambaCLI/Commands.h"
+#include "TambaCLI/Arguments.h"
 #include "TambaCLI/Output.h"
-#include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
@@ -11,29 +10,9 @@
 namespace tamba::cli {
 namespace {
 
-/// The one record of a list that carries this name, case and blanks at the ends ignored; refuses an unknown name with
-/// the names there are.
-template <class Record>
-const Record& named(const List<Record>& list, std::string_view name, std::string_view what) {
-    const std::string wanted = Text::lower(Text::trim(name));
-    std::vector<std::string> names;
-    for (const Record& record : list) {
-        if (Text::lower(Text::trim(record.name)) == wanted) return record;
-        names.push_back(record.name);
-    }
-    throw Refusal("There is no " + std::string(what) + " “" + std::string(name) + "” in these books." +
-                  (names.empty() ? "" : " There are: " + Text::join(names, ", ") + "."));
-}
-
 std::string categoryName(const Library& library, const Expense& expense) {
     const Category* category = expense.categoryID ? library.category(*expense.categoryID) : nullptr;
     return category ? category->name : "Uncategorised";
-}
-
-std::int64_t amountOf(std::string_view typed, const Currency& currency) {
-    const auto minor = MoneyFormat::parseEntry(typed, currency);
-    if (!minor) throw Refusal("“" + std::string(typed) + "” is not an amount.");
-    return *minor;
 }
 
 /// The category asked for, else the one that suits the vendor, else the one called `usual`, if there is one.
@@ -60,21 +39,20 @@ Expense expenseFrom(const Library& library, const ExpenseEntry& entry, Day today
     expense.notes = entry.notes;
 
     if (!entry.mileage.empty()) {
-        const auto distance = MoneyFormat::parseQuantity(entry.mileage);
-        if (!distance || !Expenses::mileageAmount(*distance, library.business.mileageRateMinor))
+        const std::int64_t distance = quantityOf(entry.mileage, "distance");
+        if (!Expenses::mileageAmount(distance, library.business.mileageRateMinor))
             throw Refusal("“" + entry.mileage + "” is not a distance.");
-        expense = Expenses::mileage(library, std::move(expense), *distance, library.business.mileageRateMinor);
+        expense = Expenses::mileage(library, std::move(expense), distance, library.business.mileageRateMinor);
         return Expenses::withCategory(library, std::move(expense), categoryOf(library, entry, "Mileage"));
     }
     expense =
         Expenses::withCurrency(library, std::move(expense),
                                entry.currency.empty() ? library.business.homeCurrency : currencyCode(entry.currency));
     if (!entry.rate.empty()) {
-        const auto rate = MoneyFormat::parseFXRate(MoneyFormat::withoutCurrencyMark(entry.rate));
-        if (!rate || *rate == 0 || !isBelievable(*rate)) throw Refusal("“" + entry.rate + "” is not an exchange rate.");
+        const std::int64_t rate = exchangeRateOf(entry.rate);
         if (expense.currency == library.business.homeCurrency)
             throw Refusal("An expense in " + expense.currency + " needs no exchange rate.");
-        expense.rateMicros = *rate;
+        expense.rateMicros = rate;
     }
     const Currency currency = Currency::of(expense.currency);
     expense.amount = amountOf(entry.amount, currency);
@@ -122,8 +100,6 @@ std::vector<const Expense*> filtered(const Library& library, const ExpenseFilter
 }
 
 }  // namespace
-
-std::string shortID(const UUID& id) { return id.text().substr(0, 8); }
 
 std::string expenseDetails(const Library& library, const Expense& expense) {
     const Currency currency = Currency::of(expense.currency);
@@ -229,18 +205,11 @@ int addExpense(const Context& context, const ExpenseEntry& entry) {
 int showExpense(const Context& context, const std::string& idPrefix) {
     const LibrarySession session(context.folder, LibrarySession::Access::read);
     const Library& library = existing(session);
-    const std::string prefix = Text::upper(idPrefix);
-    const Expense* found = nullptr;
-    for (const Expense& expense : library.expenses) {
-        if (!expense.id.text().starts_with(prefix)) continue;
-        if (found) throw Refusal("More than one expense begins with “" + idPrefix + "”. Give more of its ID.");
-        found = &expense;
-    }
-    if (!found) throw Refusal("There is no expense “" + idPrefix + "” in these books.");
+    const Expense& expense = expenseOf(library, idPrefix);
     if (context.json)
-        std::cout << ModelsJSON::json(*found) << "\n";
+        std::cout << ModelsJSON::json(expense) << "\n";
     else
-        std::cout << expenseDetails(library, *found);
+        std::cout << expenseDetails(library, expense);
     return 0;
 }
 

@@ -1,4 +1,4 @@
-#include "TambaCLI/Commands.h"
+#include "TambaCLI/Arguments.h"
 #include "TambaCLI/Output.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Fixtures.h"
@@ -11,33 +11,14 @@
 namespace tamba::cli {
 namespace {
 
-std::string stateCode(const std::string& typed) {
-    if (const auto state = IndianState::of(typed)) return std::string(state->code);
-    const std::string wanted = Text::lower(Text::trim(typed));
-    for (const IndianState& state : IndianState::all())
-        if (Text::lower(state.name) == wanted) return std::string(state.code);
-    throw Refusal("“" + typed + "” is not a state or union territory of India.");
-}
-
-/// The text in capitals; a refusal unless it is so many letters.
-std::string letterCode(std::string_view typed, std::size_t letters, std::string_view what) {
-    const std::string code = Text::upper(Text::trim(typed));
-    const auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
-    if (code.size() != letters || !std::all_of(code.begin(), code.end(), isCapital))
-        throw Refusal("“" + std::string(typed) + "” is not a " + std::string(what) + ".");
-    return code;
-}
-
 Business businessFrom(const NewOptions& options) {
     Business business;
     business.name = Text::trim(options.name);
-    if (!options.country.empty()) business.country = letterCode(options.country, 2, "country code such as IN or US");
+    if (!options.country.empty()) business.country = countryCode(options.country);
     if (!options.currency.empty()) business.homeCurrency = currencyCode(options.currency);
     if (!options.state.empty()) business.stateCode = stateCode(options.state);
     if (!options.gstin.empty()) {
-        business.taxID = GSTIN::clean(options.gstin);
-        if (const auto problem = GSTIN::validate(business.taxID))
-            throw Refusal(std::string(GSTIN::problemText(*problem)));
+        business.taxID = gstin(options.gstin);
         if (const auto state = GSTIN::stateCode(business.taxID); state && options.state.empty())
             business.stateCode = state;
     }
@@ -52,8 +33,6 @@ Business businessFrom(const NewOptions& options) {
 }
 
 }  // namespace
-
-std::string currencyCode(std::string_view typed) { return letterCode(typed, 3, "currency code such as INR or USD"); }
 
 const Library& existing(const LibrarySession& session) {
     if (!session.loaded())

@@ -1,4 +1,4 @@
-#include "TambaCLI/Commands.h"
+#include "TambaCLI/Arguments.h"
 #include "TambaCLI/Output.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
