@@ -1,6 +1,8 @@
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Expenses.h"
+#include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Fixtures.h"
+#include "TambaCore/Fixtures/Documents.h"
 #include "TambaCore/Fixtures/Receipts.h"
 #include "TambaCore/Model/LibraryCheck.h"
 #include "TambaCore/Receipts/EmailReceipt.h"
@@ -12,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 using namespace tamba;
 using Fixtures::Receipts::Bill;
@@ -146,6 +149,43 @@ TEST(Fixtures, largeBooksAreValidAndOfTheSizeAskedFor) {
     }
     std::sort(numbers.begin(), numbers.end());
     EXPECT_EQ(std::unique(numbers.begin(), numbers.end()), numbers.end());
+}
+
+TEST(FixturesDocuments, areValidBooksWithEveryKindOfDocument) {
+    std::set<std::string> names, currencies;
+    std::set<TaxRegime> regimes;
+    std::set<SupplyType> supplies;
+    std::set<DocKind> kinds;
+    std::set<DocStatus> statuses;
+    std::int64_t largest = 0;
+    for (const Fixtures::Sample& sample : Fixtures::documents()) {
+        SCOPED_TRACE(sample.name);
+        EXPECT_TRUE(names.insert(sample.name).second);
+        EXPECT_THAT(problems(sample.library, LibraryStore("/no/such/folder")), ::testing::IsEmpty());
+        const Document* document = sample.library.document(sample.document);
+        ASSERT_TRUE(document);
+        EXPECT_TRUE(DocMath::isBelievable(*document));
+        EXPECT_TRUE(sample.library.business.taxID.size() < 15 || GSTIN::isValid(sample.library.business.taxID) ||
+                    sample.library.business.regime == TaxRegime::simple);
+        regimes.insert(sample.library.business.regime);
+        supplies.insert(document->supply);
+        kinds.insert(document->kind);
+        currencies.insert(document->currency);
+        statuses.insert(Books::status(sample.library, *document, today));
+        EXPECT_TRUE(document->payments.empty() || Books::balance(sample.library, *document) == 0);
+        if (document->currency == "INR") largest = std::max(largest, DocMath::totals(*document).total);
+        if (document->kind != DocKind::creditNote) continue;
+        const Document* invoice = sample.library.document(*document->linkedID);
+        ASSERT_TRUE(invoice);
+        EXPECT_GT(Books::balance(sample.library, *invoice), 0);
+        EXPECT_EQ(invoice->supply, document->supply);
+    }
+    EXPECT_EQ(regimes.size(), 4U);
+    EXPECT_EQ(supplies.size(), 8U);
+    EXPECT_EQ(kinds.size(), 3U);
+    EXPECT_THAT(currencies, ::testing::IsSupersetOf({"INR", "USD", "JPY", "KWD"}));
+    EXPECT_THAT(statuses, ::testing::IsSupersetOf({DocStatus::draft, DocStatus::void_, DocStatus::paid}));
+    EXPECT_GE(largest, 9'000'000'000'000);
 }
 
 TEST(FixturesReceipts, aBillAddsUp) {
