@@ -162,7 +162,7 @@ std::vector<Sample> regimesAndSupplies() {
     karnataka.line("Illustration", 6000, 450000);
     karnataka.document().payments = {{karnataka.client().id,
                                       issued.addingDays(9),
-                                      26715000,
+                                      26676000,
                                       2470000,
                                       PaymentMethod::bank,
                                       "N2610231187",
