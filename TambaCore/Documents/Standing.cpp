@@ -113,4 +113,18 @@ std::optional<std::int64_t> inHomeCurrency(const Library& library, const Documen
     return MoneyMath::tryConvert(amount, Currency::of(document.currency), library.home(), document.rateMicros);
 }
 
+std::optional<std::int64_t> fromHomeCurrency(const Library& library, const Document& document, std::int64_t amount) {
+    const Currency to = Currency::of(document.currency);
+    const Currency home = library.home();
+    if (!isBelievable(amount)) return {};
+    if (to.code == home.code) return amount;
+    if (document.rateMicros < 1 || !isBelievable(document.rateMicros)) return {};
+    const std::int64_t times = 1'000'000 * to.scale();
+    const std::int64_t by = document.rateMicros * home.scale();
+    __extension__ using Wide = __int128;
+    const Wide value = static_cast<Wide>(amount) * times / by;
+    if (value > maximumAmount || value < -maximumAmount) return {};
+    return MoneyMath::mulDiv(amount, times, by);
+}
+
 }  // namespace tamba::Books

@@ -53,5 +53,8 @@ private:
 /// or where the result is beyond belief.
 [[nodiscard]] std::optional<std::int64_t> inHomeCurrency(const Library& library, const Document& document,
                                                          std::int64_t amount);
+/// An amount in the home currency as minor units of the document's currency, likewise.
+[[nodiscard]] std::optional<std::int64_t> fromHomeCurrency(const Library& library, const Document& document,
+                                                           std::int64_t amount);
 
 }  // namespace tamba::Books
