@@ -12,8 +12,8 @@
 
 /// What people do with documents: draft, issue, send, be paid, credit, void. Each operation takes the books by value
 /// and gives the changed books; a refusal throws `BooksError` and the caller still has the old value. An id that is not
-/// there changes nothing. No operation asks the clock. How a document stands (what is paid, owed, late) is in
-/// `Standing.h`.
+/// there changes nothing. No operation on the books asks the clock. How a document stands (what is paid, owed, late) is
+/// in `Standing.h`.
 ///
 ///     Document draft = Books::newDocument(library, DocKind::invoice, client, today);
 ///     draft.lines.push_back(Books::newLine(library, draft));
@@ -21,7 +21,8 @@
 ///     library = Books::issue(std::move(library), draft.id, today);     // throws BooksError
 namespace tamba::Books {
 
-// Drafts. The functions that make a document give a value with fresh ids; `addDraft` puts it into the books.
+// Drafts. The functions that make a document give a value with fresh ids and the moment it was made (the one thing
+// taken from the clock); `addDraft` puts it into the books.
 
 /// A draft with what client and business say: currency and its kept rate (0 where none is kept), due days, terms, place
 /// of supply, supply type, series, round-off. Without a client as for one in the business's own state.
@@ -86,7 +87,7 @@ namespace tamba::Books {
 /// rate and HSN code with what remains. Throws `notInvoice`, `notIssued`, `creditExceeds` (nothing is left).
 [[nodiscard]] Document creditNoteFor(const Library& library, const UUID& invoice, Day today);
 
-/// Throw `notEstimate`, `notIssued`.
+/// Throw `notEstimate`, `notIssued`, `alreadyConverted`.
 [[nodiscard]] Library acceptEstimate(Library library, const UUID& id);
 [[nodiscard]] Library declineEstimate(Library library, const UUID& id);
 /// The draft invoice an estimate becomes, dated today, with the place of supply and rates of today. Throws

@@ -1,0 +1,63 @@
+#include "TambaCore/Base/Check.h"
+#include "TambaCore/Documents/Books.h"
+#include "TambaCore/Documents/BooksParts.h"
+
+#include <algorithm>
+
+namespace tamba::Books {
+namespace {
+
+bool settlesSomething(const Payment& payment) {
+    const auto part = [](std::int64_t amount) { return amount >= 0 && amount <= maximumAmount; };
+    return part(payment.amount) && part(payment.tds) && (payment.amount > 0 || payment.tds > 0);
+}
+
+}  // namespace
+
+Library recordPayment(Library library, const UUID& invoice, Payment payment) {
+    using Code = BooksError::Code;
+    const Document* document = library.document(invoice);
+    if (!document) return library;
+    refuseIf(document->kind != DocKind::invoice, Code::notInvoice);
+    needIssued(*document);
+    refuseIf(!settlesSomething(payment), Code::badPayment);
+    refuseIf(payment.date < document->issueDate, Code::paidBeforeIssue);
+    refuseIf(payment.settles() > balance(library, *document), Code::overpaid);
+    return changed(std::move(library), invoice,
+                   [&payment](Document& paid) { paid.payments.push_back(std::move(payment)); });
+}
+
+Library removePayment(Library library, const UUID& invoice, const UUID& payment) {
+    const Document* document = library.document(invoice);
+    if (!document) return library;
+    const auto isIt = [&payment](const Payment& one) { return one.id == payment; };
+    if (std::none_of(document->payments.begin(), document->payments.end(), isIt)) return library;
+    library = changed(std::move(library), invoice, [&isIt](Document& paid) { std::erase_if(paid.payments, isIt); });
+    for (std::size_t i = 0; i < library.transactions.size(); ++i)
+        if (library.transactions[i].paymentID == payment)
+            library.transactions.update(i, [](BankTransaction& line) {
+                line.invoiceID.reset();
+                line.paymentID.reset();
+            });
+    return library;
+}
+
+std::int64_t suggestedTDS(const Document& invoice, std::int64_t settled, int rateBP) {
+    if (!DocMath::isBelievable(invoice)) return 0;
+    const DocTotals totals = DocMath::totals(invoice);
+    settled = std::min(settled, totals.total);
+    if (settled < 1 || rateBP < 1 || rateBP > 10'000) return 0;
+    // One rounding, to whole units: a share that was rounded first could tip the result.
+    __extension__ using Wide = __int128;
+    const std::int64_t scale = Currency::of(invoice.currency).scale();
+    const Wide divisor = static_cast<Wide>(totals.total) * 10'000 * scale;
+    const Wide units = (static_cast<Wide>(totals.taxable) * settled * rateBP * 2 + divisor) / (divisor * 2);
+    return static_cast<std::int64_t>(units * scale);
+}
+
+const std::vector<int>& tdsRates() {
+    static const std::vector<int> rates{1000, 200, 100, 10};
+    return rates;
+}
+
+}  // namespace tamba::Books
