@@ -31,11 +31,11 @@ bool canBeRight(const Line& line, SupplyType supply) {
     const auto inRange = [](std::int64_t value, std::int64_t most) { return value >= 0 && value <= most; };
     if (!inRange(line.qtyMilli, maximumAmount) || !inRange(line.priceMinor, maximumAmount)) return false;
     if (!inRange(line.discountBP, 10'000) || line.taxBP < 0) return false;
-    if (static_cast<Wide>(line.qtyMilli) * line.priceMinor / 1000 >= maximumAmount) return false;
+    if (static_cast<Wide>(line.qtyMilli) * line.priceMinor / 1000 > maximumAmount) return false;
     Line untaxed = line;
     untaxed.taxBP = 0;
     const std::int64_t taxable = DocMath::line(untaxed, supply).taxable;
-    return static_cast<Wide>(taxable) * line.taxBP / 10'000 < maximumAmount;
+    return static_cast<Wide>(taxable) * line.taxBP / 10'000 <= maximumAmount;
 }
 
 void add(std::int64_t& sum, std::int64_t figure) { sum = Checked::add(sum, figure); }

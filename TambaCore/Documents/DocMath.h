@@ -68,9 +68,9 @@ namespace DocMath {
 /// Overflow stops the program: ask `isBelievable` first about a document that was not made here.
 [[nodiscard]] DocTotals totals(const Document& document);
 
-/// Whether every figure of the document, its sums and its payments stay below `maximumAmount` (10^15), with quantities,
-/// prices, rates and payments not negative and discounts of 0 to 100 %. What fails is a typing or reading error: it is
-/// left out of every sum, so that no figure can stop the program.
+/// Whether every figure of the document, its sums and its payments are at most `maximumAmount` (10^15), with
+/// quantities, prices, rates and payments not negative and discounts of 0 to 100 %. What fails is a typing or reading
+/// error: it is left out of every sum, so that no figure can stop the program.
 [[nodiscard]] bool isBelievable(const Document& document);
 
 }  // namespace DocMath

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "TambaCore/Documents/Books.h"
 #include "TambaCore/Model/Models.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tamba::testing {
 
@@ -46,6 +49,34 @@ inline Library aLibrary() {
     l.rates.append({"USD", 83'250'000, {2026, 10, 1}, {}});
     l.series.update(0, [](NumberSeries& s) { s.next["26-27"] = 2; });
     return l;
+}
+
+/// The books of a studio in Maharashtra that is registered for GST, with one client there, also registered.
+inline Library aBook() {
+    Library l = Library::make();
+    l.business.name = "Studio Tamarind";
+    l.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
+    l.business.roundTotals = false;
+    Client saffron = Client::make("Saffron Labs");
+    saffron.stateCode = "27";
+    saffron.taxID = GSTIN::make("27", "AABCM1234K", "1");
+    l.clients.append(saffron);
+    return l;
+}
+
+/// A draft for a client (the first one) with these lines, not yet in the books.
+inline Document aDraft(const Library& l, DocKind kind, std::vector<Line> lines, std::size_t client = 0) {
+    Document d = Books::newDocument(l, kind, l.clients[client].id, {2026, 10, 14});
+    d.lines = std::move(lines);
+    return d;
+}
+
+/// Puts the draft into the books and issues it on its own date; gives its id.
+inline UUID issued(Library& l, Document draft) {
+    const UUID id = draft.id;
+    const Day date = draft.issueDate;
+    l = Books::issue(Books::addDraft(std::move(l), std::move(draft)), id, date);
+    return id;
 }
 
 }  // namespace tamba::testing
