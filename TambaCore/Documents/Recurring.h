@@ -19,7 +19,8 @@ struct Added {
 /// The date one step after `day` that aims at `anchorDay` (1–31) for months, quarters and years.
 [[nodiscard]] Day nextDate(Frequency frequency, Day day, int anchorDay);
 
-/// Makes an expense come again from its own date on; the expense itself is the first occurrence.
+/// Makes an expense come again from its own date on; the expense itself is the first occurrence. One that comes again
+/// already is left alone.
 [[nodiscard]] Library repeat(Library library, const UUID& expense, Frequency frequency);
 [[nodiscard]] Library setPaused(Library library, const UUID& recurring, bool paused, Day today);
 /// Expenses already added stay.
