@@ -1,5 +1,6 @@
 #include "TambaCore/Documents/Expenses.h"
 
+#include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
 
 #include <algorithm>
@@ -131,6 +132,37 @@ Expense mileage(const Library& library, Expense blank, std::int64_t distanceMill
 std::optional<std::int64_t> inHomeCurrency(const Library& library, const Expense& expense, std::int64_t amount) {
     if (!isBelievable(expense)) return {};
     return MoneyMath::tryConvert(amount, Currency::of(expense.currency), library.home(), expense.rateMicros);
+}
+
+Expense convertedToHome(const Library& library, Expense expense) {
+    const Currency from = Currency::of(expense.currency), home = library.home();
+    if (from.code == home.code) return expense;
+    if (expense.rateMicros < 1) throw BooksError(BooksError::Code::missingRate, from.code);
+    const auto converted = [&](std::int64_t figure) {
+        const auto value = inHomeCurrency(library, expense, figure);
+        if (!value)
+            throw BooksError(BooksError::Code::figures,
+                             "The exchange rate or a figure of this expense is too large to be right.");
+        return *value;
+    };
+    const std::string paid = from.code + " " + MoneyFormat::string(expense.amount, from, MoneyFormat::Symbol::hidden) +
+                             " at " + MoneyFormat::fxRate(expense.rateMicros);
+    Expense result = expense;
+    result.amount = converted(expense.amount);
+    result.tax = converted(expense.tax);
+    // Each part is the difference between two rounded sums, so that the parts add up to the rounded whole.
+    std::int64_t sum = 0, before = 0;
+    for (std::int64_t TaxSplit::* part : {&TaxSplit::cgst, &TaxSplit::sgst, &TaxSplit::igst, &TaxSplit::other}) {
+        sum = Checked::add(sum, expense.taxSplit.*part);
+        const std::int64_t upTo = converted(sum);
+        result.taxSplit.*part = Checked::sub(upTo, before);
+        before = upTo;
+    }
+    result.mileageRateMinor = converted(expense.mileageRateMinor);
+    result.currency = home.code;
+    result.rateMicros = 1'000'000;
+    result.notes += (result.notes.empty() ? "" : "\n") + paid;
+    return settled(std::move(result));
 }
 
 std::optional<std::string> attention(const Library& library, const Expense& expense) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TambaCore/Documents/BooksError.h"
 #include "TambaCore/Model/Models.h"
 
 #include <cstdint>
@@ -45,6 +46,10 @@ namespace tamba::Expenses {
 /// the rate is missing or where a figure is beyond belief: sums leave such an expense out.
 [[nodiscard]] std::optional<std::int64_t> inHomeCurrency(const Library& library, const Expense& expense,
                                                          std::int64_t amount);
+/// The expense in the home currency for good: each figure is converted once at the expense's rate, the parts of the
+/// tax so that they add up as before, and a line of the notes keeps what was paid ("USD 20.00 at 83.25"). Throws
+/// `missingRate`, or `figures` where a result is beyond belief.
+[[nodiscard]] Expense convertedToHome(const Library& library, Expense expense);
 
 /// What keeps an expense out of the reports or wants a look, as a finished sentence; nothing when all is well.
 [[nodiscard]] std::optional<std::string> attention(const Library& library, const Expense& expense);

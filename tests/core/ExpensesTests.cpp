@@ -170,6 +170,56 @@ TEST(Expenses, takeTheRateKeptForTheirCurrency) {
     EXPECT_EQ(Expenses::inHomeCurrency(library, back, 500), 500);
 }
 
+TEST(Expenses, convertToTheHomeCurrencyForGood) {
+    const Library library = aBook();
+    const struct {
+        const char* currency;
+        std::int64_t amount, rateMicros;
+        TaxSplit split;
+        std::int64_t converted;
+        TaxSplit convertedSplit;
+        const char* note;
+    } cases[] = {
+        {"USD", 2'000, 83'250'000, {}, 166'500, {}, "USD 20.00 at 83.25"},
+        {"USD", -123'456, 83'250'000, {}, -10'277'712, {}, "USD −1,234.56 at 83.25"},
+        {"JPY", 150'000, 565'000, {0, 0, 0, 13'636}, 8'475'000, {0, 0, 0, 770'434}, "JPY 150,000 at 0.565"},
+        {"KWD", 1'000'500, 272'500'000, {}, 27'263'625, {}, "KWD 1,000.500 at 272.5"},
+        // 0.5 paise each, 1 paisa together: the parts still add up.
+        {"USD", 118, 500'000, {9, 9, 0, 0}, 59, {5, 4, 0, 0}, "USD 1.18 at 0.5"},
+        {"INR", 118, 1'000'000, {9, 9, 0, 0}, 118, {9, 9, 0, 0}, nullptr},
+    };
+    for (const auto& c : cases) {
+        Expense expense = anExpense();
+        expense.notes = "Fonts";
+        expense.currency = c.currency;
+        expense.rateMicros = c.rateMicros;
+        expense.amount = c.amount;
+        expense.taxSplit = c.split;
+        expense.tax = c.split.total();
+        const Expense home = Expenses::convertedToHome(library, expense);
+        EXPECT_EQ(home.amount, c.converted) << c.currency;
+        EXPECT_EQ(home.taxSplit, c.convertedSplit) << c.currency;
+        EXPECT_EQ(home.tax, c.convertedSplit.total()) << c.currency;
+        EXPECT_EQ(home.currency, "INR");
+        EXPECT_EQ(home.rateMicros, 1'000'000);
+        EXPECT_EQ(home.notes, c.note ? "Fonts\n" + std::string(c.note) : "Fonts");
+        EXPECT_EQ(Expenses::convertedToHome(library, home), home);
+    }
+    Expense expense = anExpense();
+    expense.currency = "USD";
+    for (const auto& [rate, code] :
+         {std::pair{std::int64_t{0}, BooksError::Code::missingRate}, {maximumAmount, BooksError::Code::figures}}) {
+        expense.rateMicros = rate;
+        expense.amount = maximumAmount;
+        try {
+            (void)Expenses::convertedToHome(library, expense);
+            ADD_FAILURE() << rate;
+        } catch (const BooksError& error) {
+            EXPECT_EQ(error.code(), code);
+        }
+    }
+}
+
 TEST(Expenses, workMileageOutFromDistanceAndRate) {
     Library library = aBook();
     Expense trip = Expenses::mileage(library, anExpense(), 12'345, 1'050);
