@@ -75,7 +75,7 @@ inline Document aDraft(const Library& l, DocKind kind, std::vector<Line> lines, 
 inline UUID issued(Library& l, Document draft) {
     const UUID id = draft.id;
     const Day date = draft.issueDate;
-    l = Books::issue(Books::addDraft(std::move(l), std::move(draft)), id, date);
+    l = Books::issue(Books::addDraft(l, std::move(draft)), id, date);
     return id;
 }
 
