@@ -60,6 +60,34 @@ Image Image::blank(int width, int height) {
     return image;
 }
 
+Image Image::scaledDown(int newWidth, int newHeight) const {
+    newWidth = std::min(std::max(newWidth, 1), width);
+    newHeight = std::min(std::max(newHeight, 1), height);
+    if (newWidth == width && newHeight == height) return *this;
+    Image result = blank(newWidth, newHeight);
+    for (int y = 0; y < newHeight; ++y)
+        for (int x = 0; x < newWidth; ++x) {
+            const int top = static_cast<int>(std::int64_t{y} * height / newHeight);
+            const int bottom = static_cast<int>((std::int64_t{y} + 1) * height / newHeight);
+            const int left = static_cast<int>(std::int64_t{x} * width / newWidth);
+            const int right = static_cast<int>((std::int64_t{x} + 1) * width / newWidth);
+            std::uint64_t alpha = 0, sums[3] = {};
+            for (int row = top; row < bottom; ++row)
+                for (int column = left; column < right; ++column) {
+                    const std::uint8_t* pixel = at(column, row);
+                    alpha += pixel[3];
+                    for (int channel = 0; channel < 3; ++channel)
+                        sums[channel] += std::uint64_t{pixel[channel]} * pixel[3];
+                }
+            const auto count = static_cast<std::uint64_t>(bottom - top) * static_cast<std::uint64_t>(right - left);
+            std::uint8_t* pixel = result.at(x, y);
+            pixel[3] = static_cast<std::uint8_t>((alpha + count / 2) / count);
+            for (int channel = 0; channel < 3; ++channel)
+                if (alpha > 0) pixel[channel] = static_cast<std::uint8_t>((sums[channel] + alpha / 2) / alpha);
+        }
+    return result;
+}
+
 std::optional<Image> ImageFile::decode(std::string_view bytes) {
     silence();
     const auto* data = reinterpret_cast<const l_uint8*>(bytes.data());

@@ -20,6 +20,8 @@ struct Image {
 
     /// White, opaque.
     [[nodiscard]] static Image blank(int width, int height);
+    /// No larger than width × height: each pixel is the mean of those it stands for. Unchanged when it is smaller.
+    [[nodiscard]] Image scaledDown(int width, int height) const;
     [[nodiscard]] std::uint8_t* at(int x, int y) { return pixels.data() + offset(x, y); }
     [[nodiscard]] const std::uint8_t* at(int x, int y) const { return pixels.data() + offset(x, y); }
     bool operator==(const Image&) const = default;
