@@ -1,6 +1,7 @@
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/BooksParts.h"
+#include "TambaCore/Documents/Clients.h"
 #include "TambaCore/Documents/Numbering.h"
 
 #include <algorithm>
@@ -167,6 +168,8 @@ std::vector<std::string> warnings(const Library& library, const Document& docume
     if (library.business.isIndia()) {
         if (library.business.regime == TaxRegime::gstIndia) warnOfCodes(warnings, document, client);
         warnOfNumber(warnings, library, series, date);
+        if (const auto problem = client ? Clients::taxIDProblem(*client) : std::nullopt)
+            warnings.push_back("Look at the GSTIN of " + client->name + ". " + *problem);
         warnOfSupply(warnings, library, document, client);
     }
     if (const Document* invoice = creditedInvoice(library, document))

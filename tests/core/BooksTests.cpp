@@ -376,6 +376,65 @@ TEST(Books, followTheClient) {
     EXPECT_EQ(newDocument(library, DocKind::invoice, {}, day).placeOfSupply, "27");
 }
 
+TEST(Books, warnOfWhatIssuingDoesNotRefuse) {
+    const struct {
+        const char* what;
+        std::function<void(Library&, Document&)> spoil;
+        const char* begin;
+        Day date = {2026, 10, 14};
+    } cases[] = {
+        {"nothing", [](Library&, Document&) {}, nullptr},
+        {"an earlier date", [](Library&, Document&) {}, "INV/26-27/001 is dated 14 Oct 2026", {2026, 10, 13}},
+        {"an earlier year", [](Library&, Document&) {}, nullptr, {2026, 3, 31}},
+        {"no code", [](Library&, Document& d) { d.lines.assign(2, work(1)); }, "Lines 1 and 2 need an HSN or SAC code"},
+        {"a short code", [](Library&, Document& d) { d.lines[0].hsn = "998"; }, "Line 1 needs an HSN or SAC code"},
+        {"no code for a consumer",
+         [](Library& l, Document& d) {
+             d.lines[0].hsn.clear();
+             l.clients.update(0, [](Client& c) { c.taxID.clear(); });
+         },
+         nullptr},
+        {"a blank in the number",
+         [](Library& l, Document&) { l.series.update(0, [](NumberSeries& s) { s.pattern = "INV {###}"; }); },
+         "GST allows only"},
+        {"a wrong GSTIN", [](Library& l, Document&) { l.clients.update(0, [](Client& c) { c.taxID.back() = '*'; }); },
+         "Look at the GSTIN of Saffron Labs. A GSTIN has 15 characters."},
+        {"a place at odds", [](Library&, Document& d) { d.placeOfSupply = "29"; }, "Client and place of supply mean"},
+        {"no LUT reference",
+         [](Library& l, Document& d) {
+             l.clients.update(0, [](Client& c) { c.sez = true; });
+             d = withLUT(l, d, true);
+         },
+         "This is billed under LUT"},
+        {"composition beyond the state",
+         [](Library& l, Document& d) {
+             l.business.regime = TaxRegime::gstComposition;
+             d = withPlaceOfSupply(l, d, "29");
+         },
+         "The composition scheme does not allow"},
+        {"a late credit note",
+         [](Library& l, Document& d) { d = creditNoteFor(l, l.documents[0].id, day); },
+         "The tax of INV/26-27/001 could be reduced until 30 November 2027.",
+         {2027, 12, 1}},
+        {"a credit note in time",
+         [](Library& l, Document& d) { d = creditNoteFor(l, l.documents[0].id, day); },
+         nullptr,
+         {2027, 11, 30}},
+    };
+    for (const auto& [what, spoil, begin, date] : cases) {
+        SCOPED_TRACE(what);
+        Library library = aBook();
+        Line line = work(100);
+        line.hsn = "998391";
+        (void)issued(library, aDraft(library, DocKind::invoice, {line}));
+        Document draft = aDraft(library, DocKind::invoice, {line});
+        spoil(library, draft);
+        const auto given = warnings(library, draft, date);
+        EXPECT_EQ(given.size(), begin ? 1u : 0u) << ::testing::PrintToString(given);
+        EXPECT_TRUE(!begin || given.empty() || given[0].starts_with(begin)) << given[0];
+    }
+}
+
 TEST(Books, nameFilesApart) {
     Library library;
     for (const char* number : {"INV/1", "inv-1", "INV-1-2", "INV 1", "बिल/१", "../.."}) {
