@@ -1,6 +1,7 @@
 #include "TambaCore/Model/LibraryCheck.h"
 
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Base/Text.h"
 
 #include <array>
 #include <functional>
@@ -9,6 +10,8 @@
 
 namespace tamba::LibraryCheck {
 namespace {
+
+__extension__ using Wide = __int128;
 
 constexpr std::int64_t wholeBP = 10'000;  // 100 %
 constexpr std::int64_t million = 1'000'000;
@@ -26,15 +29,18 @@ std::string name(const NumberSeries& series) { return name("number series", seri
 std::string name(const BankAccount& account) { return name("bank account", account.name); }
 std::string name(const BankTransaction& line) { return name("bank line", line.text) + " of " + line.date.iso(); }
 std::string name(const CategoryRule& rule) { return name("rule", rule.contains); }
+const char* word(DocKind kind) {
+    static constexpr std::array words{"invoice", "estimate", "credit note"};
+    return words[static_cast<std::size_t>(kind)];
+}
 std::string name(const Document& document) {
-    static constexpr std::array kinds{"invoice", "estimate", "credit note"};
-    const char* kind = kinds[static_cast<std::size_t>(document.kind)];
+    const char* kind = word(document.kind);
     return document.number ? name(kind, *document.number)
                            : std::string("the ") + kind + " draft of " + document.issueDate.iso();
 }
 
 /// Of products of believable figures, which only 128 bits hold.
-bool isBelievableProduct(__int128 value) { return value <= maximumAmount && value >= -maximumAmount; }
+bool isBelievableProduct(Wide value) { return value <= maximumAmount && value >= -maximumAmount; }
 
 class Checker {
 public:
@@ -200,15 +206,15 @@ private:
         notNegative("mileage rate", expense.mileageRateMinor);
         if (report_.problems.size() > before) return;
         conversion(expense.amount, expense.currency, expense.rateMicros);
-        const auto mileage = static_cast<__int128>(expense.distanceMilli) * expense.mileageRateMinor / 1000;
+        const auto mileage = static_cast<Wide>(expense.distanceMilli) * expense.mileageRateMinor / 1000;
         if (!isBelievableProduct(mileage)) wrong("distance", expense.distanceMilli);
     }
 
     /// Believable figures whose product is none: the factors are at most 10^15, 10^15 and 1,000, which 128 bits hold.
     void conversion(std::int64_t amount, const std::string& currency, std::int64_t rateMicros) {
         if (currency == library_.business.homeCurrency) return;
-        const auto scaled = static_cast<__int128>(amount) * rateMicros * home_.scale();
-        const __int128 value = scaled / million / Currency::of(currency).scale();
+        const auto scaled = static_cast<Wide>(amount) * rateMicros * home_.scale();
+        const Wide value = scaled / million / Currency::of(currency).scale();
         if (!isBelievableProduct(value)) wrong("exchange rate", rateMicros);
     }
 
@@ -217,23 +223,57 @@ private:
         if (!frozen || !document.billTo) reference("a client", document.clientID, clients_);
         if (!frozen) reference("a number series", document.seriesID, series_);
         invoice(document.linkedID);
+        for (const Line& line : document.lines)
+            if (!frozen) reference("an expense", line.expenseID, expenses_);
+        for (const Payment& payment : document.payments) reference("a bank line", payment.bankTxnID, transactions_);
+        if (frozen) number(document);
+
+        const std::size_t before = report_.problems.size();
         notNegative("exchange rate", document.rateMicros);
         notNegative("number of reminders", document.remindersSent);
         for (const Line& line : document.lines) {
-            if (!frozen) reference("an expense", line.expenseID, expenses_);
-            believable("quantity of a line", line.qtyMilli);
-            believable("price of a line", line.priceMinor);
-            const __int128 amount = static_cast<__int128>(line.qtyMilli) * line.priceMinor / 1000;
-            if (isBelievable(line.qtyMilli) && isBelievable(line.priceMinor) && !isBelievableProduct(amount))
-                wrong("quantity of a line", line.qtyMilli);
+            notNegative("quantity of a line", line.qtyMilli);
+            notNegative("price of a line", line.priceMinor);
             range("discount of a line", line.discountBP, 0, wholeBP);
             range("tax rate of a line", line.taxBP, 0, wholeBP);
         }
         for (const Payment& payment : document.payments) {
-            reference("a bank line", payment.bankTxnID, transactions_);
-            believable("amount of a payment", payment.amount);
-            believable("TDS of a payment", payment.tds);
+            notNegative("amount of a payment", payment.amount);
+            notNegative("TDS of a payment", payment.tds);
         }
+        if (report_.problems.size() == before) sums(document);
+    }
+
+    /// Believable figures whose sums are none. A line comes to at most 2 × 10^27, so that no number of lines that fits
+    /// a machine passes 128 bits.
+    void sums(const Document& document) {
+        Wide quantity = 0, gross = 0, total = 0, settled = 0;
+        for (const Line& line : document.lines) {
+            const Wide amount = static_cast<Wide>(line.qtyMilli) * line.priceMinor / 1000;
+            quantity += line.qtyMilli;
+            gross += amount;
+            // In two steps, each of which 128 bits hold.
+            total += amount * (wholeBP - line.discountBP) / wholeBP * (wholeBP + line.taxBP) / wholeBP;
+        }
+        for (const Payment& payment : document.payments) settled += Wide{payment.amount} + payment.tds;
+        const auto tooLarge = [this](const char* what) {
+            problem(Kind::outOfRange, "The " + std::string(what) + " of " + name_() + " is too large to be right.");
+        };
+        if (!isBelievableProduct(quantity)) tooLarge("sum of quantities");
+        if (!isBelievableProduct(gross) || !isBelievableProduct(total)) tooLarge("total");
+        if (!isBelievableProduct(settled)) tooLarge("sum of payments");
+    }
+
+    /// GST asks for numbers that are unique, and its portal ignores case. Two machines that issued before they met can
+    /// give one number twice.
+    void number(const Document& document) {
+        const std::string kind = word(document.kind);
+        if (!document.number)
+            problem(Kind::missingNumber,
+                    "The " + kind + " of " + document.issueDate.iso() + " is no draft, but has no number.");
+        else if (!numbers_.insert(kind + " " + Text::lower(*document.number)).second)
+            problem(Kind::duplicateNumber, "More than one " + kind + " has the number “" + *document.number +
+                                               "”. Void one of them and issue it again.");
     }
 
     void transaction(const BankTransaction& line) {
@@ -269,6 +309,7 @@ private:
     IDs clients_, categories_, projects_, expenses_, series_, accounts_, transactions_;
     std::unordered_map<UUID, DocKind> documents_;
     std::unordered_map<UUID, UUID> payments_;  // and the document each belongs to
+    std::unordered_set<std::string> numbers_;  // each with its kind
 
     const char* list_ = "";
     const UUID* id_ = nullptr;
@@ -279,8 +320,9 @@ private:
 }  // namespace
 
 std::string_view word(Kind kind) {
-    static constexpr std::array<std::string_view, 5> words{"duplicateID", "danglingReference", "missingFile",
-                                                           "fileOutside", "outOfRange"};
+    static constexpr std::array<std::string_view, 7> words{"duplicateID",  "danglingReference", "missingFile",
+                                                           "fileOutside",  "outOfRange",        "duplicateNumber",
+                                                           "missingNumber"};
     return words[static_cast<std::size_t>(kind)];
 }
 

@@ -10,8 +10,9 @@
 #include <vector>
 
 /// Looks through whole books for what a person should mend: a record that names another which is not there, two records
-/// with one id, files that are missing or lie outside the folder, figures that cannot be right. Changes nothing; looks
-/// at the folder only to see whether files exist. Linear in the number of records.
+/// with one id, two documents of a kind with one number or an issued one without, files that are missing or lie outside
+/// the folder, figures that cannot be right. Changes nothing; looks at the folder only to see whether files exist.
+/// Linear in the number of records.
 ///
 ///     for (const auto& problem : LibraryCheck::check(library, store).problems) show(problem.sentence);
 ///
@@ -24,7 +25,15 @@
 /// payments of the invoice in `invoiceID`.
 namespace tamba::LibraryCheck {
 
-enum class Kind { duplicateID, danglingReference, missingFile, fileOutside, outOfRange };
+enum class Kind {
+    duplicateID,
+    danglingReference,
+    missingFile,
+    fileOutside,
+    outOfRange,
+    duplicateNumber,
+    missingNumber
+};
 /// The name of the case, for JSON: "missingFile".
 [[nodiscard]] std::string_view word(Kind kind);
 

@@ -194,7 +194,23 @@ const Case cases[] = {
              d.lines[0].priceMinor = maximumAmount;
          });
      },
-     Kind::outOfRange, "documents", "quantity of a line"},
+     Kind::outOfRange, "documents", "The total of the invoice “INV/26-27/001” is too large to be right."},
+    {"negative price", [](Library& l) { document(l, [](Document& d) { d.lines[0].priceMinor = -1; }); },
+     Kind::outOfRange, "documents", "price of a line"},
+    {"sum with tax",
+     [](Library& l) { document(l, [](Document& d) { d.lines[0].priceMinor = maximumAmount / 3 * 2; }); },
+     Kind::outOfRange, "documents", "total"},
+    {"sum of quantities",
+     [](Library& l) {
+         document(l, [](Document& d) { d.lines.assign(2, Line::make("Bits", maximumAmount / 2 + 1, 0, 0)); });
+     },
+     Kind::outOfRange, "documents", "sum of quantities"},
+    {"sum of payments", [](Library& l) { document(l, [](Document& d) { d.payments[0].amount = maximumAmount; }); },
+     Kind::outOfRange, "documents", "sum of payments"},
+    {"number given twice", [](Library& l) { l.documents.append(anInvoice("inv/26-27/001")); }, Kind::duplicateNumber,
+     "documents", "More than one invoice has the number “inv/26-27/001”."},
+    {"no number", [](Library& l) { document(l, [](Document& d) { d.number.reset(); }); }, Kind::missingNumber,
+     "documents", "The invoice of 2026-10-01 is no draft, but has no number."},
     {"discount above 100 %", [](Library& l) { document(l, [](Document& d) { d.lines[0].discountBP = 10001; }); },
      Kind::outOfRange, "documents", "discount of a line"},
     {"payment", [](Library& l) { document(l, [](Document& d) { d.payments[0].tds = tooMuch; }); }, Kind::outOfRange,
