@@ -1,4 +1,5 @@
 #include "TambaCore/Base/Check.h"
+#include "TambaCore/Base/MailText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Fixtures/Receipts.h"
 #include "TambaCore/Model/LibraryStore.h"
@@ -8,57 +9,6 @@
 namespace tamba::Fixtures::Receipts {
 
 namespace {
-
-std::string base64(std::string_view bytes, std::size_t lineLength) {
-    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string out;
-    std::size_t onLine = 0;
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        std::uint32_t group = 0;
-        for (std::size_t k = 0; k < 3; ++k)
-            group = group << 8 | (i + k < bytes.size() ? static_cast<std::uint8_t>(bytes[i + k]) : 0U);
-        for (std::size_t k = 0; k < 4; ++k) out += i + k <= bytes.size() ? letters[group >> (18 - 6 * k) & 63] : '=';
-        onLine += 4;
-        if (lineLength != 0 && onLine >= lineLength) {
-            out += "\r\n";
-            onLine = 0;
-        }
-    }
-    return out;
-}
-
-/// RFC 2045, section 6.7: lines of at most 76 characters, soft breaks where a longer one was cut.
-std::string quotedPrintable(std::string_view text) {
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string out, line;
-    const auto put = [&](std::string_view piece) {
-        if (line.size() + piece.size() > 75) {
-            out += line + "=\r\n";
-            line.clear();
-        }
-        line += piece;
-    };
-    for (const char c : text) {
-        const auto byte = static_cast<std::uint8_t>(c);
-        if (c == '\n') {
-            out += line + "\r\n";
-            line.clear();
-        } else if (byte >= 32 && byte < 127 && c != '=') {
-            put(std::string_view(&c, 1));
-        } else {
-            const char escaped[] = {'=', digits[byte >> 4], digits[byte & 15]};
-            put({escaped, 3});
-        }
-    }
-    return out + line;
-}
-
-/// RFC 2047: as it is when all ASCII, else one encoded word.
-std::string headerText(std::string_view text) {
-    for (const char c : text)
-        if (static_cast<std::uint8_t>(c) >= 128) return "=?UTF-8?B?" + base64(text, 0) + "?=";
-    return std::string(text);
-}
 
 std::string headerDate(const Bill& bill) {
     constexpr std::array days{"Thu", "Fri", "Sat", "Sun", "Mon", "Tue", "Wed"};  // 1 January 1970 was a Thursday
@@ -86,12 +36,11 @@ std::string domain(const Bill& bill) {
 }
 
 std::string headers(const Bill& bill, const std::string& subject, const std::string& type) {
-    const std::string sender = headerText(bill.vendor);
-    const bool isASCII = sender == bill.vendor;  // an encoded word must not stand between quotes
-    return "Return-Path: <bounce@" + domain(bill) + ">\r\nFrom: " + (isASCII ? '"' + sender + '"' : sender) +
-           " <billing@" + domain(bill) + ">\r\nTo: accounts@haladandink.example\r\nSubject: " + headerText(subject) +
-           "\r\nDate: " + headerDate(bill) + "\r\nMessage-ID: <" + LibraryStore::slug(bill.number) + "@" +
-           domain(bill) + ">\r\nMIME-Version: 1.0\r\nContent-Type: " + type + "\r\n";
+    const std::string sender = bill.vendor + " <billing@" + domain(bill) + ">";
+    return "Return-Path: <bounce@" + domain(bill) + ">\r\n" + MailText::addressHeader("From", sender) +
+           "To: accounts@haladandink.example\r\n" + MailText::header("Subject", subject) + "Date: " + headerDate(bill) +
+           "\r\nMessage-ID: <" + LibraryStore::slug(bill.number) + "@" + domain(bill) +
+           ">\r\nMIME-Version: 1.0\r\nContent-Type: " + type + "\r\n";
 }
 
 }  // namespace
@@ -107,10 +56,10 @@ std::string emailWithPDF(const Bill& bill) {
                    "multipart/mixed; boundary=\"" + boundary + "\"") +
            "\r\nThis is a message in several parts.\r\n--" + boundary +
            "\r\nContent-Type: text/plain; charset=utf-8\r\nContent-Transfer-Encoding: quoted-printable\r\n\r\n" +
-           quotedPrintable(body) + "\r\n--" + boundary + "\r\nContent-Type: application/pdf; name=\"" + file +
+           MailText::quotedPrintable(body) + "\r\n--" + boundary + "\r\nContent-Type: application/pdf; name=\"" + file +
            "\"\r\nContent-Disposition: attachment; filename=\"" + file +
-           "\"\r\nContent-Transfer-Encoding: base64\r\n\r\n" + base64(invoicePDF(bill), 76) + "\r\n--" + boundary +
-           "--\r\n";
+           "\"\r\nContent-Transfer-Encoding: base64\r\n\r\n" + MailText::base64(invoicePDF(bill)) + "\r\n--" +
+           boundary + "--\r\n";
 }
 
 std::string htmlEmail(const Bill& bill) {
@@ -139,7 +88,7 @@ std::string htmlEmail(const Bill& bill) {
             "</p>\n</body></html>\n";
     return headers(bill, "Your receipt, " + bill.date.formatted("d MMMM") + " – " + amount(bill, bill.total()),
                    "text/html; charset=utf-8") +
-           "Content-Transfer-Encoding: quoted-printable\r\n\r\n" + quotedPrintable(html);
+           "Content-Transfer-Encoding: quoted-printable\r\n\r\n" + MailText::quotedPrintable(html);
 }
 
 }  // namespace tamba::Fixtures::Receipts
