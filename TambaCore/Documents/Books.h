@@ -80,6 +80,10 @@ namespace tamba::Books {
 /// Tax a client may deduct (Income-tax Act 2025, section 393; Circular 23/2017): `rateBP` of the part of the invoice's
 /// value without GST that `settled` of its total covers, in whole units of its currency.
 [[nodiscard]] std::int64_t suggestedTDS(const Document& invoice, std::int64_t settled, int rateBP);
+/// The same from what was `received`, which is what is settled less that tax; where both together come to the balance,
+/// exactly so.
+[[nodiscard]] std::int64_t tdsBeside(const Library& library, const Document& invoice, std::int64_t received,
+                                     int rateBP);
 /// Rates deductors use, in basis points: 10 %, 2 %, 1 %, 0.1 %.
 [[nodiscard]] const std::vector<int>& tdsRates();
 

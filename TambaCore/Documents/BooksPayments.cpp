@@ -55,6 +55,23 @@ std::int64_t suggestedTDS(const Document& invoice, std::int64_t settled, int rat
     return static_cast<std::int64_t>(units * scale);
 }
 
+std::int64_t tdsBeside(const Library& library, const Document& invoice, std::int64_t received, int rateBP) {
+    if (!DocMath::isBelievable(invoice) || received < 1 || received > maximumAmount) return 0;
+    if (rateBP < 1 || rateBP > 10'000) return 0;
+    const std::int64_t due = balance(library, invoice);
+    // Rounding to whole units can give two answers that fit; the one that leaves nothing open was meant.
+    const std::int64_t ofRest = suggestedTDS(invoice, due, rateBP);
+    if (Checked::add(received, ofRest) == due) return ofRest;
+    const DocTotals totals = DocMath::totals(invoice);
+    __extension__ using Wide = __int128;
+    const Wide deducted = static_cast<Wide>(totals.taxable) * rateBP;
+    const std::int64_t scale = Currency::of(invoice.currency).scale();
+    const Wide divisor = (static_cast<Wide>(totals.total) * 10'000 - deducted) * scale;
+    if (divisor < 1) return 0;
+    const Wide units = (deducted * received * 2 + divisor) / (divisor * 2);
+    return units > maximumAmount / scale ? 0 : static_cast<std::int64_t>(units * scale);
+}
+
 const std::vector<int>& tdsRates() {
     static const std::vector<int> rates{1000, 200, 100, 10};
     return rates;

@@ -214,6 +214,11 @@ TEST(Books, areSettledByPaymentsAndTaxDeducted) {
     EXPECT_EQ(suggestedTDS(invoice, 59'050, 1000), 5000) << "50.04 rupees";
     EXPECT_EQ(suggestedTDS(invoice, maximumAmount, 10), 10000);
     EXPECT_EQ(suggestedTDS(invoice, 0, 1000) + suggestedTDS(invoice, 1, -1), 0);
+    for (const auto& [received, tds] : {std::pair{10800000, 1000000}, {5400000, 500000}, {1, 0}, {0, 0}, {-5, 0}})
+        EXPECT_EQ(tdsBeside(library, invoice, received, 1000), tds) << received;
+    // 10 % of 12,345 is 1,234.50 and rounds up; from what was left of the 14,567.10 alone it would round down.
+    const UUID odd = issued(library, aDraft(library, DocKind::invoice, {work(1234500)}));
+    EXPECT_EQ(tdsBeside(library, *library.document(odd), 1456710 - 123500, 1000), 123500);
 
     Payment half = payment(5400000, 500000);
     library = recordPayment(std::move(library), id, half);
