@@ -24,13 +24,15 @@ template <class Record>
                   (names.empty() ? "" : " There are: " + Text::join(names, ", ") + "."));
 }
 
-/// The one record whose id begins with what was typed; null when there is none, refused when there are several.
-template <class Record>
-[[nodiscard]] const Record* withID(const List<Record>& list, std::string_view beginning, std::string_view what) {
+/// The one record of a list whose id begins with what was typed; null when there is none, refused when there are
+/// several.
+template <class Records>
+[[nodiscard]] auto withID(const Records& records, std::string_view beginning, std::string_view what)
+    -> decltype(&*records.begin()) {
     const std::string prefix = Text::upper(Text::trim(beginning));
-    const Record* found = nullptr;
+    decltype(&*records.begin()) found = nullptr;
     if (prefix.empty()) return found;
-    for (const Record& record : list) {
+    for (const auto& record : records) {
         if (!record.id.text().starts_with(prefix)) continue;
         if (found)
             throw Refusal("More than one " + std::string(what) + " begins with “" + std::string(beginning) +

@@ -74,6 +74,13 @@ struct ExpenseEntry {
 int addExpense(const Context& context, const ExpenseEntry& entry);
 int showExpense(const Context& context, const std::string& idPrefix);
 
+/// Expenses that come again; one is named by the beginning of its ID.
+int listRecurring(const Context& context);
+int addRecurring(const Context& context, const std::string& expense, Frequency frequency);
+int pauseRecurring(const Context& context, const std::string& recurring, bool paused);
+int removeRecurring(const Context& context, const std::string& recurring);
+int addDueRecurring(const Context& context);
+
 int listBackups(const Context& context);
 int restoreBackup(const Context& context, const std::string& name);
 

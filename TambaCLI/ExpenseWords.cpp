@@ -2,6 +2,29 @@
 #include "TambaCore/Model/Fields.h"
 
 namespace tamba::cli {
+namespace {
+
+void addRecurringCommands(CLI::App* expense, Command& c) {
+    auto* recurring =
+        expense->add_subcommand("recurring", "Expenses that come again: rent, subscriptions")->require_subcommand(1);
+    auto& id = c.options<std::string>();
+    auto& frequency = c.options<std::optional<Frequency>>();
+    c.add(recurring, "list", "List them", listRecurring);
+    auto* add = c.add(recurring, "add", "Make an expense come again from its own date on",
+                      [&](const Context& x) { return addRecurring(x, id, frequency.value_or(Frequency::monthly)); });
+    add->add_option("ID", id, "The beginning of the expense’s ID")->required();
+    addWord(add, "--every", frequency, "How often (monthly)");
+    const auto addOne = [&](const std::string& name, const std::string& help, auto action) {
+        c.add(recurring, name, help, action)->add_option("ID", id, "The beginning of its ID")->required();
+    };
+    addOne("pause", "Add none for now", [&](const Context& x) { return pauseRecurring(x, id, true); });
+    addOne("resume", "Go on from today; what fell due meanwhile is skipped",
+           [&](const Context& x) { return pauseRecurring(x, id, false); });
+    addOne("remove", "End it; expenses already added stay", [&](const Context& x) { return removeRecurring(x, id); });
+    c.add(recurring, "run", "Add what is due, as the application does when it starts", addDueRecurring);
+}
+
+}  // namespace
 
 void addExpenseCommands(CLI::App& app, Command& c) {
     auto& filter = c.options<ExpenseFilter>();
@@ -42,6 +65,7 @@ void addExpenseCommands(CLI::App& app, Command& c) {
 
     auto* show = c.add(expense, "show", "Show one expense", [&](const Context& x) { return showExpense(x, id); });
     show->add_option("ID", id, "The beginning of its ID")->required();
+    addRecurringCommands(expense, c);
 }
 
 }  // namespace tamba::cli

@@ -61,5 +61,10 @@ CLI::Option* addWord(CLI::App* app, const std::string& name, std::optional<E>& v
 }
 
 void addExpenseCommands(CLI::App& app, Command& c);
+void addDocumentCommands(CLI::App& app, Command& c);
+/// client, project, item
+void addClientCommands(CLI::App& app, Command& c);
+/// business, series
+void addSettingCommands(CLI::App& app, Command& c);
 
 }  // namespace tamba::cli

@@ -91,6 +91,9 @@ int main(int argc, char** argv) {
     addLibraryCommands(app, c);
     addReceiptCommands(app, c);
     addExpenseCommands(app, c);
+    addDocumentCommands(app, c);
+    addClientCommands(app, c);
+    addSettingCommands(app, c);
     addBackupCommands(app, c);
 
     try {
