@@ -133,9 +133,10 @@ void AppModel::reportMerge(const std::vector<Conflict>& conflicts) {
     for (const Conflict& conflict : conflicts) {
         const QString what = conflict.field.empty() ? tr("a record in %1").arg(toQt(conflict.list))
                                                     : tr("%1 in %2").arg(toQt(conflict.field), toQt(conflict.list));
-        lines << tr("• %1: kept %2, there it was %3")
-                     .arg(what, conflict.ours.empty() ? tr("nothing") : toQt(conflict.ours),
-                          conflict.theirs.empty() ? tr("removed") : toQt(conflict.theirs));
+        const QString sentence = conflict.keptTheirs ? tr("• %1: kept %3, which was issued there; here it was %2")
+                                                     : tr("• %1: kept %2, there it was %3");
+        lines << sentence.arg(what, conflict.ours.empty() ? tr("nothing") : toQt(conflict.ours),
+                              conflict.theirs.empty() ? tr("removed") : toQt(conflict.theirs));
         if (lines.size() == 12 && conflicts.size() > 12) {
             lines << tr("… and %1 more").arg(conflicts.size() - 12);
             break;

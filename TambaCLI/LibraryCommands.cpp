@@ -46,7 +46,8 @@ Library save(LibrarySession& session, const Library& library) {
     if (saved.merged) std::cerr << "Another machine had changed these books; its changes were brought in.\n";
     for (const Conflict& conflict : saved.conflicts)
         std::cerr << "Both changed " << conflict.list << " " << conflict.id << " " << conflict.field << ": kept "
-                  << conflict.ours << " over " << conflict.theirs << ".\n";
+                  << (conflict.keptTheirs ? conflict.theirs : conflict.ours) << " over "
+                  << (conflict.keptTheirs ? conflict.ours : conflict.theirs) << ".\n";
     return std::move(saved.library);
 }
 

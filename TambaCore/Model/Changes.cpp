@@ -125,6 +125,34 @@ struct Merger {
         if (ours.unknown == base.unknown) ours.unknown = theirs.unknown;
     }
 
+    /// A draft that left its state on one side, or on both. Payments are the exception: none of either side is lost.
+    Document issued(const std::string& list, const Document& base, const Document& ours, const Document& theirs) {
+        const bool keepOurs = ours.state != DocState::draft;
+        Document kept = keepOurs ? ours : theirs;
+        const Document& other = keepOurs ? theirs : ours;
+        const std::string id = text(base.id);
+        member(list, id, "payments", base.payments, kept.payments, other.payments);
+        const auto tell = [&](const auto& field) {
+            const auto& lost = other.*field.member;
+            if (field.key == "payments" || lost == base.*field.member || lost == kept.*field.member) return;
+            conflicts.push_back({list, id, std::string(field.key), fieldText(ours.*field.member),
+                                 fieldText(theirs.*field.member), !keepOurs});
+        };
+        std::apply([&](const auto&... field) { (..., tell(field)); }, Fields<Document>);
+        return kept;
+    }
+
+    template <class T>
+    T both(const std::string& name, const T* base, const T& ours, const T& theirs) {
+        if constexpr (std::is_same_v<T, Document>) {
+            const bool issuedSince = ours.state != DocState::draft || theirs.state != DocState::draft;
+            if (base && base->state == DocState::draft && issuedSince) return issued(name, *base, ours, theirs);
+        }
+        T merged = ours;
+        record(name, text(identity(ours)), base ? *base : T{}, merged, theirs);
+        return merged;
+    }
+
     template <class T>
     List<T> list(const std::string& name, const List<T>& base, const List<T>& ours, const List<T>& theirs) {
         if (theirs == base || ours == theirs) return ours;
@@ -146,9 +174,7 @@ struct Merger {
             } else if (old && same(old, mine)) {
                 merged.append(other);
             } else {
-                T both = *mine;
-                record(name, text(id), old ? *old : T{}, both, *other);
-                merged.append(std::move(both));
+                merged.append(both(name, old.get(), *mine, *other));
             }
         }
         for (std::size_t i = 0; i < theirs.size(); ++i) {

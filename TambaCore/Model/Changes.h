@@ -28,12 +28,14 @@ struct Changes {
     bool operator==(const Changes&) const = default;
 };
 
-/// One field that both sides changed to different values. The merge keeps ours; a person may decide otherwise.
+/// One field that both sides changed to different values. The merge keeps ours, except for a draft that the other side
+/// issued; a person may decide otherwise.
 struct Conflict {
     std::string list;          ///< "expenses"; "business" for the settings
     std::string id;            ///< UUID text, or the currency of a rate; empty for the settings
     std::string field;         ///< the key; empty when one side removed the record the other changed
     std::string ours, theirs;  ///< JSON texts
+    bool keptTheirs = false;
     bool operator==(const Conflict&) const = default;
 };
 
@@ -43,7 +45,8 @@ struct Merged {
 };
 
 /// Three-way merge, record by record and, inside a record both changed, field by field. A record that one side removed
-/// and the other changed is kept as changed. Records keep the order of `ours`, theirs appended.
+/// and the other changed is kept as changed. A draft that one side issued is kept whole as issued: what went to the
+/// client is never mixed with later edits. Records keep the order of `ours`, theirs appended.
 [[nodiscard]] Merged merge(const Library& base, const Library& ours, const Library& theirs);
 
 /// "vendor: “Chai” → “Chai Point”": the fields in which two versions of a record differ, for history and questions.

@@ -118,6 +118,43 @@ TEST(Merge, losesNoPaymentThatBothSidesRecordedOnOneInvoice) {
     EXPECT_EQ(merged.conflicts[0].field, "payments");
 }
 
+TEST(Merge, mixesNoEditsIntoWhatWasIssued) {
+    Library base = testing::aBook();
+    const Document draft = testing::aDraft(base, DocKind::invoice, {Line::make("Design", 1000, 100, 0)});
+    base = Books::addDraft(std::move(base), draft);
+    const Library edited = [&] {
+        Document changed = draft;
+        changed.lines[0].priceMinor = 999;
+        return Books::replaceDraft(base, changed);
+    }();
+    const Library issued = Books::issue(base, draft.id, {2026, 10, 15});
+    for (const auto& [ours, theirs] : {std::pair{&edited, &issued}, {&issued, &edited}}) {
+        const Merged merged = merge(base, *ours, *theirs);
+        EXPECT_EQ(merged.library.documents, issued.documents);
+        ASSERT_EQ(merged.conflicts.size(), 1u);
+        EXPECT_EQ(merged.conflicts[0].field, "lines");
+        EXPECT_EQ(merged.conflicts[0].keptTheirs, theirs == &issued);
+    }
+    const Library later = Books::issue(edited, draft.id, {2026, 10, 20});
+    EXPECT_EQ(merge(base, issued, later).library.documents, issued.documents);
+}
+
+TEST(Merge, keepsBothDocumentsThatGotOneNumber) {
+    const Library base = testing::aBook();
+    const auto issuing = [&] {
+        Library side = base;
+        (void)testing::issued(side, testing::aDraft(side, DocKind::invoice, {Line::make("Design", 1000, 100, 0)}));
+        return side;
+    };
+    Library merged = merge(base, issuing(), issuing()).library;
+    ASSERT_EQ(merged.documents.size(), 2u);
+    EXPECT_EQ(merged.documents[0].number, merged.documents[1].number);
+    merged = Books::voidDocument(std::move(merged), merged.documents[1].id, "Number given twice");
+    const Document again = Books::duplicateOf(merged, merged.documents[1].id, {2026, 10, 15});
+    merged = Books::issue(Books::addDraft(std::move(merged), again), again.id, {2026, 10, 15});
+    EXPECT_EQ(merged.document(again.id)->number, "INV/26-27/002");
+}
+
 /// What one side did to each expense of the base; those beyond it are new.
 struct Side {
     std::vector<int> done;
