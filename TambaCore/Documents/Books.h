@@ -52,7 +52,7 @@ namespace tamba::Books {
 [[nodiscard]] Library addDraft(Library library, Document draft);
 /// Replaces the draft with the same id. Expenses whose lines are gone are free to be billed again; those whose lines
 /// are new are marked as billed on it. A credit note keeps its invoice's client, currency, rate and supply. Throws
-/// `notDraft` or as `problem` gives.
+/// `notDraft`, `alreadyBilled` or as `problem` gives.
 [[nodiscard]] Library replaceDraft(Library library, Document draft);
 /// Throws `issuedCannotDelete`. Frees its expenses, and the estimate it was made from.
 [[nodiscard]] Library deleteDraft(Library library, const UUID& id);
@@ -60,8 +60,8 @@ namespace tamba::Books {
 // Issuing and after.
 
 /// Gives the number and freezes both parties. The document is dated `date`, its due date keeps its distance. Throws, in
-/// this order, `notDraft`, `noClient`, `noLines`, as `problem` gives, `missingRate`, `noGSTIN`, `notIssued` and
-/// `creditExceeds` (a credit note), `noSeries`, `numberTooLong`.
+/// this order, `notDraft`, `noClient`, `noLines`, as `problem` gives, `alreadyBilled`, `missingRate`, `noGSTIN`,
+/// `notIssued` and `creditExceeds` (a credit note), `noSeries`, `numberTooLong`.
 [[nodiscard]] Library issue(Library library, const UUID& id, Day date);
 /// Things to know before issuing that refuse nothing, as finished sentences: a date before the series' last number's,
 /// an HSN code missing or short, a number with characters GST does not allow, a client's GSTIN that is invalid or of

@@ -40,7 +40,7 @@ std::string sentence(BooksError::Code code, std::string_view detail) {
         case noGSTIN:
             return "A tax invoice needs your GSTIN. Add it to your business details in Settings first.";
         case notIssued:
-            return "That works only on documents that are issued and not void.";
+            return what.empty() ? "That works only on documents that are issued and not void." : what;
         case hasPayments:
             return "Payments are recorded on this invoice. Remove them first, then void it.";
         case hasCreditNotes:

@@ -37,7 +37,7 @@ public:
     };
 
     /// `detail`: the number of `numberTooLong`, the currency of `missingRate`, the whole sentence of `figures` and
-    /// `inUse`; ignored by the others.
+    /// `inUse`, and of `notIssued` where there is more to say; ignored by the others.
     explicit BooksError(Code code, std::string_view detail = {});
     [[nodiscard]] Code code() const { return code_; }
     [[nodiscard]] const char* what() const noexcept override { return text_.c_str(); }

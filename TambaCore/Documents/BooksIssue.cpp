@@ -48,6 +48,10 @@ void needIssuable(const Library& library, const Document& document) {
     refuseIf(!document.billTo, Code::noClient);
     refuseIf(!hasAmount(document), Code::noLines);
     if (const auto refusal = problem(library, document)) throw BooksError(*refusal);
+    // Two machines can have put one expense on a draft each.
+    for (const Line& line : document.lines)
+        if (const Expense* expense = line.expenseID ? library.expense(*line.expenseID) : nullptr)
+            refuseIf(expense->rebilledInvoiceID && expense->rebilledInvoiceID != document.id, Code::alreadyBilled);
     const bool foreign = Currency::of(document.currency).code != library.home().code;
     if (foreign && document.rateMicros < 1) throw BooksError(Code::missingRate, document.currency);
     const Business& business = library.business;
@@ -55,7 +59,7 @@ void needIssuable(const Library& library, const Document& document) {
              Code::noGSTIN);
     if (document.kind != DocKind::creditNote) return;
     const Document* invoice = creditedInvoice(library, document);
-    refuseIf(!invoice, Code::notIssued);
+    if (!invoice) throw BooksError(Code::notIssued, "A credit note needs an invoice that is issued and not void.");
     refuseIf(DocMath::totals(document).taxable < 1, Code::noLines);
     refuseIf(!covers(library, *invoice, document), Code::creditExceeds);
 }

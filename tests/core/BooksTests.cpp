@@ -168,7 +168,12 @@ TEST(Books, refuseToIssueInTheOrderPeopleMend) {
     EXPECT_EQ(next(), Code::figures);
     mend([](Document& d) { d.lines = {work(5000)}; });
     EXPECT_EQ(next(), Code::dueBeforeIssue);
-    mend([](Document& d) { d.dueDate = d.issueDate, d.rateMicros = 0; });
+    library.expenses.append(anExpense());
+    library.expenses.update(0, [](Expense& e) { e.rebilledInvoiceID = UUID::random(); });
+    mend(
+        [&](Document& d) { d.dueDate = d.issueDate, d.rateMicros = 0, d.lines[0].expenseID = library.expenses[0].id; });
+    EXPECT_EQ(next(), Code::alreadyBilled);
+    mend([](Document& d) { d.lines[0].expenseID.reset(); });
     EXPECT_EQ(next(), Code::missingRate);
     mend([](Document& d) { d.rateMicros = 1; });
     EXPECT_EQ(next(), Code::noGSTIN);
