@@ -206,7 +206,8 @@ std::vector<Sample> regimesAndSupplies() {
     all.push_back(composition.done());
 
     Sheet unregistered("unregistered-jpy", TaxRegime::none, "27");
-    unregistered.client("Asagiri Design 株式会社", "東京都渋谷区神南 1-2-3", std::nullopt, "", "JP", "JPY")
+    unregistered
+        .client("Asagiri Design K.K.", "1-2-3 Jinnan, Shibuya-ku\nTōkyō 150-0041", std::nullopt, "", "JP", "JPY")
         .rate(565'000);
     unregistered.line("Poster series", 3000, 50000);
     all.push_back(unregistered.done());

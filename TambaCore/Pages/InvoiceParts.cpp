@@ -114,17 +114,16 @@ Row head(const Subject& subject, const Look& look, const std::optional<Image>& l
 }
 
 Row parties(const Subject& subject, const Look& look) {
-    constexpr double gap = 24, third = (width - 2 * gap) / 3;
+    constexpr double gap = 20, party = 146, beside = left + 2 * (party + gap), labels = 74;
     const auto& [library, document, currency, totals] = subject;
-    Column from{left, third, {text("From", look.label)}};
+    Column from{left, party, {text("From", look.label)}};
     add(from, InvoiceTexts::seller(library, document).name, look.strong, 4);
     add(from, InvoiceTexts::sellerLines(library, document), look.body, 2);
-    Column to{left + third + gap, third, {text(std::string(InvoiceTexts::buyerLabel(document)), look.label)}};
+    Column to{left + party + gap, party, {text(std::string(InvoiceTexts::buyerLabel(document)), look.label)}};
     const PartySnapshot buyer = InvoiceTexts::buyer(library, document);
     add(to, buyer.name.empty() ? "No client yet" : buyer.name, buyer.name.empty() ? look.quiet : look.strong, 4);
     add(to, InvoiceTexts::buyerLines(library, document), look.body, 2);
-    Column details{left + 2 * (third + gap), third, {text("Details", look.label)}};
-    constexpr double labels = 76;
+    Column details{beside, right - beside, {text("Details", look.label)}};
     double above = 4;
     for (auto& [label, value] : InvoiceTexts::details(library, document))
         details.pieces.push_back({.text = std::move(value),

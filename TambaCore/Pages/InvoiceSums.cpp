@@ -54,8 +54,7 @@ std::vector<Sum> sums(const Subject& subject) {
         {document.kind == DocKind::creditNote ? "Total credit" : "Total", full(totals.total), Sum::Weight::total});
     if (document.currency != library.business.homeCurrency && document.rateMicros > 0) {
         const Currency home = library.home();
-        list.push_back(
-            {"Exchange rate", "1 " + currency.code + " = " + home.symbol + MoneyFormat::fxRate(document.rateMicros)});
+        list.push_back({"Exchange rate", InvoiceTexts::exchangeRate(library, document)});
         if (const auto value = Books::inHomeCurrency(library, document, totals.total))
             list.push_back({"Total in " + home.code, MoneyFormat::string(*value, home)});
     }

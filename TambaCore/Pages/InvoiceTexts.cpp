@@ -147,7 +147,7 @@ std::string title(const Library& library, const Document& document) {
 
 std::string placeOfSupply(const Library& library, const Document& document) {
     if (!isGST(document.supply) || title(library, document) == "Bill of Supply") return {};
-    if (isExport(document.supply)) return "Outside India (96 · Other countries)";
+    if (isExport(document.supply)) return "Outside India\n(96 · Other countries)";
     const auto code = document.placeOfSupply ? document.placeOfSupply : stateOf(seller(library, document));
     return code ? stateLabel(*code) : std::string();
 }
@@ -222,6 +222,12 @@ std::string inWords(std::int64_t amount, const Currency& currency) {
     if (currency.code.ends_with('D') && !dollars) return {};
     if (amount % currency.scale() != 0 && !rupees && !dollars && currency.code != "EUR") return {};
     return MoneyFormat::words(amount, currency);
+}
+
+std::string exchangeRate(const Library& library, const Document& document) {
+    std::string rate = MoneyFormat::fxRate(document.rateMicros);
+    if (const std::size_t point = rate.find('.'); point != std::string::npos && point + 2 == rate.size()) rate += '0';
+    return "1 " + document.currency + " = " + library.home().symbol + rate;
 }
 
 std::vector<Labelled> bank(const Library& library, const Document& document) {

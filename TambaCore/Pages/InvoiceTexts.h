@@ -29,7 +29,7 @@ struct Labelled {
 [[nodiscard]] std::string title(const Library& library, const Document& document);
 /// Dates, references, place of supply: what stands beside the parties, in order.
 [[nodiscard]] std::vector<Labelled> details(const Library& library, const Document& document);
-/// "27 · Maharashtra"; empty where the document needs none.
+/// "27 · Maharashtra", abroad in two lines; empty where the document needs none.
 [[nodiscard]] std::string placeOfSupply(const Library& library, const Document& document);
 
 /// The words at the top of a bill of supply under the composition scheme (CGST Rules 2017, rule 5(1)(f)); else empty.
@@ -55,6 +55,8 @@ struct Tax {
 /// empty.
 [[nodiscard]] std::string inWords(std::int64_t amount, const Currency& currency);
 
+/// "1 USD = ₹86.40".
+[[nodiscard]] std::string exchangeRate(const Library& library, const Document& document);
 /// Where to pay, for the invoices where it is asked for.
 [[nodiscard]] std::vector<Labelled> bank(const Library& library, const Document& document);
 

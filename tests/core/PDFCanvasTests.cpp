@@ -1,13 +1,14 @@
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Pages/PDFCanvas.h"
+#include "tests/support/ReadBack.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
-#include <cstdio>
 
 using namespace tamba;
+using tamba::testing::readBack;
 
 namespace {
 
@@ -21,18 +22,6 @@ PDFCanvas aDocument() {
     auto canvas = PDFCanvas::pdf(a4, "Invoice ₹ पुणे", "Kulkarni", aTime);
     canvas.beginPage();
     return canvas;
-}
-
-/// What an independent reader of PDFs prints about the file.
-std::string readBack(const std::string& program, const std::string& pdf, const std::string& arguments) {
-    const auto file = Files::writeTemporary(pdf, "page.pdf");
-    FILE* pipe = popen((program + " '" + file.string() + "' " + arguments).c_str(), "r");
-    std::string out;
-    std::array<char, 4096> buffer;
-    while (const std::size_t count = fread(buffer.data(), 1, buffer.size(), pipe)) out.append(buffer.data(), count);
-    EXPECT_EQ(pclose(pipe), 0) << program;
-    Files::remove(file);
-    return out;
 }
 
 std::array<int, 3> colorAt(const Image& image, int x, int y) {
