@@ -196,16 +196,22 @@ TEST(Books, leaveNoGapInTheNumbers) {
     EXPECT_EQ(library.document(first)->number, "INV/26-27/001");
     EXPECT_EQ(library.document(first)->billTo->name, "Saffron Labs");
     EXPECT_EQ(library.document(first)->seller->taxID, library.business.taxID);
+    const Document note = creditNoteFor(library, first, day);
+    library = addDraft(std::move(library), note);
     library = voidDocument(std::move(library), first, "Typing error");
+    EXPECT_EQ(refusal([&] { (void)issue(library, note.id, day); }), Code::notIssued);
     const Document gone = drafted();
     library = deleteDraft(addDraft(std::move(library), gone), gone.id);
     EXPECT_EQ(library.document(issued(library, drafted()))->number, "INV/26-27/002");
     Document later = drafted();
+    later.number = "INV/26-27/999";
     library = addDraft(std::move(library), later);
+    EXPECT_FALSE(library.document(later.id)->number);
     library = issue(std::move(library), later.id, {2027, 4, 1});
     EXPECT_EQ(library.document(later.id)->number, "INV/27-28/001");
     EXPECT_EQ(library.document(later.id)->dueDate, (Day{2027, 4, 16})) << "the due date keeps its distance";
     EXPECT_EQ(library.document(issued(library, drafted()))->number, "INV/26-27/003");
+    EXPECT_EQ(library.series[0].next, (std::map<std::string, std::int64_t>{{"26-27", 4}, {"27-28", 2}}));
     EXPECT_EQ(library.document(first)->reason, "Typing error");
     EXPECT_EQ(issue(library, UUID::random(), day), library) << "an id that is not there";
 }
@@ -225,7 +231,7 @@ TEST(Books, areSettledByPaymentsAndTaxDeducted) {
     const UUID odd = issued(library, aDraft(library, DocKind::invoice, {work(1234500)}));
     EXPECT_EQ(tdsBeside(library, *library.document(odd), 1456710 - 123500, 1000), 123500);
 
-    Payment half = payment(5400000, 500000);
+    Payment half = payment(5400000, 500000, day);
     library = recordPayment(std::move(library), id, half);
     EXPECT_EQ(balance(library, *library.document(id)), 5900000);
     BankTransaction line = BankTransaction::make(half.date, "NEFT", 5400000);
@@ -299,6 +305,7 @@ TEST(Books, turnEstimatesIntoInvoices) {
     const UUID estimate = issued(library, aDraft(library, DocKind::estimate, {work(250000)}));
     EXPECT_EQ(library.document(estimate)->number, "EST/26-27/001");
     library.rates.update(0, [](FXRate& rate) { rate.rateMicros = 90'000'000; });
+    library.clients.update(0, [](Client& c) { c.currency = "EUR"; });
 
     const auto convert = [&] {
         const Document invoice = invoiceFrom(library, estimate, {2026, 12, 1});
@@ -307,6 +314,7 @@ TEST(Books, turnEstimatesIntoInvoices) {
     };
     const auto estimateStatus = [&] { return status(library, *library.document(estimate), day); };
     const Document invoice = convert();
+    EXPECT_EQ(invoice.currency, "USD") << "its prices are dollars";
     EXPECT_EQ(invoice.rateMicros, 90'000'000);
     EXPECT_EQ(invoice.dueDate, (Day{2026, 12, 16}));
     EXPECT_NE(invoice.lines[0].id, library.document(estimate)->lines[0].id);
@@ -372,6 +380,7 @@ TEST(Books, followTheClient) {
         const Document draft = aDraft(library, DocKind::invoice, {work(11850)});
         const Document other = withClient(library, draft, client.id);
         EXPECT_EQ(other.supply, supply);
+        EXPECT_EQ(other.lut, isZeroRated(supply));
         EXPECT_EQ(other.placeOfSupply, place);
         EXPECT_EQ(other.rateMicros, rate);
         EXPECT_EQ(other.lines[0].priceMinor, price) << "as people read it";

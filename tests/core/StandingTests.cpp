@@ -64,6 +64,9 @@ TEST(Standing, countsIssuedCreditNotes) {
         note.linkedID = invoice.id;
         library.documents.append(note);
     }
+    Document estimate = like(DocKind::estimate, DocState::accepted);
+    estimate.linkedID = invoice.id;
+    library.documents.append(estimate);
     const Standing standing = *Standings(library, {2026, 10, 20}).of(library.documents[0]);
     EXPECT_EQ(standing.credited, 90);
     EXPECT_EQ(standing.paid, 100);
