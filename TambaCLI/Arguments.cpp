@@ -23,6 +23,17 @@ std::string withArticle(std::string_view what) {
     return (std::string_view("aeiou").find(what.front()) == std::string_view::npos ? "a " : "an ") + std::string(what);
 }
 
+/// Null when there is none.
+const Document* onlyDraft(const Library& library) {
+    const Document* found = nullptr;
+    for (const Document& document : library.documents) {
+        if (document.state != DocState::draft) continue;
+        if (found) throw Refusal("There are several drafts. Give the beginning of an ID.");
+        found = &document;
+    }
+    return found;
+}
+
 }  // namespace
 
 const Document& documentOf(const Library& library, std::string_view typed) {
@@ -35,6 +46,7 @@ const Document& documentOf(const Library& library, std::string_view typed) {
                           "”. Give the beginning of its ID.");
         found = &document;
     }
+    if (!found && wanted == "draft") found = onlyDraft(library);
     if (!found) found = withID(library.documents, typed, "document");
     if (!found) throw Refusal("There is no document “" + std::string(typed) + "” in these books.");
     return *found;

@@ -42,7 +42,7 @@ template <class Records>
     return found;
 }
 
-/// By its number, case ignored, or the beginning of its ID.
+/// By its number, case ignored, or the beginning of its ID; “draft” is the only draft.
 [[nodiscard]] const Document& documentOf(const Library& library, std::string_view typed);
 [[nodiscard]] const Expense& expenseOf(const Library& library, std::string_view typed);
 

@@ -78,9 +78,14 @@ int convertEstimate(const Context& context, const std::string& document);
 
 struct PageOptions {
     std::string document;
-    std::string output;  ///< a file, "-" for standard output, empty for none
+    std::string output;     ///< a file, "-" for standard output, empty for none
+    bool reminder = false;  ///< mail: the reminder instead of the first sending
+    bool sent = false;      ///< mail: count it as sent
 };
 int writePDF(const Context& context, const PageOptions& options);
+int writeMail(const Context& context, const PageOptions& options);
+/// Overdue invoices, the latest first, with the reminders they have had.
+int listReminders(const Context& context);
 
 /// As frozen on the document, else as the client is called today; empty without one.
 [[nodiscard]] std::string clientName(const Library& library, const Document& document);

@@ -96,11 +96,13 @@ int deleteDocument(const Context& context, const std::string& typed) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
     const Library& library = existing(session);
     const Document document = documentOf(library, typed);
+    const std::string client = clientName(library, document);
     save(session, Books::deleteDraft(library, document.id));
     if (context.json)
         std::cout << JSON::object().add("deleted", document.id.text()).text() << "\n";
     else
-        std::cout << "Deleted the draft " << shortID(document.id) << ".\n";
+        std::cout << "Deleted the draft " << Text::lower(Books::title(document.kind))
+                  << (client.empty() ? "" : " for " + oneLine(client)) << ".\n";
     return 0;
 }
 

@@ -21,6 +21,8 @@ int changed(const Context& context, const std::string& typed, Change change) {
 Payment paymentFrom(const Library& library, const Document& invoice, const PaymentEntry& entry, Day today) {
     const Currency currency = Currency::of(invoice.currency);
     const std::int64_t due = Books::balance(library, invoice);
+    if (entry.amount.empty() && invoice.kind == DocKind::invoice && invoice.isIssued() && due < 1)
+        throw BooksError(BooksError::Code::nothingDue);
     const int rateBP = entry.tdsRate.empty() ? 0 : percentOf(entry.tdsRate, "rate of tax deducted");
     const std::int64_t received = entry.amount.empty() ? 0 : amountOf(entry.amount, currency);
     std::int64_t tds = entry.tds.empty() ? 0 : amountOf(entry.tds, currency);

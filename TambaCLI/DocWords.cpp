@@ -6,18 +6,19 @@ namespace tamba::cli {
 namespace {
 
 void addNumber(CLI::App* app, std::string& document) {
-    app->add_option("NUMBER", document, "The document’s number, or the beginning of its ID")->required();
+    app->add_option("NUMBER", document, "The document’s number, the beginning of its ID, or “draft” for the only draft")
+        ->required();
 }
 
-CLI::Option* addKind(CLI::App* app, std::function<void(DocKind)> set, const std::string& help) {
-    return app
-        ->add_option_function<std::string>(
-            "--kind",
-            [set = std::move(set)](const std::string& text) {
-                set(text == "credit-note" ? DocKind::creditNote : *fromWord<DocKind>(text));
-            },
-            help)
-        ->check(CLI::IsMember({"invoice", "estimate", "credit-note"}));
+void addKind(CLI::App* app, const std::vector<std::string>& kinds, std::function<void(DocKind)> set,
+             const std::string& help) {
+    app->add_option_function<std::string>(
+           "--kind",
+           [set = std::move(set)](const std::string& text) {
+               set(text == "credit-note" ? DocKind::creditNote : *fromWord<DocKind>(text));
+           },
+           help)
+        ->check(CLI::IsMember(kinds));
 }
 
 void addEntry(CLI::App* app, DocEntry& entry) {
@@ -42,9 +43,7 @@ void addEntry(CLI::App* app, DocEntry& entry) {
 void addDrafting(CLI::App* doc, Command& c) {
     auto& entry = c.options<DocEntry>();
     auto* fresh = c.add(doc, "new", "Make a draft", [&](const Context& x) { return newDocument(x, entry); });
-    addKind(
-        fresh, [&entry](DocKind kind) { entry.kind = kind; }, "Its kind (invoice)")
-        ->check(CLI::IsMember({"invoice", "estimate"}));
+    addKind(fresh, {"invoice", "estimate"}, [&entry](DocKind kind) { entry.kind = kind; }, "Its kind (invoice)");
     addEntry(fresh, entry);
 
     auto& number = c.options<std::string>();
@@ -121,6 +120,14 @@ void addPages(CLI::App* doc, Command& c) {
                       [&](const Context& x) { return writePDF(x, page); });
     addNumber(pdf, page.document);
     pdf->add_option("-o,--output", page.output, "The file, or - (standard output)");
+
+    auto* mail = c.add(doc, "mail", "Make the e-mail that carries it to the client; nothing is sent",
+                       [&](const Context& x) { return writeMail(x, page); });
+    addNumber(mail, page.document);
+    mail->add_flag("--reminder", page.reminder, "Remind of an invoice that is due");
+    mail->add_flag("--sent", page.sent, "Note in the books that it went out today");
+    mail->add_option("-o,--output", page.output, "The file, as mail programs open it (standard output)");
+    c.add(doc, "remind", "List who is late, and the reminders they had", listReminders);
 }
 
 }  // namespace
@@ -130,7 +137,7 @@ void addDocumentCommands(CLI::App& app, Command& c) {
     auto& filter = c.options<DocFilter>();
     auto* list = c.add(doc, "list", "List documents with what is owed",
                        [&](const Context& x) { return listDocuments(x, filter); });
-    addKind(list, [&filter](DocKind kind) { filter.kind = kind; }, "One kind");
+    addKind(list, {"invoice", "estimate", "credit-note"}, [&filter](DocKind kind) { filter.kind = kind; }, "One kind");
     addWord(list, "--status", filter.status, "Only those that stand so");
     addText(list, "--client", filter.client, "Clients whose name holds this");
     addDay(list, "--from", filter.from, "First day");

@@ -92,7 +92,7 @@ void printBusiness(const Context& context, const Business& business) {
                           {"UPI ID", business.upiID},
                           {"UPI code", business.showUPIQR ? "" : "not shown"},
                           {"Bank", bank.bankName},
-                          {"Account", Text::join({bank.accountName, bank.accountNumber}, " ")},
+                          {"Account", std::string(Text::trim(bank.accountName + " " + bank.accountNumber))},
                           {"IFSC", bank.ifsc},
                           {"SWIFT", bank.swift},
                           {"IBAN", bank.iban},
@@ -122,7 +122,7 @@ std::string marked(const Library& library, const NumberSeries& series, Day today
     const auto problem = Numbering::problem(library, series, today);
     if (!problem) return {};
     // The mark of a number that is too long stands beside that number.
-    return problem->starts_with("·") ? Numbering::nextNumber(library, series, today) + " " + *problem : *problem;
+    return problem->starts_with("·") ? Numbering::nextNumber(library, series, today) + " " + *problem + "." : *problem;
 }
 
 void printSeries(const Context& context, const Library& library) {
