@@ -1,8 +1,13 @@
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
+#include "TambaCore/Documents/Expenses.h"
+#include "TambaCore/Documents/Recurring.h"
+#include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Fixtures.h"
 #include "TambaCore/Fixtures/Blank.h"
+#include "TambaCore/Fixtures/Logo.h"
 #include "TambaCore/Fixtures/Spending.h"
+#include "TambaCore/Fixtures/Trade.h"
 #include "TambaCore/Receipts/ReceiptParser.h"
 
 #include <algorithm>
@@ -14,6 +19,8 @@ namespace {
 
 using Receipts::Bill;
 using enum PaymentMethod;
+
+constexpr auto logoFile = "logo.png";
 
 class Maker {
 public:
@@ -30,7 +37,8 @@ public:
         for (const Trip& trip : trips()) mileage(trip);
         attention();
         library_.expenses.sort([](const Expense& a, const Expense& b) { return a.date < b.date; });
-        documents();
+        pausedCampaign();
+        library_ = withTrade(std::move(library_), dice_, today_);
         statement();
         return std::move(library_);
     }
@@ -67,10 +75,11 @@ private:
                          .accountNumber = "000451200078",
                          .bankName = Shops::godavari.name,
                          .ifsc = "GODS0000451",
-                         .swift = "",
+                         .swift = "GODSINAA451",
                          .iban = "",
                          .unknown = {}};
         business.upiID = "haladandink@godavari";
+        business.logoFile = logoFile;
         business.signatory = "Mrunal Deshpande";
         business.terms = "Payment within 15 days of the invoice date.";
         library_.rates = {{"USD", 86'400'000, today_.addingDays(-4), {}},
@@ -104,7 +113,8 @@ private:
         client("Indrayani Softworks Pvt Ltd", "Sameer Kale", "Hinjawadi SEZ, Phase 2\nPune 411057", "27", "AAECI2093B");
         library_.clients.update(3, [](Client& client) { client.sez = true; });
         client("Sahyadri Trails", "Pooja Naik", "Mahabaleshwar 412806", "27", "");
-        client("Nordlicht Studio GmbH", "Jonas Weber", "Hamburg", "", "", "DE", "EUR");
+        client("Nordlicht Studio GmbH", "Jonas Weber", "Große Elbstraße 9\n22767 Hamburg", "", "", "DE", "EUR");
+        library_.clients.update(5, [](Client& client) { client.dueDays = 30; });
         const auto project = [&](const char* name, std::optional<UUID> client, bool archived) {
             library_.projects.append({dice_.id(), name, client, archived, {}});
         };
@@ -125,7 +135,10 @@ private:
         library_.items = {
             {dice_.id(), "Brand identity", "Logo, colours, type", "998391", "project", 15000000, 1800, {}},
             {dice_.id(), "Interface design", "", "998314", "day", 1200000, 1800, {}},
-            {dice_.id(), "Illustration", "", "998391", "piece", 450000, 1800, {}}};
+            {dice_.id(), "Illustration", "", "998391", "piece", 450000, 1800, {}},
+            {dice_.id(), "Website design", "Up to eight templates", "998314", "project", 22000000, 1800, {}},
+            {dice_.id(), "Retouching", "Colour and background", "998391", "photo", 45000, 1800, {}},
+            {dice_.id(), "Printed proofs", "A3, on the final paper", "4911", "set", 49950, 500, {}}};
     }
 
     [[nodiscard]] Bill bill(const Spend& spend, Day date) {
@@ -160,7 +173,7 @@ private:
         expense.vendorTaxID = paid.gstin;
         expense.amount = paid.total();
         expense.currency = paid.currency;
-        expense.rateMicros = rate(paid.currency, date);
+        expense.rateMicros = rateOn(library_, paid.currency, date, today_);
         expense.taxSplit = paid.tax;
         expense.tax = paid.tax.total();
         if (spend.category) {
@@ -179,13 +192,6 @@ private:
         attach(expense, paid, spend.paper);
         library_.expenses.append(std::move(expense));
     }
-    /// What the bank charged for a unit of the currency on that day; 0 where the user never gave a rate.
-    [[nodiscard]] std::int64_t rate(std::string_view currency, Day date) const {
-        const std::int64_t kept = library_.rate(currency).value_or(0);
-        if (kept == 0 || currency == library_.business.homeCurrency) return kept;
-        return kept - 3'700 * date.daysUntil(today_);
-    }
-
     void attach(Expense& expense, const Bill& bill, Paper paper) {
         if (paper == Paper::none) return;
         expense.ocrText = Receipts::text(bill);
@@ -236,6 +242,18 @@ private:
              1,
              14,
              1,
+             true},
+            {{0,
+              &domains,
+              "Software & subscriptions",
+              {{"Web hosting, one month", 1, 59900, "998315"}},
+              1800,
+              card,
+              Paper::none},
+             5,
+             1,
+             8,
+             0,
              true},
             {{0,
               &pixelgrove,
@@ -290,6 +308,14 @@ private:
         }
     }
 
+    /// Advertising that came every month and is on hold.
+    void pausedCampaign() {
+        const Expense* campaign = Expenses::latest(library_, Shops::adverts.name);
+        if (!campaign) fatal("a campaign of the sample books is missing");
+        library_ = Recurring::repeat(library_, campaign->id, Frequency::monthly);
+        library_ = Recurring::setPaused(library_, library_.recurring.back().id, true, today_);
+    }
+
     void mileage(const Trip& trip) {
         Expense expense;
         expense.id = dice_.id();
@@ -316,102 +342,6 @@ private:
             if (!library_.expenses[i].categoryID && !library_.expenses[i].attachments.empty())
                 library_.expenses.update(
                     i, [](Expense& expense) { expense.check = sentence(Doubt::totalWithoutKeyword); });
-    }
-
-    struct Job {
-        int daysAgo;
-        std::size_t client;
-        std::vector<Line> lines;
-        int paidAfter;  ///< days; 0: not paid
-        int tdsBP;      ///< of the value before tax
-    };
-    [[nodiscard]] Line line(const char* name, std::int64_t qtyMilli, const char* unit, std::int64_t price) {
-        Line line;
-        line.id = dice_.id();
-        line.name = name;
-        line.hsn = "998391";
-        line.qtyMilli = qtyMilli;
-        line.unit = unit;
-        line.priceMinor = price;
-        line.taxBP = 1800;
-        return line;
-    }
-    [[nodiscard]] Document document(DocKind kind, Day issued, const Client& to) {
-        const Business& business = library_.business;
-        Document document;
-        document.id = dice_.id();
-        document.kind = kind;
-        document.seriesID = library_.defaultSeries(kind)->id;
-        document.issueDate = issued;
-        document.dueDate = issued.addingDays(business.defaultDueDays);
-        document.clientID = to.id;
-        document.placeOfSupply = PlaceOfSupply::defaultPOS(to.taxID, to.stateCode, "27");
-        document.lut = to.sez || to.isForeign();
-        document.supply = PlaceOfSupply::supplyType(business.regime, business.supplierState(), document.placeOfSupply,
-                                                    to.country, to.sez, document.lut);
-        document.currency = to.currency;
-        document.rateMicros = rate(to.currency, issued);
-        document.terms = business.terms;
-        document.roundOff = business.roundTotals;
-        document.createdAt = timeOn(issued, 10);
-        return document;
-    }
-    void issue(Document& document, const Client& to) {
-        document.state = DocState::issued;
-        document.billTo = PartySnapshot::of(to);
-        document.seller = PartySnapshot::of(library_.business);
-        document.sentOn = document.issueDate;
-        const std::string year = library_.fy(document.issueDate).shortLabel();
-        const std::size_t series = indexOf(library_.series, *document.seriesID);
-        library_.series.update(series, [&](NumberSeries& of) {
-            std::int64_t& next = of.next.try_emplace(year, 1).first->second;
-            std::string counter = std::to_string(next++);
-            counter.insert(0, counter.size() < 3 ? 3 - counter.size() : 0, '0');
-            document.number = Text::split(of.pattern, '/').front() + "/" + year + "/" + counter;
-        });
-    }
-    void documents() {
-        const Job jobs[] = {
-            {330, 0, {line("Brand identity for the tea range", 1000, "project", 15000000)}, 12, 1000},
-            {236, 2, {line("Dashboard design, first phase", 12000, "day", 40000)}, 21, 0},
-            {140,
-             1,
-             {line("Website design", 1000, "project", 22000000), line("Illustration", 6000, "piece", 450000)},
-             26,
-             1000},
-            {58, 1, {line("Website, second phase", 8000, "day", 1200000)}, 0, 0},
-            {31, 3, {line("Interface design", 5000, "day", 1200000)}, 9, 0},
-            {6, 0, {line("Packaging, festive edition", 1000, "project", 6500000)}, 0, 0},
-        };
-        for (const Job& job : jobs) {
-            const Client& to = library_.clients[job.client];
-            Document invoice = document(DocKind::invoice, today_.addingDays(-job.daysAgo), to);
-            invoice.lines = job.lines;
-            std::int64_t net = 0, tax = 0;
-            for (const Line& each : invoice.lines) {
-                const std::int64_t value = MoneyMath::mulDiv(each.priceMinor, each.qtyMilli, 1000);
-                net = Checked::add(net, value);
-                tax = Checked::add(tax, TaxSplit::compute(value, each.taxBP, invoice.supply).total());
-            }
-            issue(invoice, to);
-            if (job.paidAfter > 0) {
-                Payment payment;
-                payment.id = dice_.id();
-                payment.date = invoice.issueDate.addingDays(job.paidAfter);
-                payment.tds = MoneyMath::percent(net, job.tdsBP);
-                payment.amount = Checked::sub(Checked::add(net, tax), payment.tds);
-                payment.reference = "N" + std::to_string(100000000 + dice_.below(899999999));
-                invoice.payments.push_back(payment);
-            }
-            library_.documents.append(std::move(invoice));
-        }
-        Document estimate = document(DocKind::estimate, today_.addingDays(-11), library_.clients[4]);
-        estimate.lines = {line("Trail maps, second edition", 4000, "map", 1800000)};
-        issue(estimate, library_.clients[4]);
-        library_.documents.append(std::move(estimate));
-        Document draft = document(DocKind::invoice, today_, library_.clients[2]);
-        draft.lines = {line("Dashboard design, second phase", 10000, "day", 42000)};
-        library_.documents.append(std::move(draft));
     }
 
     /// Half a year of the current account: what was paid through it, some of it matched, some waiting.
@@ -444,19 +374,27 @@ private:
             library_.expenses.update(i, [&](Expense& paid) { paid.bankTxnID = id; });
         }
         for (std::size_t i = 0; i < library_.documents.size(); ++i) {
-            const Document& invoice = library_.documents[i];
-            if (invoice.payments.empty() || invoice.payments[0].date < from) continue;
-            const std::int64_t received = MoneyMath::convert(invoice.payments[0].amount, Currency::of(invoice.currency),
-                                                             library_.home(), invoice.rateMicros);
-            BankTransaction& line =
-                add(invoice.payments[0].date,
-                    "NEFT CR-" + invoice.payments[0].reference + "-" + Text::upper(invoice.billTo->name), received);
-            line.invoiceID = invoice.id;
-            line.paymentID = invoice.payments[0].id;
-            line.reference = invoice.payments[0].reference;
-            const UUID id = line.id;
-            library_.documents.update(i, [&](Document& paid) { paid.payments[0].bankTxnID = id; });
+            const Document invoice = library_.documents[i];
+            for (std::size_t n = 0; n < invoice.payments.size(); ++n) {
+                const Payment& payment = invoice.payments[n];
+                if (payment.date < from) continue;
+                const auto received = Books::inHomeCurrency(library_, invoice, payment.amount);
+                const char* way = payment.method == upi ? "UPI/CR/" : "NEFT CR-";
+                BankTransaction& line =
+                    add(payment.date, way + payment.reference + "-" + Text::upper(invoice.billTo->name),
+                        received.value_or(0));
+                line.invoiceID = invoice.id;
+                line.paymentID = payment.id;
+                line.reference = payment.reference;
+                const UUID id = line.id;
+                library_.documents.update(i, [&](Document& paid) { paid.payments[n].bankTxnID = id; });
+            }
         }
+        // A payment that came in and waits to be matched.
+        for (const Document& invoice : library_.documents)
+            if (invoice.kind == DocKind::invoice && Books::status(library_, invoice, today_) == DocStatus::sent)
+                add(today_.addingDays(-1), "UPI/CR/" + reference() + "/" + Text::upper(invoice.billTo->name),
+                    Books::balance(library_, invoice));
         add(today_.addingDays(-33), "ATM WDL CASH DECCAN PUNE", -500000).ignored = true;
         add(today_.addingDays(-21), "INT.PD HALF YEARLY", 41200);
         add(today_.addingDays(-3), "UPI/DR/" + reference() + "/GULLAK TEA", -6000);
@@ -490,6 +428,11 @@ Library library(Day today) {
 
 void write(const LibraryStore& store, Day today) {
     store.prepare();
+    try {
+        ImageFile::writePNG(logo(), store.assetsFolder() / logoFile);
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unwritable, error.what());
+    }
     store.save(Maker(today, [&store](const auto& bytes, const std::string& name, Day date) {
                    return store.writeAttachment(bytes(), name, date);
                }).make());

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 using namespace tamba;
@@ -86,7 +87,8 @@ TEST(Fixtures, coverFourteenMonthsBeforeWhateverDay) {
                                    [](const Expense& a, const Expense& b) { return a.date < b.date; }));
         EXPECT_GE(library.expenses.front().date, day.addingMonths(-15));
         EXPECT_LE(library.expenses.back().date, day);
-        for (const RecurringExpense& recurring : library.recurring) EXPECT_GT(recurring.nextDate, day);
+        for (const RecurringExpense& recurring : library.recurring)
+            EXPECT_TRUE(recurring.paused || recurring.nextDate > day) << recurring.template_.vendor;
         std::vector<std::string> other;
         for (const auto& problem : LibraryCheck::check(library, LibraryStore(folder.path())).problems)
             if (problem.kind != LibraryCheck::Kind::missingFile) other.push_back(problem.sentence);
@@ -114,12 +116,64 @@ TEST(Fixtures, showWhatBooksCanHold) {
     }
 }
 
+TEST(Fixtures, showEveryStateOfADocument) {
+    for (const Day day : {Day{2026, 11, 21}, Day{2027, 4, 3}}) {
+        SCOPED_TRACE(day.iso());
+        const Library library = Fixtures::library(day);
+        std::map<std::pair<DocKind, DocStatus>, int> found;
+        std::set<SupplyType> supplies;
+        std::map<std::string, Day> lastOfPeriod;
+        for (const Document& document : library.documents) {
+            ++found[{document.kind, Books::status(library, document, day)}];
+            supplies.insert(document.supply);
+            EXPECT_LE(document.issueDate, day);
+            if (!document.number) continue;
+            Day& last = lastOfPeriod[document.number->substr(0, document.number->rfind('/'))];
+            EXPECT_LE(last, document.issueDate) << *document.number << ": numbers follow the dates";
+            last = document.issueDate;
+        }
+        using enum DocKind;
+        using enum DocStatus;
+        using Kinds = std::map<std::pair<DocKind, DocStatus>, int>;
+        EXPECT_EQ(found, (Kinds{{{invoice, DocStatus::draft}, 1},
+                                {{invoice, sent}, 1},
+                                {{invoice, partial}, 1},
+                                {{invoice, DocStatus::paid}, 6},
+                                {{invoice, overdue}, 2},
+                                {{invoice, void_}, 1},
+                                {{estimate, sent}, 1},
+                                {{estimate, accepted}, 1},
+                                {{estimate, declined}, 1},
+                                {{estimate, converted}, 1},
+                                {{estimate, expired}, 1},
+                                {{creditNote, applied}, 1}}));
+        EXPECT_THAT(supplies, ::testing::IsSupersetOf({SupplyType::intraState, SupplyType::interState,
+                                                       SupplyType::exportLUT, SupplyType::sezLUT}));
+        const auto counted = [](const auto& list, auto&& holds) {
+            return std::count_if(list.begin(), list.end(), holds);
+        };
+        EXPECT_EQ(counted(library.expenses, [](const Expense& e) { return e.rebilledInvoiceID.has_value(); }), 2);
+        EXPECT_GE(counted(library.expenses, [](const Expense& e) { return e.billable && !e.rebilledInvoiceID; }), 4);
+        EXPECT_EQ(counted(library.recurring, [](const RecurringExpense& r) { return r.paused; }), 1);
+        EXPECT_GE(library.recurring.size(), 3U);
+    }
+}
+
 TEST(Fixtures, statementBalancesRunOn) {
     const Library library = Fixtures::library(today);
     ASSERT_GE(library.transactions.size(), 15U);
     for (std::size_t i = 1; i < library.transactions.size(); ++i) {
         const BankTransaction& line = library.transactions[i];
         EXPECT_EQ(line.balance, *library.transactions[i - 1].balance + line.amount) << line.text;
+        if (line.paymentID) {
+            const Document* invoice = library.document(*line.invoiceID);
+            ASSERT_TRUE(invoice);
+            const auto payment = std::find_if(invoice->payments.begin(), invoice->payments.end(),
+                                              [&](const Payment& one) { return one.id == line.paymentID; });
+            ASSERT_NE(payment, invoice->payments.end());
+            EXPECT_EQ(payment->bankTxnID, line.id);
+            EXPECT_EQ(Books::inHomeCurrency(library, *invoice, payment->amount), line.amount) << line.text;
+        }
         if (!line.expenseID) continue;
         const Expense* paid = library.expense(*line.expenseID);
         ASSERT_TRUE(paid);
