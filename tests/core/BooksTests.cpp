@@ -205,8 +205,10 @@ TEST(Books, leaveNoGapInTheNumbers) {
     EXPECT_EQ(library.document(issued(library, drafted()))->number, "INV/26-27/002");
     Document later = drafted();
     later.number = "INV/26-27/999";
+    later.rateMicros = 5;
     library = addDraft(std::move(library), later);
     EXPECT_FALSE(library.document(later.id)->number);
+    EXPECT_EQ(library.document(later.id)->rateMicros, 1'000'000);
     library = issue(std::move(library), later.id, {2027, 4, 1});
     EXPECT_EQ(library.document(later.id)->number, "INV/27-28/001");
     EXPECT_EQ(library.document(later.id)->dueDate, (Day{2027, 4, 16})) << "the due date keeps its distance";
@@ -385,6 +387,7 @@ TEST(Books, followTheClient) {
         EXPECT_EQ(other.rateMicros, rate);
         EXPECT_EQ(other.lines[0].priceMinor, price) << "as people read it";
         EXPECT_EQ(other.dueDate, day.addingDays(45));
+        EXPECT_EQ(newDocument(library, DocKind::estimate, client.id, day).dueDate, day.addingDays(15));
     }
     const Document yen = withCurrency(library, aDraft(library, DocKind::invoice, {}), "JPY");
     CatalogItem logo = CatalogItem::make("Logo");
