@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Documents/Recurring.h"
 #include "TambaCore/Model/Changes.h"
 
 #include <chrono>
@@ -10,11 +11,16 @@ namespace tamba {
 
 using namespace std::chrono_literals;
 
-AppModel::AppModel(std::function<Day()> today, QObject* parent) : QObject(parent), today_(std::move(today)) {
+AppModel::AppModel(std::function<Day()> today, QObject* parent)
+    : QObject(parent), today_(std::move(today)), day_(today_()) {
     // A burst of edits is written once, soon after the last of them.
     saveTimer_.setSingleShot(true);
     saveTimer_.setInterval(400ms);
     connect(&saveTimer_, &QTimer::timeout, this, &AppModel::saveNow);
+    dayTimer_.setInterval(1min);
+    dayTimer_.setTimerType(Qt::VeryCoarseTimer);
+    connect(&dayTimer_, &QTimer::timeout, this, &AppModel::lookAtDay);
+    dayTimer_.start();
 }
 
 AppModel::~AppModel() { saveNow(); }
@@ -39,9 +45,32 @@ bool AppModel::open(const Path& folder) {
         problem_ = toQt(std::string_view(error.what()));
     }
     setSaving(Saving::saved);
+    day_ = today();
     emit opened();
     emit historyChanged();
+    addDue();
     return true;
+}
+
+void AppModel::lookAtDay() {
+    if (today() == day_) return;
+    day_ = today();
+    if (state_ != State::open) return;
+    addDue();
+    emit dayChanged();
+}
+
+Library AppModel::withDue(Library library) const {
+    return Recurring::addDue(std::move(library), today(), now()).library;
+}
+
+void AppModel::addDue() {
+    if (state_ != State::open) return;
+    auto [library, count] = Recurring::addDue(library_, today(), now());
+    if (count == 0) return;
+    // No step of its own: nobody took it, and taken back it would come again.
+    install(std::move(library));
+    emit noticed(count == 1 ? tr("1 recurring expense added") : tr("%1 recurring expenses added").arg(count));
 }
 
 bool AppModel::attempt(const std::function<void()>& work) {
@@ -78,14 +107,14 @@ void AppModel::install(Library library) {
 
 void AppModel::undo() {
     if (auto before = history_.undo(library_)) {
-        install(std::move(*before));
+        install(withDue(std::move(*before)));
         emit historyChanged();
     }
 }
 
 void AppModel::redo() {
     if (auto after = history_.redo(library_)) {
-        install(std::move(*after));
+        install(withDue(std::move(*after)));
         emit historyChanged();
     }
 }

@@ -67,6 +67,9 @@ public:
 
     /// Takes in what another machine has written meanwhile. Called when the window comes to the front.
     void lookForOtherChanges();
+    /// Notices a new day: what is late by then, and the expenses that come again. Asked every minute, since timers
+    /// stand still while a machine sleeps.
+    void lookAtDay();
 
     /// The backups of the folder, newest first, also of damaged books.
     [[nodiscard]] std::vector<LibrarySession::Backup> backups() const;
@@ -78,6 +81,8 @@ signals:
     /// Other books, or the same in another state: nothing shown before is valid.
     void opened();
     void historyChanged();
+    /// Midnight has passed while books are open.
+    void dayChanged();
     void savingChanged();
     /// A finished sentence to be shown in an alert.
     void refused(const QString& sentence);
@@ -86,6 +91,8 @@ signals:
 
 private:
     void install(Library library);
+    [[nodiscard]] Library withDue(Library library) const;
+    void addDue();
     void setSaving(Saving saving, const QString& problem = {});
     void reportMerge(const std::vector<Conflict>& conflicts);
 
@@ -97,6 +104,8 @@ private:
     Library library_;
     History history_;
     QTimer saveTimer_;
+    QTimer dayTimer_;
+    Day day_;
     Saving saving_ = Saving::saved;
     QString saveProblem_;
 };
