@@ -46,7 +46,7 @@ Sheet::Sheet(QWidget* parent, Icon icon, const QString& title, const QString& te
 }
 
 QPushButton* Sheet::addButtons(const QString& main, const QString& other) {
-    auto* row = new QHBoxLayout;
+    auto* row = buttons_ = new QHBoxLayout;
     row->setContentsMargins(0, 8, 0, 0);
     row->setSpacing(8);
     row->addStretch(1);
@@ -60,6 +60,13 @@ QPushButton* Sheet::addButtons(const QString& main, const QString& other) {
     row->addWidget(button);
     connect(button, &QPushButton::clicked, this, &QDialog::accept);
     body_->addLayout(row);
+    return button;
+}
+
+QPushButton* Sheet::addThirdButton(const QString& text) {
+    auto* button = Controls::button(text, "sheetThird", Controls::Kind::plain, this);
+    buttons_->insertWidget(0, button);
+    connect(button, &QPushButton::clicked, this, [this] { done(thirdWay); });
     return button;
 }
 

@@ -19,6 +19,9 @@ public:
     [[nodiscard]] QVBoxLayout& body() { return *body_; }
     /// The main button accepts, the other rejects. Call last.
     QPushButton* addButtons(const QString& main, const QString& other);
+    /// A third way out, at the left of the buttons, which closes with `thirdWay`.
+    QPushButton* addThirdButton(const QString& text);
+    static constexpr int thirdWay = 2;
     /// Closed by Escape or the window's frame instead of a button.
     [[nodiscard]] bool wasDismissed() const { return dismissed_; }
 
@@ -26,6 +29,7 @@ public:
 
 private:
     QVBoxLayout* body_;
+    QHBoxLayout* buttons_ = nullptr;
     bool dismissed_ = false;
 };
 

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "TambaCore/Model/Day.h"
+#include "TambaCore/Model/Money.h"
+
+#include <QFormLayout>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace tamba {
+
+class DateField;
+
+/// Labelled fields under each other, as in sheets, settings and inspectors. Every field gets its object name and, from
+/// its title, its accessible name.
+class Form : public QFormLayout {
+public:
+    explicit Form(QWidget& owner, int labelWidth = 0);
+
+    QLineEdit* line(const QString& title, const char* name, const std::string& text = {});
+    QLineEdit* amount(const QString& title, const char* name);
+    QComboBox* combo(const QString& title, const char* name);
+    DateField* date(const QString& title, const char* name, const Day& day);
+    QPlainTextEdit* text(const QString& title, const char* name, int lines, const std::string& text = {});
+    QCheckBox* check(const QString& words, const char* name, bool on = false);
+    QLabel* section(const QString& title);
+    /// Words under the field above, of one of the style's roles, in lines of at most `noteWidth`.
+    QLabel* note(const QString& words = {}, const char* role = "caption");
+    QLabel* row(const QString& title, QWidget* field);
+    void setNoteWidth(int width) { noteWidth_ = width; }
+
+    /// Changes a note and its role; without words its row is hidden.
+    void setNote(QLabel& note, const QString& words, const char* role = "caption");
+
+private:
+    QWidget& owner_;
+    int labelWidth_;
+    int noteWidth_ = 280;
+};
+
+/// A combo that the wheel passes over: scrolling a form must not change what it passes.
+[[nodiscard]] QComboBox* makeChoice(QWidget* parent);
+/// Chooses the entry with this data, else the first.
+void chooseData(QComboBox& combo, const QString& data);
+/// "27 · Maharashtra" with the code as data, after an entry for none.
+void fillStates(QComboBox& combo, const QString& none);
+/// Countries by name, India first, with the ISO code as data.
+void fillCountries(QComboBox& combo, const std::string& present);
+/// The known currencies, and `present` when it is none of them.
+void fillCurrencies(QComboBox& combo, const std::string& present);
+/// The amount a field holds, a sum such as 3*1200 worked out; nothing when it holds none.
+[[nodiscard]] std::optional<std::int64_t> amountIn(const QLineEdit& field, const Currency& currency);
+/// Gives a label another of the style's roles.
+void setRole(QWidget& widget, const char* role);
+
+}  // namespace tamba
