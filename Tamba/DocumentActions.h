@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+#include <filesystem>
+#include <string>
 #include <vector>
 
 namespace tamba {
@@ -49,6 +51,23 @@ signals:
     /// A document that was made or changed is to be looked at.
     void documentChosen(const tamba::UUID& document);
     void noticed(const QString& sentence);
+    /// Something was deleted; the notice offers to take it back.
+    void removed(const QString& what);
+
+private:
+    void issue(const Document& draft);
+    void write(const Document& document, Mail kind);
+    void recordPayment(const Document& invoice);
+    void credit(const Document& invoice);
+    void voidDocument(const Document& document);
+    void savePDF(const Document& document);
+    /// Adds a draft that the core made, and shows it.
+    void add(const QString& title, const Document& draft);
+    /// Keeps the document's PDF in the books' Invoices folder and gives its place.
+    [[nodiscard]] std::filesystem::path keep(const Document& document, const std::string& pdf) const;
+
+    AppModel& model_;
+    Prompts& prompts_;
 };
 
 }  // namespace tamba

@@ -1,15 +1,26 @@
 #include "Tamba/Prompts.h"
 
+#include "Tamba/MailProgram.h"
+#include "Tamba/Printing.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Sheets/BackupSheet.h"
+#include "Tamba/Sheets/BillableSheet.h"
+#include "Tamba/Sheets/ClientSheet.h"
+#include "Tamba/Sheets/CreditNoteSheet.h"
+#include "Tamba/Sheets/IssueSheet.h"
+#include "Tamba/Sheets/MailSheet.h"
 #include "Tamba/Sheets/MileageSheet.h"
+#include "Tamba/Sheets/PaymentSheet.h"
+#include "Tamba/Sheets/RecurringSheet.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/Sheets/Sheet.h"
+#include "Tamba/Sheets/VoidSheet.h"
 #include "Tamba/Widgets/Controls.h"
 #include "TambaCore/Base/Text.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QStandardPaths>
 
 namespace tamba {
 
@@ -37,7 +48,7 @@ bool DialogPrompts::addAgain(const QStringList& files) {
     return sheet.exec() == QDialog::Rejected && !sheet.wasDismissed();
 }
 
-std::vector<std::filesystem::path> DialogPrompts::receiptFiles() {
+std::vector<Prompts::Path> DialogPrompts::receiptFiles() {
     std::vector<std::filesystem::path> paths;
     const QString kinds = QObject::tr("Receipts") +
                           QStringLiteral(
@@ -49,11 +60,26 @@ std::vector<std::filesystem::path> DialogPrompts::receiptFiles() {
     return paths;
 }
 
-std::optional<std::filesystem::path> DialogPrompts::libraryFolder(const std::filesystem::path& present) {
+std::optional<Prompts::Path> DialogPrompts::libraryFolder(const Path& present) {
     const QString folder =
         QFileDialog::getExistingDirectory(&window_, QObject::tr("Open Library Folder"), toQt(present.parent_path()));
     if (folder.isEmpty()) return {};
     return toPath(folder);
+}
+
+std::optional<Prompts::Path> DialogPrompts::pictureFile() {
+    const QString file = QFileDialog::getOpenFileName(
+        &window_, QObject::tr("Choose a Picture"), {},
+        QObject::tr("Pictures") + QStringLiteral(" (*.png *.jpg *.jpeg *.webp *.gif *.tif *.tiff *.PNG *.JPG *.JPEG)"));
+    if (file.isEmpty()) return {};
+    return toPath(file);
+}
+
+std::optional<Prompts::Path> DialogPrompts::saveFile(const QString& title, const std::string& name) {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString file = QFileDialog::getSaveFileName(&window_, title, folder + QLatin1Char('/') + toQt(name));
+    if (file.isEmpty()) return {};
+    return toPath(file);
 }
 
 std::optional<std::string> DialogPrompts::backup(const std::vector<LibrarySession::Backup>& backups) {
@@ -68,10 +94,17 @@ std::optional<MileageTrip> DialogPrompts::mileage(const Library& library, Day to
     return sheet.trip();
 }
 
-std::optional<Business> DialogPrompts::settings(const Business& business) {
-    SettingsSheet sheet(&window_, business);
+std::optional<RecurringEdit> DialogPrompts::recurring(const Library& library) {
+    RecurringSheet sheet(&window_, library);
     if (sheet.exec() != QDialog::Accepted) return {};
-    return sheet.business();
+    return sheet.edit();
+}
+
+std::optional<SettingsEdit> DialogPrompts::settings(const Library& library, const std::optional<Path>& logo,
+                                                    Day today) {
+    SettingsSheet sheet(&window_, library, today, logo, [this] { return pictureFile(); });
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.edit();
 }
 
 std::optional<std::string> DialogPrompts::newName(const QString& title) {
@@ -87,5 +120,55 @@ std::optional<std::string> DialogPrompts::newName(const QString& title) {
     if (name.empty()) return {};
     return name;
 }
+
+std::optional<Client> DialogPrompts::newClient(const Library& library) {
+    ClientSheet sheet(&window_, library);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.client();
+}
+
+std::optional<Day> DialogPrompts::issue(const Library& library, const Document& draft, Day today) {
+    IssueSheet sheet(&window_, library, draft, today);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.date();
+}
+
+std::optional<Payment> DialogPrompts::payment(const Library& library, const Document& invoice, Day today) {
+    PaymentSheet sheet(&window_, library, invoice, today);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.payment();
+}
+
+std::optional<CreditNote> DialogPrompts::creditNote(const Library& library, const Document& draft) {
+    CreditNoteSheet sheet(&window_, library, draft);
+    const int result = sheet.exec();
+    if (result == QDialog::Rejected) return {};
+    return CreditNote{sheet.note(), result == QDialog::Accepted};
+}
+
+std::optional<std::string> DialogPrompts::voiding(const Library& library, const Document& document, Day today) {
+    VoidSheet sheet(&window_, library, document, today);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.reason();
+}
+
+std::optional<Reminders::Draft> DialogPrompts::mail(const Library& library, const Document& document, Mail kind,
+                                                    Day today) {
+    MailSheet sheet(&window_, library, document, kind, today, MailProgram::exists());
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.draft();
+}
+
+std::vector<UUID> DialogPrompts::expensesToBill(const Library& library, const Document& draft) {
+    BillableSheet sheet(&window_, library, draft);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.chosen();
+}
+
+bool DialogPrompts::openMail(const Reminders::Draft& draft, const Path& pdf) {
+    return MailProgram::compose(draft, pdf);
+}
+
+void DialogPrompts::print(const QString& title, const std::string& pdf) { Printing::print(window_, title, pdf); }
 
 }  // namespace tamba

@@ -32,9 +32,22 @@ struct CreditNote {
 /// An e-mail about a document: the one that sends it, or a reminder.
 enum class Mail { sending, reminder };
 
+/// The books with business, number series, catalogue and rates as the settings have them. A new logo is a file that is
+/// still to be brought in.
+struct SettingsEdit {
+    Library library;
+    std::optional<std::filesystem::path> logo;
+};
+
+/// What is to happen to expenses that come again.
+struct RecurringEdit {
+    std::vector<UUID> paused, resumed, removed;
+};
+
 /// Every question the application asks. Tests answer in its place.
 class Prompts {
 public:
+    using Path = std::filesystem::path;
     virtual ~Prompts() = default;
     /// A sentence to be read and closed.
     virtual void alert(const QString& sentence) = 0;
@@ -42,45 +55,40 @@ public:
     [[nodiscard]] virtual bool confirm(const QString& title, const QString& text, const QString& action) = 0;
     /// Files the books hold already. True: add them once more.
     [[nodiscard]] virtual bool addAgain(const QStringList& files) = 0;
-    [[nodiscard]] virtual std::vector<std::filesystem::path> receiptFiles() = 0;
-    [[nodiscard]] virtual std::optional<std::filesystem::path> libraryFolder(const std::filesystem::path& present) = 0;
+    [[nodiscard]] virtual std::vector<Path> receiptFiles() = 0;
+    [[nodiscard]] virtual std::optional<Path> pictureFile() = 0;
+    [[nodiscard]] virtual std::optional<Path> libraryFolder(const Path& present) = 0;
+    /// Where a new file is to go; an existing one of that name may be replaced.
+    [[nodiscard]] virtual std::optional<Path> saveFile(const QString& title, const std::string& name) = 0;
     [[nodiscard]] virtual std::optional<std::string> backup(const std::vector<LibrarySession::Backup>& backups) = 0;
     [[nodiscard]] virtual std::optional<MileageTrip> mileage(const Library& library, Day today) = 0;
-    [[nodiscard]] virtual std::optional<Business> settings(const Business& business) = 0;
+    [[nodiscard]] virtual std::optional<RecurringEdit> recurring(const Library& library) = 0;
+    /// `logo`: where the present one lies.
+    [[nodiscard]] virtual std::optional<SettingsEdit> settings(const Library& library, const std::optional<Path>& logo,
+                                                               Day today) = 0;
     /// A name for something new; nothing when given up.
     [[nodiscard]] virtual std::optional<std::string> newName(const QString& title) = 0;
-
-    // About documents. Until it is asked with a sheet, a question counts as given up.
-
     /// A new client with all that documents need to know.
-    [[nodiscard]] virtual std::optional<Client> newClient(const Library&) { return {}; }
+    [[nodiscard]] virtual std::optional<Client> newClient(const Library& library) = 0;
+
     /// The date a draft is issued on.
-    [[nodiscard]] virtual std::optional<Day> issue(const Library&, const Document& /*draft*/, Day /*today*/) {
-        return {};
-    }
-    [[nodiscard]] virtual std::optional<Payment> payment(const Library&, const Document& /*invoice*/, Day /*today*/) {
-        return {};
-    }
+    [[nodiscard]] virtual std::optional<Day> issue(const Library& library, const Document& draft, Day today) = 0;
+    [[nodiscard]] virtual std::optional<Payment> payment(const Library& library, const Document& invoice,
+                                                         Day today) = 0;
     /// `draft`: a credit note for all that is left of its invoice.
-    [[nodiscard]] virtual std::optional<CreditNote> creditNote(const Library&, const Document& /*draft*/) { return {}; }
+    [[nodiscard]] virtual std::optional<CreditNote> creditNote(const Library& library, const Document& draft) = 0;
     /// The reason for voiding.
-    [[nodiscard]] virtual std::optional<std::string> voiding(const Library&, const Document&, Day /*today*/) {
-        return {};
-    }
-    [[nodiscard]] virtual std::optional<Reminders::Draft> mail(const Library&, const Document&, Mail, Day /*today*/) {
-        return {};
-    }
+    [[nodiscard]] virtual std::optional<std::string> voiding(const Library& library, const Document& document,
+                                                             Day today) = 0;
+    [[nodiscard]] virtual std::optional<Reminders::Draft> mail(const Library& library, const Document& document,
+                                                               Mail kind, Day today) = 0;
     /// Which expenses are billed on with a draft.
-    [[nodiscard]] virtual std::vector<UUID> expensesToBill(const Library&, const Document& /*draft*/) { return {}; }
-    /// Where a new file is to go; an existing one of that name may be replaced.
-    [[nodiscard]] virtual std::optional<std::filesystem::path> saveFile(const QString& /*title*/,
-                                                                        const std::string& /*name*/) {
-        return {};
-    }
+    [[nodiscard]] virtual std::vector<UUID> expensesToBill(const Library& library, const Document& draft) = 0;
+
     /// Opens the message in the desktop's mail program. False when there is none.
-    [[nodiscard]] virtual bool openMail(const Reminders::Draft&, const std::filesystem::path& /*pdf*/) { return false; }
+    [[nodiscard]] virtual bool openMail(const Reminders::Draft& draft, const Path& pdf) = 0;
     /// Prints a PDF made here, after asking on what.
-    virtual void print(const QString& /*title*/, const std::string& /*pdf*/) {}
+    virtual void print(const QString& title, const std::string& pdf) = 0;
 };
 
 /// Asks with dialogs over a window.
@@ -90,12 +98,25 @@ public:
     void alert(const QString& sentence) override;
     bool confirm(const QString& title, const QString& text, const QString& action) override;
     bool addAgain(const QStringList& files) override;
-    std::vector<std::filesystem::path> receiptFiles() override;
-    std::optional<std::filesystem::path> libraryFolder(const std::filesystem::path& present) override;
+    std::vector<Path> receiptFiles() override;
+    std::optional<Path> pictureFile() override;
+    std::optional<Path> libraryFolder(const Path& present) override;
+    std::optional<Path> saveFile(const QString& title, const std::string& name) override;
     std::optional<std::string> backup(const std::vector<LibrarySession::Backup>& backups) override;
     std::optional<MileageTrip> mileage(const Library& library, Day today) override;
-    std::optional<Business> settings(const Business& business) override;
+    std::optional<RecurringEdit> recurring(const Library& library) override;
+    std::optional<SettingsEdit> settings(const Library& library, const std::optional<Path>& logo, Day today) override;
     std::optional<std::string> newName(const QString& title) override;
+    std::optional<Client> newClient(const Library& library) override;
+    std::optional<Day> issue(const Library& library, const Document& draft, Day today) override;
+    std::optional<Payment> payment(const Library& library, const Document& invoice, Day today) override;
+    std::optional<CreditNote> creditNote(const Library& library, const Document& draft) override;
+    std::optional<std::string> voiding(const Library& library, const Document& document, Day today) override;
+    std::optional<Reminders::Draft> mail(const Library& library, const Document& document, Mail kind,
+                                         Day today) override;
+    std::vector<UUID> expensesToBill(const Library& library, const Document& draft) override;
+    bool openMail(const Reminders::Draft& draft, const Path& pdf) override;
+    void print(const QString& title, const std::string& pdf) override;
 
 private:
     QWidget& window_;

@@ -1,18 +1,20 @@
 #include "Tamba/Window.h"
 
-#include "Tamba/Icons.h"
+#include "Tamba/DocumentActions.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
+#include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Overlays.h"
-#include "Tamba/Widgets/Sidebar.h"
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Documents/Recurring.h"
 #include "TambaCore/Fixtures.h"
+#include "TambaCore/Model/Changes.h"
 
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDragEnterEvent>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QStackedWidget>
 #include <QThread>
@@ -49,10 +51,9 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     auto* rows = new QVBoxLayout;
     rows->setSpacing(0);
     pages_ = new QStackedWidget(frame);
-    expenses_ = new ExpensesScreen(model_, *prompts_, pages_);
+    makePages();
     problem_ = new EmptyState(pages_);
     problem_->setObjectName(QStringLiteral("problemScreen"));
-    pages_->addWidget(expenses_);
     pages_->addWidget(problem_);
     strip_ = new ActivityStrip(frame);
     rows->addWidget(pages_, 1);
@@ -62,19 +63,12 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     toast_ = new Toast(frame);
     overlay_ = new DropOverlay(this);
     makeMenus();
-    makeEditMenu();
     connectReceipts();
+    connectScreens();
+    connectDocuments();
     // A file dropped on a field is a receipt, too, not a text to be typed there.
     for (QWidget* widget : frame->findChildren<QWidget*>()) widget->setAcceptDrops(false);
 
-    connect(sidebar_, &Sidebar::listChosen, expenses_, &ExpensesScreen::showList);
-    connect(expenses_, &ExpensesScreen::listChanged, sidebar_, &Sidebar::setList);
-    connect(sidebar_, &Sidebar::settingsChosen, this, &Window::editSettings);
-    connect(sidebar_, &Sidebar::ownBooksChosen, this, [this] { openFolder(ownFolder_); });
-    connect(expenses_, &ExpensesScreen::addReceiptsChosen, this, [this] { addReceipts(prompts_->receiptFiles()); });
-    connect(expenses_, &ExpensesScreen::sampleChosen, this, &Window::openSample);
-    connect(expenses_, &ExpensesScreen::removed, this,
-            [this](const QString& what) { toast_->show(what, tr("Undo"), [this] { model_.undo(); }); });
     connect(problem_, &EmptyState::actionChosen, this, [this] {
         if (model_.state() == AppModel::State::damaged) return restoreBackup();
         openFolder(model_.folder());
@@ -100,54 +94,66 @@ Window::~Window() {
     delete receipts_;
 }
 
-void Window::makeMenus() {
-    QMenu* file = menuBar()->addMenu(tr("&File"));
-    const auto add = [&](const QString& text, const QKeySequence& keys, auto&& work, bool needsBooks) {
-        QAction* action = file->addAction(text, this, work);
-        action->setShortcut(keys);
-        if (needsBooks) needBooks_.push_back(action);
-        return action;
-    };
-    add(tr("&New Expense"), QKeySequence::New, [this] { expenses_->newExpense(); }, true);
-    add(
-        tr("New &Mileage Trip…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M),
-        [this] { expenses_->newMileageTrip(); }, true);
-    add(tr("&Add Receipts…"), QKeySequence::Open, [this] { addReceipts(prompts_->receiptFiles()); }, true);
-    file->addSeparator();
-    add(
-        tr("Open &Library Folder…"), {},
-        [this] {
-            if (const auto folder = prompts_->libraryFolder(model_.folder())) openFolder(*folder);
-        },
-        false);
-    add(
-        tr("Show Library &Folder"), {},
-        [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(model_.folder()))); }, false);
-    add(tr("&Restore a Backup…"), {}, [this] { restoreBackup(); }, false);
-    add(tr("&Explore the Sample Books"), {}, [this] { openSample(); }, false);
-    file->addSeparator();
-    add(tr("&Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { editSettings(); }, true);
-    add(tr("&Quit"), QKeySequence::Quit, [this] { close(); }, false);
+void Window::makePages() {
+    documents_ = new DocumentActions(model_, *prompts_, this);
+    expenses_ = new ExpensesScreen(model_, *prompts_, pages_);
+    invoices_ = new InvoicesScreen(model_, *prompts_, *documents_, pages_);
+    clients_ = new ClientsScreen(model_, *prompts_, *documents_, pages_);
+    const auto page = [this](Screen screen) -> Page& { return screens_[static_cast<std::size_t>(screen)]; };
+    page(Screen::expenses) = {expenses_,
+                              tr("&New Expense"),
+                              [this] { expenses_->newExpense(); },
+                              [this] { expenses_->focusSearch(); },
+                              [this] { expenses_->deleteSelected(); },
+                              {}};
+    page(Screen::invoices) = {invoices_,
+                              tr("&New Invoice"),
+                              [this] { invoices_->newDocument(); },
+                              [this] { invoices_->focusSearch(); },
+                              [this] { invoices_->deleteSelected(); },
+                              [this] { invoices_->printSelected(); }};
+    page(Screen::clients) = {clients_,
+                             tr("&New Client"),
+                             [this] { clients_->newClient(); },
+                             [this] { clients_->focusSearch(); },
+                             [this] { clients_->deleteSelected(); },
+                             {}};
+    for (const Page& each : screens_) pages_->addWidget(each.widget);
 }
 
-void Window::makeEditMenu() {
-    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    undo_ = edit->addAction(Icons::icon(QStringLiteral("undo"), &Colors::muted), tr("Undo"), &model_, &AppModel::undo);
-    undo_->setShortcut(QKeySequence::Undo);
-    redo_ = edit->addAction(Icons::icon(QStringLiteral("redo"), &Colors::muted), tr("Redo"), &model_, &AppModel::redo);
-    redo_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
-    edit->addSeparator();
-    QAction* remove = edit->addAction(tr("&Delete"), expenses_, &ExpensesScreen::deleteSelected);
-    remove->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Backspace));
-    QAction* find = edit->addAction(tr("&Find"), expenses_, &ExpensesScreen::focusSearch);
-    find->setShortcut(QKeySequence::Find);
-    needBooks_.insert(needBooks_.end(), {remove, find});
+void Window::connectScreens() {
+    connect(sidebar_, &Sidebar::screenChosen, this, &Window::showScreen);
+    connect(sidebar_, &Sidebar::listChosen, expenses_, &ExpensesScreen::showList);
+    connect(expenses_, &ExpensesScreen::listChanged, sidebar_, &Sidebar::setList);
+    connect(sidebar_, &Sidebar::settingsChosen, this, &Window::editSettings);
+    connect(sidebar_, &Sidebar::ownBooksChosen, this, [this] { openFolder(ownFolder_); });
+    connect(expenses_, &ExpensesScreen::addReceiptsChosen, this, [this] { addReceipts(prompts_->receiptFiles()); });
+    connect(expenses_, &ExpensesScreen::sampleChosen, this, &Window::openSample);
+    connect(expenses_, &ExpensesScreen::removed, this, &Window::showRemoved);
+    connect(expenses_, &ExpensesScreen::recurringChosen, this, &Window::editRecurring);
+    connect(clients_, &ClientsScreen::removed, this, &Window::showRemoved);
+    connect(invoices_, &InvoicesScreen::removed, this, &Window::showRemoved);
+    connect(invoices_, &InvoicesScreen::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
+}
 
-    QMenu* view = menuBar()->addMenu(tr("&View"));
-    QAction* all = view->addAction(tr("&Expenses"), this, [this] { expenses_->showList(ExpenseList::all); });
-    all->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_1));
-    QAction* check = view->addAction(tr("To &Check"), this, [this] { expenses_->showList(ExpenseList::toCheck); });
-    needBooks_.insert(needBooks_.end(), {all, check});
+void Window::connectDocuments() {
+    connect(documents_, &DocumentActions::removed, this, &Window::showRemoved);
+    connect(documents_, &DocumentActions::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
+    connect(documents_, &DocumentActions::documentChosen, this, [this](const UUID& id) {
+        showScreen(Screen::invoices);
+        invoices_->select(id);
+    });
+}
+
+void Window::showRemoved(const QString& what) {
+    toast_->show(what, tr("Undo"), [this] { model_.undo(); });
+}
+
+void Window::showScreen(Screen screen) {
+    screen_ = screen;
+    sidebar_->setScreen(screen);
+    refreshState();
+    refreshMenus();
 }
 
 void Window::connectReceipts() {
@@ -166,8 +172,12 @@ void Window::finished(const ReceiptQueue::Summary& summary) {
     const std::size_t count = summary.filed.size();
     QString text = count == 1 ? tr("1 receipt added") : tr("%1 receipts added").arg(count);
     if (summary.cancelled > 0) text += tr(" · %1 cancelled").arg(summary.cancelled);
-    if (count > 0 && expenses_->isEditing())
-        toast_->show(text, tr("Show"), [this, ids = summary.filed] { expenses_->select(ids); });
+    // What somebody is at is not taken from under their hands.
+    if (count > 0 && (screen_ != Screen::expenses || expenses_->isEditing()))
+        toast_->show(text, tr("Show"), [this, ids = summary.filed] {
+            showScreen(Screen::expenses);
+            expenses_->select(ids);
+        });
     else if (count > 0) {
         expenses_->select(summary.filed);
         toast_->show(text);
@@ -211,7 +221,7 @@ void Window::refreshState() {
     } else if (state == AppModel::State::locked)
         problem_->set(QStringLiteral("lock"), tr("Already open"), model_.problem(), tr("Try Again"),
                       tr("Open Another Folder…"));
-    pages_->setCurrentWidget(open || state == AppModel::State::closed ? static_cast<QWidget*>(expenses_) : problem_);
+    pages_->setCurrentWidget(open || state == AppModel::State::closed ? page().widget : problem_);
 }
 
 void Window::openFolder(const std::filesystem::path& folder) { model_.open(folder); }
@@ -251,10 +261,24 @@ void Window::restoreBackup() {
 }
 
 void Window::editSettings() {
-    const auto business = prompts_->settings(model_.library().business);
-    if (!business) return;
-    model_.perform(tr("Change Settings"), [business](Library library, Day) {
-        library.business = *business;
+    const Library before = model_.library();
+    const auto edit = prompts_->settings(before, model_.store().logo(before.business), model_.today());
+    if (!edit) return;
+    model_.perform(tr("Change Settings"), [&, store = model_.store()](Library now, Day) {
+        // What came from elsewhere while the settings were open stays.
+        Library after = now == before ? edit->library : merge(before, edit->library, now).library;
+        if (edit->logo) after.business.logoFile = store.importLogo(*edit->logo);
+        return after;
+    });
+}
+
+void Window::editRecurring() {
+    const auto edit = prompts_->recurring(model_.library());
+    if (!edit) return;
+    model_.perform(tr("Change Recurring Expenses"), [&](Library library, Day today) {
+        for (const UUID& id : edit->paused) library = Recurring::setPaused(std::move(library), id, true, today);
+        for (const UUID& id : edit->resumed) library = Recurring::setPaused(std::move(library), id, false, today);
+        for (const UUID& id : edit->removed) library = Recurring::remove(std::move(library), id);
         return library;
     });
 }
@@ -266,7 +290,10 @@ void Window::closeEvent(QCloseEvent* event) {
 }
 
 void Window::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) model_.lookForOtherChanges();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        model_.lookForOtherChanges();
+        model_.lookAtDay();
+    }
     QMainWindow::changeEvent(event);
 }
 

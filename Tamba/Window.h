@@ -3,24 +3,30 @@
 #include "Tamba/AppModel.h"
 #include "Tamba/Prompts.h"
 #include "Tamba/ReceiptQueue.h"
+#include "Tamba/Widgets/Sidebar.h"
 
 #include <QMainWindow>
 
+#include <array>
+#include <functional>
 #include <memory>
 
 class QAction;
+class QMenu;
 class QStackedWidget;
 
 namespace tamba {
 
 class ActivityStrip;
+class ClientsScreen;
+class DocumentActions;
 class DropOverlay;
 class EmptyState;
 class ExpensesScreen;
-class Sidebar;
+class InvoicesScreen;
 class Toast;
 
-/// The one window: menus, sidebar, screen, activity strip; takes dropped receipts anywhere.
+/// The one window: menus, sidebar, screens, activity strip; takes dropped receipts anywhere.
 class Window : public QMainWindow {
     Q_OBJECT
 
@@ -33,8 +39,13 @@ public:
     /// Reads these files and adds them as expenses.
     void addReceipts(const std::vector<std::filesystem::path>& files);
     [[nodiscard]] ReceiptQueue& receipts() { return *receipts_; }
+    void showScreen(Screen screen);
+    [[nodiscard]] Screen screen() const { return screen_; }
     /// Where the person's own books are, while the sample books are open.
     void setOwnFolder(const std::filesystem::path& folder) { ownFolder_ = folder; }
+    [[nodiscard]] const std::filesystem::path& ownFolder() const {
+        return ownFolder_.empty() ? model_.folder() : ownFolder_;
+    }
 
 signals:
     /// Palette and accent are to be worked out again.
@@ -48,8 +59,24 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// What the keys for new, find, delete and print do on a screen.
+    struct Page {
+        QWidget* widget = nullptr;
+        QString newTitle;
+        std::function<void()> create, find, remove, print;
+    };
+    void makePages();
+    [[nodiscard]] const Page& page() const { return screens_[static_cast<std::size_t>(screen_)]; }
+    // WindowMenus.cpp
     void makeMenus();
+    void makeFileMenu();
     void makeEditMenu();
+    void makeViewMenu();
+    void fillDocumentMenu();
+    void refreshMenus();
+
+    void connectScreens();
+    void connectDocuments();
     void connectReceipts();
     void refreshHistory();
     void refreshState();
@@ -58,6 +85,8 @@ private:
     void openSample();
     void restoreBackup();
     void editSettings();
+    void editRecurring();
+    void showRemoved(const QString& what);
 
     AppModel& model_;
     std::unique_ptr<Prompts> prompts_;
@@ -65,11 +94,19 @@ private:
     std::filesystem::path ownFolder_;
     Sidebar* sidebar_;
     QStackedWidget* pages_;
+    DocumentActions* documents_;
     ExpensesScreen* expenses_;
+    InvoicesScreen* invoices_;
+    ClientsScreen* clients_;
+    std::array<Page, std::size(allScreens)> screens_;
+    Screen screen_ = Screen::expenses;
     EmptyState* problem_;
     ActivityStrip* strip_;
     Toast* toast_;
     DropOverlay* overlay_;
+    QMenu* documentMenu_ = nullptr;
+    QAction* new_ = nullptr;
+    QAction* print_ = nullptr;
     QAction* undo_ = nullptr;
     QAction* redo_ = nullptr;
     std::vector<QAction*> needBooks_;  // only with open books

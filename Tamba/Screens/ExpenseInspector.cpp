@@ -3,12 +3,15 @@
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Rows/ExpenseRows.h"
+#include "Tamba/Sheets/RecurringSheet.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
+#include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/ReceiptView.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Expenses.h"
+#include "TambaCore/Documents/Recurring.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -26,15 +29,6 @@ constexpr int fieldsWidth = 360;
 const QString newEntry = QStringLiteral("new");
 
 std::optional<UUID> idOf(const QComboBox& combo) { return UUID::parse(toStd(combo.currentData().toString())); }
-
-/// A box that the wheel passes over: scrolling the inspector must not change what it passes.
-class Choice : public QComboBox {
-public:
-    using QComboBox::QComboBox;
-
-protected:
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
 
 /// Notes are one undoable step when the field is left, not one for each letter.
 class Notes : public QPlainTextEdit {
@@ -77,11 +71,8 @@ QLineEdit* ExpenseInspector::line(const QString& title, const char* name) {
 }
 
 QComboBox* ExpenseInspector::combo(const QString& title, const char* name) {
-    auto* field = new Choice(this);
+    auto* field = makeChoice(this);
     Controls::name(*field, name, title);
-    field->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    field->setMinimumContentsLength(6);
-    field->setMaxVisibleItems(16);
     return field;
 }
 
@@ -146,6 +137,10 @@ QWidget* ExpenseInspector::makeFields() {
     row(tr("Rate"), rate_ = line(tr("Exchange rate"), "rate"));
     rateNote_ = Controls::label({}, "caption", this);
     form_->addRow(QString(), rateNote_);
+    convert_ = Controls::button(tr("Convert to %1").arg(toQt(model_.library().business.homeCurrency)), "convertToHome",
+                                Controls::Kind::link, this);
+    form_->addRow(QString(), convert_);
+    connect(convert_, &QPushButton::clicked, this, &ExpenseInspector::convertToHome);
     row(tr("Tax"), tax_ = line(tr("Tax included"), "tax"));
     split_ = Controls::label({}, "caption", this);
     form_->addRow(QString(), split_);
@@ -153,6 +148,20 @@ QWidget* ExpenseInspector::makeFields() {
     Controls::name(*claim_, "claimTax", claim_->text());
     row(tr("Category"), category_ = combo(tr("Category"), "category"));
     row(tr("Paid by"), method_ = combo(tr("Method"), "method"));
+    auto* repeats = new QWidget(this);
+    auto* again = new QHBoxLayout(repeats);
+    again->setContentsMargins(0, 0, 0, 0);
+    again->setSpacing(4);
+    repeats_ = combo(tr("Repeats"), "repeats");
+    repeats_->addItem(tr("Never"), -1);
+    for (const Frequency frequency : {Frequency::weekly, Frequency::monthly, Frequency::quarterly, Frequency::yearly})
+        repeats_->addItem(title(frequency), static_cast<int>(frequency));
+    recurring_ = Controls::button(tr("See all…"), "seeRecurring", Controls::Kind::link, repeats);
+    again->addWidget(repeats_, 1);
+    again->addWidget(recurring_);
+    row(tr("Repeats"), repeats);
+    connect(repeats_, &QComboBox::activated, this, &ExpenseInspector::setRepeats);
+    connect(recurring_, &QPushButton::clicked, this, &ExpenseInspector::recurringChosen);
     row(tr("Project"), project_ = combo(tr("Project"), "project"));
     row(tr("Client"), client_ = combo(tr("Client"), "client"));
     form_->addRow(QString(), billable_ = new QCheckBox(tr("Bill this on to the client"), this));
@@ -303,8 +312,8 @@ void ExpenseInspector::connectMoney() {
             const Expense* e = expense();
             if (!e || filling_) return;
             const QString text = field->text().trimmed();
-            const auto value = text.isEmpty() ? std::optional<std::int64_t>(0)
-                                              : MoneyFormat::parseEntry(toStd(text), Currency::of(e->currency));
+            const auto value =
+                text.isEmpty() ? std::optional<std::int64_t>(0) : amountIn(*field, Currency::of(e->currency));
             if (!value) return Controls::markProblem(*field, tr("Enter an amount such as 1,180.00."));
             Controls::markProblem(*field, {});
             edit(title, [change, value](const Library& library, Expense old) {
@@ -364,6 +373,37 @@ void ExpenseInspector::setRate(const QString& text) {
         library.rates.append(FXRate{currency, rate, today, {}});
         return library;
     });
+}
+
+void ExpenseInspector::convertToHome() {
+    edit(tr("Convert to %1").arg(toQt(model_.library().business.homeCurrency)),
+         [](const Library& library, Expense e) { return Expenses::convertedToHome(library, std::move(e)); });
+}
+
+void ExpenseInspector::setRepeats() {
+    const Expense* e = expense();
+    if (!e || filling_) return;
+    const int chosen = repeats_->currentData().toInt();
+    const bool done = model_.perform(tr("Change Repeats"), [id = e->id, chosen](Library library, Day today) {
+        const Expense* present = library.expense(id);
+        if (!present) return library;
+        const std::size_t at =
+            present->recurringID ? indexOf(library.recurring, *present->recurringID) : library.recurring.size();
+        const bool repeats = at < library.recurring.size();
+        if (chosen < 0) return repeats ? Recurring::remove(std::move(library), library.recurring[at].id) : library;
+        const auto frequency = static_cast<Frequency>(chosen);
+        if (!repeats)
+            return Recurring::addDue(Recurring::repeat(std::move(library), id, frequency), today, now()).library;
+        RecurringExpense changed = library.recurring[at];
+        if (changed.frequency == frequency) return library;
+        changed.frequency = frequency;
+        // Counted afresh from this expense, and nothing is added for days gone by.
+        changed.nextDate = present->date;
+        do changed.nextDate = Recurring::nextDate(frequency, changed.nextDate, changed.anchorDay);
+        while (changed.nextDate <= today);
+        return Recurring::put(std::move(library), std::move(changed));
+    });
+    if (!done) refill();
 }
 
 void ExpenseInspector::chooseClient() {

@@ -15,6 +15,7 @@ class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QPushButton;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -42,6 +43,7 @@ public:
 
 signals:
     void deleteChosen();
+    void recurringChosen();
     void categoryChosen(const std::optional<tamba::UUID>& category);
 
 private:
@@ -62,6 +64,8 @@ private:
     void removeAttachment(const UUID& id);
     void edit(const QString& title, const Edit& edit);
     void setRate(const QString& text);
+    void convertToHome();
+    void setRepeats();
     void chooseClient();
     void chooseProject();
     void refill();
@@ -91,6 +95,7 @@ private:
     QComboBox* currency_;
     QLineEdit* rate_;
     QLabel* rateNote_;
+    QPushButton* convert_;
     QLineEdit* distance_;
     QLabel* mileageNote_;
     QLineEdit* tax_;
@@ -98,6 +103,8 @@ private:
     QCheckBox* claim_;
     QComboBox* category_;
     QComboBox* method_;
+    QComboBox* repeats_;
+    QPushButton* recurring_;
     QComboBox* project_;
     QComboBox* client_;
     QCheckBox* billable_;

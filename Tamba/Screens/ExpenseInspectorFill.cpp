@@ -4,6 +4,7 @@
 #include "Tamba/Screens/ExpenseInspector.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
+#include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/ReceiptView.h"
 #include "TambaCore/Documents/Expenses.h"
 
@@ -12,6 +13,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QStackedWidget>
 #include <QStyle>
@@ -21,8 +23,6 @@ namespace tamba {
 namespace {
 
 QString idText(const std::optional<UUID>& id) { return id ? toQt(id->text()) : QString(); }
-
-void chooseData(QComboBox& combo, const QString& data) { combo.setCurrentIndex(std::max(0, combo.findData(data))); }
 
 }  // namespace
 
@@ -119,7 +119,18 @@ void ExpenseInspector::fill(const Expense& e) {
     showRow(split_, !mileage && !split_->text().isEmpty());
     showRow(rate_, foreign && !mileage);
     showRow(rateNote_, foreign && !mileage);
+    showRow(convert_, foreign && !mileage && home.has_value());
     currency_->setEnabled(!mileage);
+    const std::size_t recurring = e.recurringID ? indexOf(library.recurring, *e.recurringID) : library.recurring.size();
+    const bool repeats = recurring < library.recurring.size();
+    repeats_->setCurrentIndex(
+        repeats_->findData(repeats ? static_cast<int>(library.recurring[recurring].frequency) : -1));
+    repeats_->setToolTip(
+        !repeats ? QString()
+        : library.recurring[recurring].paused
+            ? tr("Paused")
+            : tr("Next on %1").arg(toQt(library.recurring[recurring].nextDate.formatted("d MMM yyyy"))));
+    recurring_->setVisible(!library.recurring.empty());
     showGSTINState();
 
     const auto attention = Expenses::attention(library, e);

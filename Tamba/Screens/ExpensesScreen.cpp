@@ -110,6 +110,7 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
     });
     connect(empty_, &EmptyState::otherChosen, this, &ExpensesScreen::sampleChosen);
     connect(inspector_, &ExpenseInspector::deleteChosen, this, &ExpensesScreen::deleteSelected);
+    connect(inspector_, &ExpenseInspector::recurringChosen, this, &ExpensesScreen::recurringChosen);
     connect(inspector_, &ExpenseInspector::categoryChosen, this, &ExpensesScreen::setCategory);
     connect(&model_, &AppModel::changed, this, &ExpensesScreen::refresh);
     connect(&model_, &AppModel::opened, this, [this] {

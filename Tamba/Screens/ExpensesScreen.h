@@ -43,6 +43,8 @@ public:
 signals:
     void addReceiptsChosen();
     void sampleChosen();
+    /// The expenses that come again are to be looked through.
+    void recurringChosen();
     void listChanged(tamba::ExpenseList list);
     /// Something was deleted; the notice offers to take it back.
     void removed(const QString& what);

@@ -9,6 +9,7 @@ InvoicesScreen::InvoicesScreen(AppModel& model, Prompts& prompts, DocumentAction
 }
 
 void InvoicesScreen::select(const UUID&) {}
+std::optional<UUID> InvoicesScreen::selected() const { return {}; }
 void InvoicesScreen::showKind(DocKind) {}
 void InvoicesScreen::newDocument() {}
 void InvoicesScreen::focusSearch() { setFocus(Qt::ShortcutFocusReason); }

@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 namespace tamba {
 
 /// Invoices, estimates and credit notes as three tabs: the list on the left, on the right the document itself. A draft
@@ -18,6 +20,7 @@ public:
 
     /// Shows this document; a tab, filter or period that would hide it is changed.
     void select(const UUID& document);
+    [[nodiscard]] std::optional<UUID> selected() const;
     void showKind(DocKind kind);
     /// A draft of the shown tab's kind.
     void newDocument();

@@ -1,42 +1,45 @@
 #pragma once
 
+#include "Tamba/Prompts.h"
 #include "Tamba/Sheets/Sheet.h"
-#include "TambaCore/Model/Models.h"
 
-class QComboBox;
-class QFormLayout;
-class QLabel;
-class QLineEdit;
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QListWidget;
 class QPushButton;
+class QStackedWidget;
 
 namespace tamba {
 
-/// What expenses and receipts ask of the business: edits a copy and hands it back.
+class InvoicesPage;
+class SettingsPage;
+
+/// All settings, page by page: edits a copy of the books' settings and hands it back.
 class SettingsSheet : public Sheet {
     Q_OBJECT
 
 public:
-    SettingsSheet(QWidget* parent, Business business);
-    [[nodiscard]] Business business() const;
+    using Path = Prompts::Path;
+    /// `logo`: where the present one lies. `chooseLogo` asks for a picture file.
+    SettingsSheet(
+        QWidget* parent, const Library& library, Day today, const std::optional<Path>& logo = {},
+        std::function<std::optional<Path>()> chooseLogo = [] { return std::nullopt; });
+    [[nodiscard]] SettingsEdit edit() const;
+    void showPage(int index);
+    [[nodiscard]] int pageCount() const { return static_cast<int>(pages_.size()); }
 
 private:
+    void add(const char* icon, const QString& title, SettingsPage* page);
     void refresh();
-    QLineEdit* line(QFormLayout& form, const QString& title, const char* name, const std::string& text);
-    QComboBox* combo(QFormLayout& form, const QString& title, const char* name);
 
-    Business business_;
-    QLineEdit* name_;
-    QLineEdit* taxID_;
-    QLabel* taxIDNote_;
-    QComboBox* regime_;
-    QComboBox* state_;
-    QComboBox* currency_;
-    QComboBox* yearStart_;
-    QComboBox* dateOrder_;
-    QLineEdit* mileageRate_;
-    QLineEdit* distanceUnit_;
-    QLineEdit* accent_;
-    QPushButton* save_;
+    const Library library_;
+    std::vector<SettingsPage*> pages_;
+    InvoicesPage* invoices_;
+    QListWidget* titles_;
+    QStackedWidget* stack_;
+    QPushButton* save_ = nullptr;
 };
 
 }  // namespace tamba

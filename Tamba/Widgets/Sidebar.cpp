@@ -5,6 +5,7 @@
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "TambaCore/Base/Text.h"
+#include "TambaCore/Documents/Standing.h"
 
 #include <QAbstractButton>
 #include <QFontMetrics>
@@ -12,6 +13,8 @@
 #include <QPainter>
 #include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tamba {
 
@@ -113,6 +116,18 @@ private:
 
 }  // namespace
 
+QString title(Screen screen) {
+    switch (screen) {
+        case Screen::expenses:
+            return QObject::tr("Expenses");
+        case Screen::invoices:
+            return QObject::tr("Invoices");
+        case Screen::clients:
+            return QObject::tr("Clients");
+    }
+    return {};
+}
+
 Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) {
     setObjectName(QStringLiteral("sidebar"));
     setFixedWidth(208);
@@ -136,28 +151,23 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
     head->addLayout(words, 1);
     layout->addLayout(head);
 
-    struct Entry {
-        ExpenseList list;
-        const char* icon;
-        const char* name;
-    };
-    for (const Entry& entry :
-         {Entry{ExpenseList::all, "receipt", "listAll"}, Entry{ExpenseList::toCheck, "eye", "listToCheck"},
-          Entry{ExpenseList::withoutCategory, "category-none", "listWithoutCategory"},
-          Entry{ExpenseList::withoutRate, "exchange", "listWithoutRate"},
-          Entry{ExpenseList::billable, "billable", "listBillable"},
-          Entry{ExpenseList::mileage, "category-road", "listMileage"}}) {
-        const QString text = toQt(title(entry.list));
-        auto* item = new SidebarItem(QString::fromLatin1(entry.icon), text, entry.list != ExpenseList::all, this);
-        item->setObjectName(QString::fromLatin1(entry.name));
-        item->list = entry.list;
-        item->setCheckable(true);
-        item->setAutoExclusive(true);
-        connect(item, &QAbstractButton::clicked, this, [this, list = entry.list] { emit listChosen(list); });
-        layout->addWidget(item);
-        items_.push_back(item);
+    items_ = new QVBoxLayout;
+    items_->setSpacing(0);
+    layout->addLayout(items_);
+    for (const Screen screen : allScreens) {
+        static constexpr std::pair<const char*, const char*> looks[] = {
+            {"receipt", "screenExpenses"}, {"document", "screenInvoices"}, {"people", "screenClients"}};
+        const auto& [icon, name] = looks[static_cast<std::size_t>(screen)];
+        SidebarItem* item = addItem(icon, title(screen), name, false);
+        item->setToolTip(tr("Ctrl+%1").arg(static_cast<int>(screen) + 1));
+        connect(item, &QAbstractButton::clicked, this, [this, screen] {
+            emit screenChosen(screen);
+            if (screen == Screen::expenses) emit listChosen(ExpenseList::all);
+            check();
+        });
+        screens_.push_back(item);
+        if (screen == Screen::expenses) addLists();
     }
-    items_.front()->setChecked(true);
     layout->addStretch(1);
 
     ownBooks_ = Controls::button(tr("Back to Your Books"), "ownBooks", Controls::Kind::plain, this);
@@ -188,12 +198,55 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
 
     connect(&model_, &AppModel::changed, this, &Sidebar::refresh);
     connect(&model_, &AppModel::opened, this, &Sidebar::refresh);
+    connect(&model_, &AppModel::dayChanged, this, &Sidebar::refresh);
     connect(&model_, &AppModel::savingChanged, this, &Sidebar::refreshSaving);
     refresh();
 }
 
+SidebarItem* Sidebar::addItem(const char* icon, const QString& text, const char* name, bool nested) {
+    auto* item = new SidebarItem(QString::fromLatin1(icon), text, nested, this);
+    item->setObjectName(QString::fromLatin1(name));
+    item->setCheckable(true);
+    items_->addWidget(item);
+    return item;
+}
+
+void Sidebar::addLists() {
+    struct Entry {
+        ExpenseList list;
+        const char* icon;
+        const char* name;
+    };
+    for (const Entry& entry : {Entry{ExpenseList::toCheck, "eye", "listToCheck"},
+                               Entry{ExpenseList::withoutCategory, "category-none", "listWithoutCategory"},
+                               Entry{ExpenseList::withoutRate, "exchange", "listWithoutRate"},
+                               Entry{ExpenseList::billable, "billable", "listBillable"},
+                               Entry{ExpenseList::mileage, "category-road", "listMileage"}}) {
+        SidebarItem* item = addItem(entry.icon, toQt(title(entry.list)), entry.name, true);
+        item->list = entry.list;
+        connect(item, &QAbstractButton::clicked, this, [this, list = entry.list] {
+            emit listChosen(list);
+            check();
+        });
+        lists_.push_back(item);
+    }
+}
+
+void Sidebar::setScreen(Screen screen) {
+    screen_ = screen;
+    refresh();
+}
+
 void Sidebar::setList(ExpenseList list) {
-    for (SidebarItem* item : items_) item->setChecked(item->list == list);
+    list_ = list;
+    refresh();
+}
+
+void Sidebar::check() {
+    // What is shown, and not what was clicked, decides.
+    for (std::size_t i = 0; i < screens_.size(); ++i)
+        screens_[i]->setChecked(allScreens[i] == screen_ && (screen_ != Screen::expenses || list_ == ExpenseList::all));
+    for (SidebarItem* item : lists_) item->setChecked(screen_ == Screen::expenses && item->list == list_);
 }
 
 void Sidebar::setSample(bool sample) {
@@ -206,14 +259,21 @@ void Sidebar::refresh() {
     const QString name = library.business.name.empty() ? tr("My books") : toQt(library.business.name);
     name_->setText(name_->fontMetrics().elidedText(name, Qt::ElideRight, 138));
     name_->setToolTip(name);
-    for (SidebarItem* item : items_) {
-        const std::size_t count = item->list == ExpenseList::all ? 0 : countOf(library, item->list);
-        const bool waits = item->list == ExpenseList::toCheck || item->list == ExpenseList::withoutCategory ||
-                           item->list == ExpenseList::withoutRate || item->list == ExpenseList::billable;
-        item->setCount(waits ? count : 0);
+    check();
+    for (SidebarItem* item : lists_) {
+        const std::size_t count = countOf(library, item->list);
+        item->setCount(item->list == ExpenseList::mileage ? 0 : count);
         // A list that nothing belongs to would be a dead end; the one being looked at stays.
-        item->setVisible(item->list == ExpenseList::all || count > 0 || item->isChecked());
+        item->setVisible(screen_ == Screen::expenses && (count > 0 || item->isChecked()));
     }
+    const Books::Standings standings(library, model_.today());
+    const auto overdue = std::count_if(library.documents.begin(), library.documents.end(), [&](const Document& d) {
+        const auto standing = standings.of(d);
+        return standing && standing->status == DocStatus::overdue;
+    });
+    SidebarItem* invoices = screens_[static_cast<std::size_t>(Screen::invoices)];
+    invoices->setCount(static_cast<std::size_t>(overdue));
+    invoices->setAccessibleDescription(overdue == 0 ? QString() : tr("%1 overdue").arg(overdue));
     refreshSaving();
     update();
 }

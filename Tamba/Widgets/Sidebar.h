@@ -15,6 +15,11 @@ namespace tamba {
 
 class SidebarItem;
 
+/// The screens in the sidebar's order, which is also that of Ctrl+1, Ctrl+2 and so on.
+enum class Screen { expenses, invoices, clients };
+inline constexpr Screen allScreens[] = {Screen::expenses, Screen::invoices, Screen::clients};
+[[nodiscard]] QString title(Screen screen);
+
 /// The left edge of the window: whose books these are, what can be looked at with counts of what waits, and whether all
 /// is saved.
 class Sidebar : public QWidget {
@@ -22,11 +27,13 @@ class Sidebar : public QWidget {
 
 public:
     explicit Sidebar(AppModel& model, QWidget* parent = nullptr);
+    void setScreen(Screen screen);
     void setList(ExpenseList list);
     /// The sample books are shown instead of the person's own.
     void setSample(bool sample);
 
 signals:
+    void screenChosen(tamba::Screen screen);
     void listChosen(tamba::ExpenseList list);
     void settingsChosen();
     void ownBooksChosen();
@@ -35,13 +42,20 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    SidebarItem* addItem(const char* icon, const QString& text, const char* name, bool nested);
+    void addLists();
     void refresh();
+    void check();
     void refreshSaving();
 
     AppModel& model_;
     QLabel* name_;
     QLabel* place_;
-    std::vector<SidebarItem*> items_;
+    QVBoxLayout* items_;
+    std::vector<SidebarItem*> screens_;  // in the order of `allScreens`
+    std::vector<SidebarItem*> lists_;
+    Screen screen_ = Screen::expenses;
+    ExpenseList list_ = ExpenseList::all;
     QPushButton* ownBooks_;
     QPushButton* saving_;
 };

@@ -87,7 +87,7 @@ private slots:
         MileageSheet mileage(&window, library, testDay);
         mileage.findChild<QLineEdit*>(QStringLiteral("tripDistance"))->setText(QStringLiteral("42.5"));
         shoot(mileage, QStringLiteral("sheet-mileage"));
-        SettingsSheet settings(&window, library.business);
+        SettingsSheet settings(&window, library, testDay);
         shoot(settings, QStringLiteral("sheet-settings"));
         BackupSheet backups(&window, books.model.backups());
         shoot(backups, QStringLiteral("sheet-backups"));

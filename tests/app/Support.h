@@ -3,10 +3,18 @@
 #include "Tamba/AppModel.h"
 #include "Tamba/Prompts.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Sheets/CreditNoteSheet.h"
+#include "Tamba/Sheets/IssueSheet.h"
+#include "Tamba/Sheets/MailSheet.h"
+#include "Tamba/Sheets/PaymentSheet.h"
+#include "Tamba/Sheets/VoidSheet.h"
 #include "Tamba/Window.h"
 
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <functional>
 
 namespace tamba {
 
@@ -17,6 +25,12 @@ struct TestPrompts : Prompts {
     bool confirmed = true;
     std::optional<std::string> chosenBackup;
     std::optional<MileageTrip> trip;
+    std::optional<Client> client;
+    std::optional<Path> file;  // where to save
+    std::function<SettingsEdit(const Library&)> changeSettings;
+    std::function<RecurringEdit(const Library&)> changeRecurring;
+    // Answers with the very sheets that people see: each is shown, driven, and closed with what it then holds.
+    std::function<void(QDialog&)> drive;
 
     void alert(const QString& sentence) override { alerts << sentence; }
     bool confirm(const QString&, const QString&, const QString&) override { return confirmed; }
@@ -24,15 +38,57 @@ struct TestPrompts : Prompts {
         held << files;
         return again;
     }
-    std::vector<std::filesystem::path> receiptFiles() override { return {}; }
-    std::optional<std::filesystem::path> libraryFolder(const std::filesystem::path&) override { return {}; }
+    std::vector<Path> receiptFiles() override { return {}; }
+    std::optional<Path> pictureFile() override { return file; }
+    std::optional<Path> libraryFolder(const Path&) override { return {}; }
+    std::optional<Path> saveFile(const QString&, const std::string& name) override {
+        return file ? std::optional(*file / name) : std::nullopt;
+    }
     std::optional<std::string> backup(const std::vector<LibrarySession::Backup>& backups) override {
         if (backups.empty()) return {};
         return chosenBackup ? chosenBackup : std::optional(backups.front().name);
     }
     std::optional<MileageTrip> mileage(const Library&, Day) override { return trip; }
-    std::optional<Business> settings(const Business&) override { return {}; }
+    std::optional<RecurringEdit> recurring(const Library& library) override {
+        return changeRecurring ? std::optional(changeRecurring(library)) : std::nullopt;
+    }
+    std::optional<SettingsEdit> settings(const Library& library, const std::optional<Path>&, Day) override {
+        return changeSettings ? std::optional(changeSettings(library)) : std::nullopt;
+    }
     std::optional<std::string> newName(const QString&) override { return {}; }
+    std::optional<Client> newClient(const Library&) override { return client; }
+    std::optional<Day> issue(const Library& library, const Document& draft, Day today) override {
+        IssueSheet sheet(nullptr, library, draft, today);
+        return accepted(sheet) ? std::optional(sheet.date()) : std::nullopt;
+    }
+    std::optional<Payment> payment(const Library& library, const Document& invoice, Day today) override {
+        PaymentSheet sheet(nullptr, library, invoice, today);
+        return accepted(sheet) ? std::optional(sheet.payment()) : std::nullopt;
+    }
+    std::optional<CreditNote> creditNote(const Library& library, const Document& draft) override {
+        CreditNoteSheet sheet(nullptr, library, draft);
+        return accepted(sheet) ? std::optional(CreditNote{sheet.note(), true}) : std::nullopt;
+    }
+    std::optional<std::string> voiding(const Library& library, const Document& document, Day today) override {
+        VoidSheet sheet(nullptr, library, document, today);
+        return accepted(sheet) ? std::optional(sheet.reason()) : std::nullopt;
+    }
+    std::optional<Reminders::Draft> mail(const Library& library, const Document& document, Mail kind,
+                                         Day today) override {
+        MailSheet sheet(nullptr, library, document, kind, today, false);
+        return accepted(sheet) ? std::optional(sheet.draft()) : std::nullopt;
+    }
+    std::vector<UUID> expensesToBill(const Library&, const Document&) override { return {}; }
+    bool openMail(const Reminders::Draft&, const Path&) override { return false; }
+    void print(const QString&, const std::string& pdf) override { printed = pdf; }
+    std::string printed;
+
+private:
+    /// Given up where its main button is not to be had.
+    bool accepted(Sheet& sheet) const {
+        if (drive) drive(sheet);
+        return sheet.findChild<QPushButton*>(QStringLiteral("sheetMain"))->isEnabled();
+    }
 };
 
 inline constexpr Day testDay{2026, 11, 21};

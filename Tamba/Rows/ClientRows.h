@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Tamba/Rows/ExpenseRows.h"
+#include "TambaCore/Model/Models.h"
+
+#include <string>
+#include <vector>
+
+/// What the Clients screen shows, as finished texts. Pure: the books, a filter and today in, rows out.
+namespace tamba {
+
+enum class ClientOrder { name, place, owed, overdue, late };
+
+struct ClientFilter {
+    bool archived = false;    ///< archived clients, too
+    std::string search = {};  ///< words that must all occur
+    ClientOrder order = ClientOrder::name;
+    bool ascending = true;
+};
+
+struct ClientRow {
+    UUID id;
+    std::string name, place, owed, overdue;
+    std::string late;    ///< "12 days late", "On time", "3 days early"; empty while nothing was paid
+    std::string status;  ///< "Archived", "Check GSTIN"
+    std::string hint;    ///< the whole sentence behind `status`
+    Tone tone = Tone::none;
+    bool operator==(const ClientRow&) const = default;
+};
+
+struct ClientTable {
+    std::vector<ClientRow> rows;
+    /// "12 clients", "₹1,23,456.00 owed", "₹20,000.00 overdue", "2 documents left out: no rate".
+    std::string count, owed, overdue, leftOut;
+};
+
+[[nodiscard]] ClientTable clientTable(const Library& library, const ClientFilter& filter, Day today);
+/// "12 days late", "On time", "3 days early", as settled invoices were paid on average.
+[[nodiscard]] std::string lateText(std::int64_t days);
+
+/// A document of one client.
+struct ClientDocumentRow {
+    UUID id;
+    std::string number, date, total, status;
+    Tone tone = Tone::none;
+    bool operator==(const ClientDocumentRow&) const = default;
+};
+/// The latest first.
+[[nodiscard]] std::vector<ClientDocumentRow> clientDocuments(const Library& library, const UUID& client, Day today);
+
+}  // namespace tamba

@@ -1,0 +1,325 @@
+#include "Tamba/Screens/ClientsScreen.h"
+
+#include "Tamba/Icons.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Screens/ClientInspector.h"
+#include "Tamba/Style.h"
+#include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/EmptyState.h"
+#include "Tamba/Widgets/RowDelegate.h"
+#include "TambaCore/Documents/Clients.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace tamba {
+namespace {
+
+enum Column { name, place, late, overdue, owed, status };
+
+}  // namespace
+
+std::vector<ClientsScreen::Model::Column> ClientsScreen::columns() {
+    const auto quiet = [](std::string ClientRow::* member) {
+        return [member](const ClientRow& row, int role) -> QVariant {
+            if (role == Qt::DisplayRole) return toQt(row.*member);
+            return role == Qt::ForegroundRole ? QVariant(Colors::current().muted) : QVariant();
+        };
+    };
+    return {
+        {tr("Client"), Qt::AlignLeft,
+         [](const ClientRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.name);
+             if (role == RowDelegate::Strong) return true;
+             return {};
+         }},
+        {tr("State or country"), Qt::AlignLeft, quiet(&ClientRow::place)},
+        {tr("Pays"), Qt::AlignLeft, quiet(&ClientRow::late)},
+        {tr("Overdue"), Qt::AlignRight,
+         [](const ClientRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.overdue);
+             return role == Qt::ForegroundRole ? QVariant(Colors::current().danger) : QVariant();
+         }},
+        {tr("Owed"), Qt::AlignRight,
+         [](const ClientRow& row, int role) -> QVariant {
+             return role == Qt::DisplayRole ? toQt(row.owed) : QVariant();
+         }},
+        {QString(), Qt::AlignLeft,
+         [](const ClientRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.status);
+             if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
+             if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) return toQt(row.hint);
+             return {};
+         }},
+    };
+}
+
+ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions& documents, QWidget* parent)
+    : QWidget(parent), model_(model), prompts_(prompts), rows_(columns()) {
+    setObjectName(QStringLiteral("clientsScreen"));
+    auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(0);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(0);
+    left->addWidget(makeHeader());
+    makeTable();
+    empty_ = new EmptyState(this);
+    pages_ = new QStackedWidget(this);
+    pages_->addWidget(table_);
+    pages_->addWidget(empty_);
+    left->addWidget(pages_, 1);
+    left->addWidget(footer_ = makeFooter());
+    columns->addLayout(left, 1);
+    inspector_ = new ClientInspector(model_, documents, this);
+    columns->addWidget(inspector_);
+
+    connect(search_, &QLineEdit::textChanged, this, &ClientsScreen::refresh);
+    connect(archived_, &QCheckBox::toggled, this, &ClientsScreen::refresh);
+    connect(new_, &QPushButton::clicked, this, &ClientsScreen::newClient);
+    connect(empty_, &EmptyState::actionChosen, this, [this] {
+        if (model_.library().clients.empty()) return newClient();
+        search_->clear();
+        archived_->setChecked(true);
+    });
+    connect(inspector_, &ClientInspector::deleteChosen, this, &ClientsScreen::deleteSelected);
+    connect(inspector_, &ClientInspector::archiveChosen, this, &ClientsScreen::archive);
+    connect(&model_, &AppModel::changed, this, &ClientsScreen::refresh);
+    connect(&model_, &AppModel::dayChanged, this, &ClientsScreen::refresh);
+    connect(&model_, &AppModel::opened, this, [this] {
+        search_->clear();
+        archived_->setChecked(false);
+        refresh();
+        if (rows_.rowCount() > 0) table_->selectRow(0);
+    });
+    setTabOrder(search_, archived_);
+    setTabOrder(archived_, new_);
+    setTabOrder(new_, table_);
+    refresh();
+}
+
+QWidget* ClientsScreen::makeHeader() {
+    auto* header = new QFrame(this);
+    header->setObjectName(QStringLiteral("screenHeader"));
+    header->setFixedHeight(108);
+    auto* rows = new QVBoxLayout(header);
+    rows->setContentsMargins(20, 14, 16, 12);
+    rows->setSpacing(10);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(8);
+    auto* title = Controls::label(tr("Clients"), "title", header);
+    new_ = Controls::button(tr("New Client"), "newClient", Controls::Kind::primary, header);
+    new_->setToolTip(tr("New client (Ctrl+N)"));
+    top->addWidget(title, 1);
+    top->addWidget(new_);
+    rows->addLayout(top);
+    auto* tools = new QHBoxLayout;
+    tools->setSpacing(12);
+    search_ = new QLineEdit(header);
+    Controls::name(*search_, "searchClients", tr("Search clients"));
+    search_->setPlaceholderText(tr("Search name, contact, e-mail, GSTIN, notes"));
+    search_->setClearButtonEnabled(true);
+    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    archived_ = new QCheckBox(tr("Show archived"), header);
+    Controls::name(*archived_, "showArchived", archived_->text());
+    tools->addWidget(search_, 1);
+    tools->addWidget(archived_);
+    rows->addLayout(tools);
+    return header;
+}
+
+QWidget* ClientsScreen::makeFooter() {
+    auto* footer = new QFrame(this);
+    footer->setObjectName(QStringLiteral("footer"));
+    footer->setFixedHeight(40);
+    auto* layout = new QHBoxLayout(footer);
+    layout->setContentsMargins(20, 0, 20, 0);
+    layout->setSpacing(18);
+    count_ = Controls::label({}, "field", footer);
+    leftOut_ = Controls::label({}, "field", footer);
+    overdue_ = Controls::label({}, "field", footer);
+    owed_ = new QLabel(footer);
+    owed_->setObjectName(QStringLiteral("clientsOwed"));
+    owed_->setFont(Style::textFont(14, QFont::DemiBold));
+    layout->addWidget(count_);
+    layout->addWidget(leftOut_);
+    layout->addStretch(1);
+    layout->addWidget(overdue_);
+    layout->addWidget(owed_);
+    return footer;
+}
+
+void ClientsScreen::makeTable() {
+    table_ = new QTableView(this);
+    Controls::name(*table_, "clients", tr("Clients"));
+    table_->setModel(&rows_);
+    table_->setItemDelegate(new RowDelegate(table_));
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setShowGrid(false);
+    table_->setWordWrap(false);
+    table_->setTabKeyNavigation(false);
+    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table_->verticalHeader()->hide();
+    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::rowHeight);
+    QHeaderView* header = table_->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicator(Column::name, Qt::AscendingOrder);
+    header->setSectionResizeMode(QHeaderView::Fixed);
+    header->setSectionResizeMode(Column::name, QHeaderView::Stretch);
+    header->setFixedHeight(32);
+    keepSelection(*table_, rows_);
+    table_->installEventFilter(this);
+    connect(header, &QHeaderView::sectionClicked, this, &ClientsScreen::sortBy);
+    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ClientsScreen::refreshInspector);
+}
+
+void ClientsScreen::refresh() {
+    const Library& library = model_.library();
+    filter_.search = toStd(search_->text());
+    filter_.archived = archived_->isChecked();
+    ClientTable table = clientTable(library, filter_, model_.today());
+    const bool none = table.rows.empty();
+    rows_.setRows(std::move(table.rows));
+    count_->setText(toQt(table.count));
+    leftOut_->setText(toQt(table.leftOut));
+    overdue_->setText(toQt(table.overdue));
+    owed_->setText(toQt(table.owed));
+    pages_->setCurrentWidget(none ? static_cast<QWidget*>(empty_) : table_);
+    footer_->setVisible(!library.clients.empty());
+    inspector_->setVisible(!library.clients.empty());
+    archived_->setVisible(std::any_of(library.clients.begin(), library.clients.end(),
+                                      [](const Client& client) { return client.archived; }));
+    if (library.clients.empty())
+        empty_->set(QStringLiteral("people"), tr("Who do you work for?"),
+                    tr("A client’s name and GSTIN, entered once, fill in every invoice for them."), tr("New Client"),
+                    {});
+    else if (none)
+        empty_->set(QStringLiteral("search"), tr("Nothing here"), tr("No client fits this search."),
+                    tr("Show All Clients"), {});
+    refreshInspector();
+    arrange();
+}
+
+void ClientsScreen::refreshInspector() { inspector_->show(selected()); }
+
+std::optional<UUID> ClientsScreen::selected() const {
+    const auto ids = selectedIds(*table_, rows_);
+    return ids.empty() ? std::nullopt : std::optional(ids.front());
+}
+
+void ClientsScreen::select(const UUID& client) {
+    if (!rows_.rowOf(client)) {
+        search_->clear();
+        archived_->setChecked(true);
+    }
+    selectIds(*table_, rows_, {client});
+}
+
+void ClientsScreen::newClient() {
+    const auto client = prompts_.newClient(model_.library());
+    if (!client) return;
+    if (model_.perform(tr("New Client"),
+                       [client](Library library, Day) { return Clients::put(std::move(library), *client); }))
+        select(client->id);
+}
+
+void ClientsScreen::deleteSelected() {
+    const auto id = selected();
+    const Client* client = id ? model_.library().client(*id) : nullptr;
+    if (!client) return;
+    const std::string uses = Clients::usesOfClient(model_.library(), *id);
+    if (!uses.empty()) {
+        if (!client->archived &&
+            prompts_.confirm(tr("Archive %1 instead?").arg(toQt(client->name)),
+                             tr("%1 refer to this client, who therefore cannot be deleted. Archived, they are offered "
+                                "for nothing new.")
+                                 .arg(toQt(uses)),
+                             tr("Archive")))
+            archive(true);
+        else if (client->archived)
+            prompts_.alert(tr("%1 refer to this client.").arg(toQt(uses)));
+        return;
+    }
+    const int row = rows_.rowOf(*id).value_or(0);
+    if (!model_.perform(tr("Delete Client"),
+                        [id](Library library, Day) { return Clients::removeClient(std::move(library), *id); }))
+        return;
+    if (rows_.rowCount() > 0) table_->selectRow(std::min(row, rows_.rowCount() - 1));
+    emit removed(tr("Client deleted"));
+}
+
+void ClientsScreen::archive(bool archived) {
+    const auto id = selected();
+    if (!id) return;
+    const int row = rows_.rowOf(*id).value_or(0);
+    const bool done = model_.perform(
+        archived ? tr("Archive Client") : tr("Take Back Client"),
+        [id, archived](Library library, Day) { return Clients::setClientArchived(std::move(library), *id, archived); });
+    if (!done || !archived) return;
+    if (!selected() && rows_.rowCount() > 0) table_->selectRow(std::min(row, rows_.rowCount() - 1));
+    emit removed(tr("Client archived"));
+}
+
+void ClientsScreen::focusSearch() {
+    search_->setFocus(Qt::ShortcutFocusReason);
+    search_->selectAll();
+}
+
+void ClientsScreen::sortBy(int column) {
+    static constexpr ClientOrder orders[] = {ClientOrder::name,    ClientOrder::place, ClientOrder::late,
+                                             ClientOrder::overdue, ClientOrder::owed,  ClientOrder::name};
+    if (column == Column::status) return;
+    const ClientOrder order = orders[column];
+    // Words begin with A, figures with the largest.
+    const bool words = order == ClientOrder::name || order == ClientOrder::place;
+    filter_.ascending = order == filter_.order ? !filter_.ascending : words;
+    filter_.order = order;
+    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    refresh();
+}
+
+bool ClientsScreen::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == table_ && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) return deleteSelected(), true;
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) return inspector_->focusName(), true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ClientsScreen::resizeEvent(QResizeEvent*) { arrange(); }
+
+void ClientsScreen::arrange() {
+    const int room = width() - (inspector_->isVisibleTo(this) ? inspector_->width() : 0);
+    // What gives way first where the name would get too little room.
+    struct Step {
+        Column column;
+        int width;
+    };
+    static constexpr Step widths[] = {
+        {Column::place, 150}, {Column::late, 116}, {Column::overdue, 124}, {Column::owed, 130}, {Column::status, 116}};
+    int taken = 0;
+    for (const auto& [column, width] : widths) {
+        table_->setColumnHidden(column, false);
+        table_->setColumnWidth(column, width);
+        taken += width;
+    }
+    for (const Column column : {Column::place, Column::late, Column::status, Column::overdue}) {
+        if (room - taken >= 180) break;
+        taken -= table_->columnWidth(column);
+        table_->setColumnHidden(column, true);
+    }
+}
+
+}  // namespace tamba
