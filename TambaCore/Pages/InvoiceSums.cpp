@@ -109,22 +109,27 @@ Column sumsColumn(const Subject& subject, const Look& look) {
 /// The code, and beside it what it says.
 std::optional<Piece> payment(const Subject& subject, const Look& look, double width) {
     const auto link = UPI::linkFor(subject.library, subject.document);
-    if (!link || !QRCode::modules(*link)) return std::nullopt;
+    const auto code = link ? QRCode::modules(*link) : std::nullopt;
+    if (!code) return std::nullopt;
+    // The quiet zone reaches into the margin, so that the code stands in line with the text.
+    const double quiet = 4 * codeSide / (code->size + 8);
     const std::int64_t due = Books::balance(subject.library, subject.document);
-    Column words{0, width - codeSide - 12, {{.text = "Pay by UPI", .style = look.strong}}};
+    const double beside = codeSide - quiet + 8;
+    Column words{0, width - beside, {{.text = "Pay by UPI", .style = look.strong}}};
     words.pieces.push_back(
         {.text = std::string(Text::trim(subject.library.business.upiID)), .style = look.body, .above = 3});
     words.pieces.push_back({.text = MoneyFormat::string(due, subject.currency), .style = look.body, .above = 1});
     if (due > limitOfUPI)
         words.pieces.push_back({.text = "UPI limits may apply above ₹1,00,000.", .style = look.small, .above = 4});
     const double height = std::max(codeSide, words.height());
-    return Piece{
-        .above = 14, .height = height, .drawing = [link = *link, words, height](PDFCanvas& canvas, const Rect& at) {
-            QRCode::draw(canvas, link, at.x, at.y, codeSide);
-            Column beside = words;
-            beside.x = at.x + codeSide + 12;
-            beside.draw(canvas, at.y + std::max(4.0, (height - words.height()) / 2));
-        }};
+    return Piece{.above = 14,
+                 .height = height,
+                 .drawing = [link = *link, words, height, quiet, beside](PDFCanvas& canvas, const Rect& at) {
+                     QRCode::draw(canvas, link, at.x - quiet, at.y, codeSide);
+                     Column placed = words;
+                     placed.x = at.x + beside;
+                     placed.draw(canvas, at.y + std::max(4.0, (height - words.height()) / 2));
+                 }};
 }
 
 }  // namespace

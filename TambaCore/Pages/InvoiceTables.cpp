@@ -74,7 +74,8 @@ std::vector<Field> lineFields(const Subject& subject) {
     const bool foreign = document.currency != library.business.homeCurrency;
     const auto taxes = InvoiceTexts::taxes(library, document);
     const std::string taxName = taxes.size() == 1 ? taxes[0].name : "GST";
-    Field item{.title = "Item", .align = Align::left}, hsn{.title = "HSN/SAC", .align = Align::left, .most = 56},
+    Field item{.title = "Item", .align = Align::left},
+        hsn{.title = isIndia(library.business.regime) ? "HSN/SAC" : "Code", .align = Align::left, .most = 56},
         quantity{.title = "Qty", .least = 36, .most = 76}, price{.title = "Rate", .least = 44, .most = width},
         discount{.title = "Discount", .most = 48}, tax{.title = taxName, .least = 24, .most = 56},
         sum{.title = foreign ? "Amount (" + currency.code + ")" : "Amount", .least = 64, .most = width};

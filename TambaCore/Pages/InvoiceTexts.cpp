@@ -77,6 +77,19 @@ void appendPlace(std::string& lines, const Library& library, const PartySnapshot
         appendLine(lines, "State: " + stateLabel(*state));
 }
 
+/// An IBAN as ISO 13616 prints it.
+std::string inFours(const std::string& text) {
+    std::string grouped;
+    int count = 0;
+    for (const std::string_view character : Text::characters(text)) {
+        if (character == " ") continue;
+        if (count > 0 && count % 4 == 0) grouped += ' ';
+        grouped += character;
+        ++count;
+    }
+    return grouped;
+}
+
 std::string date(Day day) { return day.formatted("d MMM yyyy"); }
 
 }  // namespace
@@ -244,7 +257,7 @@ std::vector<Labelled> bank(const Library& library, const Document& document) {
     // Of no use for a transfer within India, and one more number to mistake for the account's.
     if (!isIndian(library.business.country) || document.currency != Currency::inr().code) {
         add("SWIFT", bank.swift);
-        add("IBAN", bank.iban);
+        add("IBAN", inFours(bank.iban));
     }
     return list;
 }

@@ -130,6 +130,7 @@ void Flow::add(Row row) {
     const double page = area_.bottom - area_.top - reserved_;
     const std::size_t before = begun_;
     for (;;) {
+        if (fresh_ && !entering_) row.above = 0;
         const double room = area_.bottom - reserved_ - y_;
         const double height = row.height();
         if (height <= room) break;
