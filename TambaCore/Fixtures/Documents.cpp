@@ -88,7 +88,7 @@ public:
         document.supply = PlaceOfSupply::supplyType(business.regime, business.supplierState(), document.placeOfSupply,
                                                     client_.country, client_.sez, document.lut);
         document.currency = client_.currency;
-        document.terms = business.terms;
+        if (kind != DocKind::creditNote) document.terms = business.terms;
         document.roundOff = business.roundTotals && client_.currency == "INR";
         if (client_.currency != business.homeCurrency) library_.rates = {{client_.currency, rate_, issued, {}}};
         document.rateMicros = library_.rate(client_.currency).value_or(0);
@@ -160,7 +160,7 @@ std::vector<Sample> regimesAndSupplies() {
     karnataka.client("Terracotta Homes Pvt Ltd", "80 Feet Road, Indiranagar\nBengaluru 560038", "29", "AAFCT7718D");
     karnataka.line("Website design", 1000, 22000000);
     karnataka.line("Illustration", 6000, 450000);
-    karnataka.document().payments = {{karnataka.client().id,
+    karnataka.document().payments = {{UUID::derived(karnataka.client().id, "payment"),
                                       issued.addingDays(9),
                                       26676000,
                                       2470000,
@@ -177,7 +177,7 @@ std::vector<Sample> regimesAndSupplies() {
     all.push_back(dollars.done());
 
     Sheet euros = studio("export-igst-eur");
-    euros.client("Nordlicht Studio GmbH", "Große Elbstraße 9\n22767 Hamburg", std::nullopt, "DE811907980", "DE", "EUR");
+    euros.client("Nordlicht Studio GmbH", "Große Elbstraße 9\n22767 Hamburg", std::nullopt, "DE999000451", "DE", "EUR");
     euros.rate(90'123'400).line("Type design", 1000, 123456);
     all.push_back(euros.done());
 
@@ -220,9 +220,10 @@ std::vector<Sample> regimesAndSupplies() {
     abroad.homeCurrency = "KWD";
     abroad.taxName = "VAT";
     abroad.taxIDLabel = "VAT no.";
-    abroad.taxID = "310122393500003";
+    abroad.taxID = "300451200078003";
+    abroad.bank.ifsc.clear();
     abroad.bank.swift = "GODSKWKW";
-    abroad.bank.iban = "KW81CBKU0000000000001234560101";
+    abroad.bank.iban = "KW12GODS0000000000004512000780";
     kuwait.client("Pearl Harbour Cafés", "Gulf Road", std::nullopt, "", "KW", "KWD");
     kuwait.line("Menu design", 1500, 1000500, 500);
     all.push_back(kuwait.done());
