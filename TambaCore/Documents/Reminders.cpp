@@ -1,5 +1,6 @@
 #include "TambaCore/Documents/Reminders.h"
 
+#include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/MailText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Books.h"
@@ -76,12 +77,14 @@ std::string waysToPay(const Subject& subject) {
     std::string text;
     if (!bank.isEmpty()) {
         text += "By bank transfer:\n";
-        const std::pair<const char*, const std::string&> rows[] = {{"Account name", bank.accountName},
-                                                                   {"Account number", bank.accountNumber},
-                                                                   {"Bank", bank.bankName},
-                                                                   {"IFSC", bank.ifsc},
-                                                                   {"SWIFT", bank.swift},
-                                                                   {"IBAN", bank.iban}};
+        // A client who pays in rupees has no use for the code of transfers from abroad.
+        const bool fromAbroad = subject.document.currency != Currency::inr().code;
+        const std::pair<const char*, std::string> rows[] = {{"Account name", bank.accountName},
+                                                            {"Account number", bank.accountNumber},
+                                                            {"Bank", bank.bankName},
+                                                            {"IFSC", bank.ifsc},
+                                                            {"SWIFT", fromAbroad ? bank.swift : ""},
+                                                            {"IBAN", bank.iban}};
         for (const auto& [label, value] : rows)
             if (!value.empty()) text += std::string("  ") + label + ": " + value + "\n";
         text += "  Reference: " + subject.number + "\n\n";
@@ -95,8 +98,8 @@ std::string waysToPay(const Subject& subject) {
 std::string account(const Subject& subject) {
     std::int64_t received = 0, deducted = 0;
     for (const Payment& payment : subject.document.payments) {
-        received += payment.amount;
-        deducted += payment.tds;
+        received = Checked::add(received, payment.amount);
+        deducted = Checked::add(deducted, payment.tds);
     }
     std::string text = "Invoice: " + subject.number + " of " + subject.date + "\n";
     if (!subject.document.reference.empty()) text += "Your reference: " + subject.document.reference + "\n";

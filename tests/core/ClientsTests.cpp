@@ -8,19 +8,6 @@ using testing::aLibrary;
 using testing::anExpense;
 using testing::anInvoice;
 
-TEST(Clients, arePutInPlaceOfTheOnesWithTheirID) {
-    const Library before = aLibrary();
-    Client client = before.clients[0];
-    client.name = "Saffron Labs LLP";
-    EXPECT_EQ(Clients::put(before, client).clients, (List<Client>{client}));
-    EXPECT_EQ(Clients::put(before, Client::make("New")).clients.size(), 2U);
-    EXPECT_EQ(Clients::put(before, Project::make("New", {})).projects.size(), 2U);
-    CatalogItem item = before.items[0];
-    item.priceMinor = 5;
-    EXPECT_EQ(Clients::put(before, item).items, (List<CatalogItem>{item}));
-    EXPECT_TRUE(Clients::removeItem(before, item.id).items.empty());
-}
-
 TEST(Clients, areNotRemovedWhileOthersReferToThem) {
     Library library = aLibrary();
     const UUID client = library.clients[0].id, project = library.projects[0].id;

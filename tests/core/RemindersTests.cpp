@@ -22,6 +22,7 @@ Library aBook() {
     business.upiID = "tamarind@okbank";
     business.bank.accountNumber = "000451200078";
     business.bank.ifsc = "GODS0000451";
+    business.bank.swift = "GODSINAA451";
     library.clients.update(0, [](Client& client) {
         client.contact = "Ravi Kale";
         client.email = "ravi@saffron.example";
@@ -68,6 +69,15 @@ Kind regards
 Asha Rao
 Studio Tamarind
 )");
+}
+
+TEST(Reminders, tellClientsAbroadTheSWIFTCodeAndNoUPILink) {
+    const Library library = aBook();
+    Document invoice = invoiceOf(library);
+    invoice.currency = "USD";
+    const std::string body = Reminders::reminder(library, invoice, today).body;
+    EXPECT_NE(body.find("  SWIFT: GODSINAA451\n"), std::string::npos) << body;
+    EXPECT_EQ(body.find("upi:"), std::string::npos) << body;
 }
 
 TEST(Reminders, speakMoreFirmlyEachTime) {
