@@ -11,19 +11,6 @@
 /// What people type, as records and figures of the books. Each refuses, with a sentence, what it cannot make sense of.
 namespace tamba::cli {
 
-/// The record that carries this name, case and blanks at the ends ignored; else refuses with the names there are.
-template <class Record>
-[[nodiscard]] const Record& named(const List<Record>& list, std::string_view name, std::string_view what) {
-    const std::string wanted = Text::lower(Text::trim(name));
-    std::vector<std::string> names;
-    for (const Record& record : list) {
-        if (Text::lower(Text::trim(record.name)) == wanted) return record;
-        names.push_back(record.name);
-    }
-    throw Refusal("There is no " + std::string(what) + " “" + std::string(name) + "” in these books." +
-                  (names.empty() ? "" : " There are: " + Text::join(names, ", ") + "."));
-}
-
 /// The one record of a list whose id begins with what was typed; null when there is none, refused when there are
 /// several.
 template <class Records>
@@ -40,6 +27,21 @@ template <class Records>
         found = &record;
     }
     return found;
+}
+
+/// The record that carries this name, case and blanks at the ends ignored, else the one whose id begins so; refuses
+/// with the names there are.
+template <class Record>
+[[nodiscard]] const Record& named(const List<Record>& list, std::string_view name, std::string_view what) {
+    const std::string wanted = Text::lower(Text::trim(name));
+    std::vector<std::string> names;
+    for (const Record& record : list) {
+        if (Text::lower(Text::trim(record.name)) == wanted) return record;
+        names.push_back(record.name);
+    }
+    if (const Record* byID = withID(list, name, what)) return *byID;
+    throw Refusal("There is no " + std::string(what) + " “" + std::string(name) + "” in these books." +
+                  (names.empty() ? "" : " There are: " + Text::join(names, ", ") + "."));
 }
 
 /// By its number, case ignored, or the beginning of its ID; “draft” is the only draft.

@@ -12,16 +12,6 @@
 namespace tamba::cli {
 namespace {
 
-/// By name; where no name is the same, by the beginning of the ID.
-template <class Record>
-const Record& recordOf(const List<Record>& list, const std::string& typed, std::string_view what) {
-    const std::string wanted = Text::lower(Text::trim(typed));
-    const bool isName = std::any_of(
-        list.begin(), list.end(), [&](const Record& record) { return Text::lower(Text::trim(record.name)) == wanted; });
-    const Record* byID = isName ? nullptr : withID(list, typed, what);
-    return byID ? *byID : named(list, typed, what);
-}
-
 /// Refuses a name that is empty or that another record of the list has.
 template <class Record>
 void needFreeName(const List<Record>& list, const Record& record, const std::string& what) {
@@ -222,19 +212,19 @@ int addClient(const Context& context, const ClientEntry& entry) {
 int showClient(const Context& context, const std::string& typed) {
     const LibrarySession session(context.folder, LibrarySession::Access::read);
     const Library& library = existing(session);
-    printClient(context, library, recordOf(library.clients, typed, "client").id);
+    printClient(context, library, named(library.clients, typed, "client").id);
     return 0;
 }
 
 int editClient(const Context& context, const std::string& typed, const ClientEntry& entry) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
-    return saveClient(context, session, withEntry(recordOf(existing(session).clients, typed, "client"), entry));
+    return saveClient(context, session, withEntry(named(existing(session).clients, typed, "client"), entry));
 }
 
 int archiveClient(const Context& context, const std::string& typed, bool archive) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
     const Library& library = existing(session);
-    const UUID id = recordOf(library.clients, typed, "client").id;
+    const UUID id = named(library.clients, typed, "client").id;
     printClient(context, save(session, Clients::setClientArchived(library, id, archive)), id);
     return 0;
 }
@@ -242,7 +232,7 @@ int archiveClient(const Context& context, const std::string& typed, bool archive
 int deleteClient(const Context& context, const std::string& typed) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
     const Library& library = existing(session);
-    const Client client = recordOf(library.clients, typed, "client");
+    const Client client = named(library.clients, typed, "client");
     save(session, Clients::removeClient(library, client.id));
     printDeleted(context, client.id, client.name);
     return 0;
@@ -261,7 +251,7 @@ int addProject(const Context& context, const std::string& name, const std::strin
     const Library& library = existing(session);
     const Project project =
         Project::make(std::string(Text::trim(name)),
-                      client.empty() ? std::nullopt : std::optional(recordOf(library.clients, client, "client").id));
+                      client.empty() ? std::nullopt : std::optional(named(library.clients, client, "client").id));
     needFreeName(library.projects, project, "project");
     return saveProject(context, session, Clients::put(library, project), project);
 }
@@ -269,7 +259,7 @@ int addProject(const Context& context, const std::string& name, const std::strin
 int archiveProject(const Context& context, const std::string& typed, bool archive) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
     const Library& library = existing(session);
-    Project project = recordOf(library.projects, typed, "project");
+    Project project = named(library.projects, typed, "project");
     project.archived = archive;
     return saveProject(context, session, Clients::setProjectArchived(library, project.id, archive), project);
 }
@@ -293,13 +283,13 @@ int addItem(const Context& context, const ItemEntry& entry) {
 int editItem(const Context& context, const std::string& typed, const ItemEntry& entry) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
     const Library& library = existing(session);
-    return saveItem(context, session, withEntry(library, recordOf(library.items, typed, "item"), entry));
+    return saveItem(context, session, withEntry(library, named(library.items, typed, "item"), entry));
 }
 
 int deleteItem(const Context& context, const std::string& typed) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
     const Library& library = existing(session);
-    const CatalogItem item = recordOf(library.items, typed, "item");
+    const CatalogItem item = named(library.items, typed, "item");
     save(session, Clients::removeItem(library, item.id));
     printDeleted(context, item.id, item.name);
     return 0;

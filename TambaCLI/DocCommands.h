@@ -89,11 +89,8 @@ int listReminders(const Context& context);
 
 /// As frozen on the document, else as the client is called today; empty without one.
 [[nodiscard]] std::string clientName(const Library& library, const Document& document);
-/// What `doc show` prints.
-[[nodiscard]] std::string documentDetails(const Context& context, const Library& library, const Document& document);
-/// A document's record with what follows from it: totals, paid, tds, credited, balance, status, daysLate.
-[[nodiscard]] std::string documentJSON(const Context& context, const Library& library, const Document& document);
-/// Prints one or the other.
+/// Prints a document, or with --json its record and what follows from it: totals, paid, tds, credited, balance, status,
+/// daysLate.
 void printDocument(const Context& context, const Library& library, const UUID& document);
 /// The same in one line for people: number, client, total, how it stands.
 void printStanding(const Context& context, const Library& library, const UUID& document);

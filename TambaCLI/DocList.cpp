@@ -127,8 +127,14 @@ const Document& present(const Library& library, const UUID& id) {
     return *document;
 }
 
-std::vector<const Document*> filtered(const Context& context, const Library& library, const DocFilter& filter) {
-    const Books::Standings standings(library, context.today);
+/// How it stands, also where its figures are beyond belief.
+DocStatus statusOf(const Context& context, const Library& library, const Document& document,
+                   const std::optional<Books::Standing>& standing) {
+    return standing ? standing->status : Books::status(library, document, context.today);
+}
+
+std::vector<const Document*> filtered(const Context& context, const Library& library, const DocFilter& filter,
+                                      const Books::Standings& standings) {
     const std::string client = Text::lower(Text::trim(filter.client));
     std::vector<const Document*> found;
     for (const Document& document : library.documents) {
@@ -136,7 +142,7 @@ std::vector<const Document*> filtered(const Context& context, const Library& lib
         if ((filter.from && document.issueDate < *filter.from) || (filter.to && *filter.to < document.issueDate))
             continue;
         if (!Text::contains(Text::lower(clientName(library, document)), client)) continue;
-        if (filter.status && Books::status(library, document, context.today) != *filter.status) continue;
+        if (filter.status && statusOf(context, library, document, standings.of(document)) != *filter.status) continue;
         found.push_back(&document);
     }
     std::stable_sort(found.begin(), found.end(),
@@ -144,17 +150,11 @@ std::vector<const Document*> filtered(const Context& context, const Library& lib
     return found;
 }
 
-}  // namespace
-
-std::string clientName(const Library& library, const Document& document) {
-    if (document.billTo) return document.billTo->name;
-    const Client* client = document.clientID ? library.client(*document.clientID) : nullptr;
-    return client ? client->name : "";
-}
-
-std::string documentDetails(const Context& context, const Library& library, const Document& document) {
-    const auto standing = Books::Standings(library, context.today).of(document);
-    const DocStatus status = Books::status(library, document, context.today);
+/// What `doc show` prints.
+std::string documentDetails(const Context& context, const Library& library, const Document& document,
+                            const Books::Standings& standings) {
+    const auto standing = standings.of(document);
+    const DocStatus status = statusOf(context, library, document, standing);
     const Currency currency = Currency::of(document.currency);
     std::string text = details(heading(library, document, status, standing ? standing->daysLate : 0));
     if (standing && !document.lines.empty()) text += "\n" + linesTable(document, standing->totals, currency) + "\n";
@@ -166,12 +166,15 @@ std::string documentDetails(const Context& context, const Library& library, cons
     return text + details(lines);
 }
 
-std::string documentJSON(const Context& context, const Library& library, const Document& document) {
+/// The record and what follows from it.
+std::string documentJSON(const Context& context, const Library& library, const Document& document,
+                         const Books::Standings& standings) {
     const std::string record = ModelsJSON::json(document);
     JSON object = JSON::object();
     object.item(std::string_view(record).substr(1, record.size() - 2));
     const auto split = [](const TaxSplit& tax) { return ModelsJSON::json(tax); };
-    if (const auto standing = Books::Standings(library, context.today).of(document)) {
+    const auto standing = standings.of(document);
+    if (standing) {
         const DocTotals& totals = standing->totals;
         JSON lines = JSON::array();
         for (const LineTotals& line : totals.lines)
@@ -212,21 +215,30 @@ std::string documentJSON(const Context& context, const Library& library, const D
             .add("balance", standing->balance)
             .add("daysLate", standing->daysLate);
     }
-    return object.add("status", word(Books::status(library, document, context.today))).text();
+    return object.add("status", word(statusOf(context, library, document, standing))).text();
+}
+
+}  // namespace
+
+std::string clientName(const Library& library, const Document& document) {
+    if (document.billTo) return document.billTo->name;
+    const Client* client = document.clientID ? library.client(*document.clientID) : nullptr;
+    return client ? client->name : "";
 }
 
 void printStanding(const Context& context, const Library& library, const UUID& id) {
     const Document& document = present(library, id);
+    const Books::Standings standings(library, context.today);
     if (context.json) {
-        std::cout << documentJSON(context, library, document) << "\n";
+        std::cout << documentJSON(context, library, document, standings) << "\n";
         return;
     }
     const Currency currency = Currency::of(document.currency);
-    const auto standing = Books::Standings(library, context.today).of(document);
+    const auto standing = standings.of(document);
     std::cout << Books::title(document.kind) << " " << oneLine(document.displayNumber()) << " for "
               << oneLine(clientName(library, document));
     if (standing) std::cout << ", " << MoneyFormat::string(standing->totals.total, currency);
-    std::cout << ": " << Text::lower(Books::title(Books::status(library, document, context.today)));
+    std::cout << ": " << Text::lower(Books::title(statusOf(context, library, document, standing)));
     if (standing && standing->daysLate > 0)
         std::cout << " for " << counted(static_cast<std::size_t>(standing->daysLate), "day", "days");
     if (standing && standing->balance != 0)
@@ -237,10 +249,11 @@ void printStanding(const Context& context, const Library& library, const UUID& i
 
 void printDocument(const Context& context, const Library& library, const UUID& id) {
     const Document& document = present(library, id);
+    const Books::Standings standings(library, context.today);
     if (context.json)
-        std::cout << documentJSON(context, library, document) << "\n";
+        std::cout << documentJSON(context, library, document, standings) << "\n";
     else
-        std::cout << documentDetails(context, library, document);
+        std::cout << documentDetails(context, library, document, standings);
 }
 
 int listDocuments(const Context& context, const DocFilter& filter) {
@@ -248,7 +261,7 @@ int listDocuments(const Context& context, const DocFilter& filter) {
     const Library& library = existing(session);
     const Currency home = library.home();
     const Books::Standings standings(library, context.today);
-    const auto found = filtered(context, library, filter);
+    const auto found = filtered(context, library, filter, standings);
 
     std::int64_t owed = 0;
     std::size_t leftOut = 0;
@@ -262,7 +275,7 @@ int listDocuments(const Context& context, const DocFilter& filter) {
     }
     if (context.json) {
         JSON records = JSON::array();
-        for (const Document* document : found) records.item(documentJSON(context, library, *document));
+        for (const Document* document : found) records.item(documentJSON(context, library, *document, standings));
         std::cout << JSON::object()
                          .add("documents", records)
                          .add("owed", owed)
@@ -294,7 +307,7 @@ int listDocuments(const Context& context, const DocFilter& filter) {
                    clientName(library, *document),
                    standing ? MoneyFormat::string(standing->totals.total, currency) : "?",
                    standing && standing->balance != 0 ? MoneyFormat::string(standing->balance, currency) : "",
-                   std::string(Books::title(Books::status(library, *document, context.today)))});
+                   std::string(Books::title(statusOf(context, library, *document, standing)))});
     }
     std::cout << table.text() << "\n"
               << counted(found.size(), "document", "documents") << ", " << MoneyFormat::string(owed, home) << " owed.";

@@ -72,7 +72,10 @@ int writeMail(const Context& context, const PageOptions& options) {
     if (options.sent)
         save(session, options.reminder ? Reminders::recordReminder(library, document.id, context.today)
                                        : Books::markSent(library, document.id, context.today));
-    if (!options.output.empty() && options.output != "-")
+    if (options.output.empty() || options.output == "-") return 0;
+    if (context.json)
+        std::cout << JSON::object().add("file", options.output).add("to", draft.to).text() << "\n";
+    else
         std::cout << "Wrote " << oneLine(options.output)
                   << (draft.to.empty() ? ". It has no address yet." : " to " + draft.to + ".") << "\n";
     return 0;

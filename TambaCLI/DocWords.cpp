@@ -33,9 +33,12 @@ void addEntry(CLI::App* app, DocEntry& entry) {
     addText(app, "--reference", entry.reference, "The client’s order number");
     addText(app, "--notes", entry.notes, "Notes on the page");
     addText(app, "--terms", entry.terms, "Terms on the page");
-    addTexts(app, "--line", entry.lines,
-             "A line, once for each: \"name=Design, qty=12.5, unit=day, price=2400, discount=10, tax=18, hsn=998391\"; "
-             "price takes a sum such as 3*1200, only the name is needed");
+    addTexts(app, "--line", entry.lines, "A line, as below; once for each");
+    app->footer(
+        "A line is its name and what else is known of it, such as\n"
+        "  --line \"Design, qty=12.5, unit=day, price=2400, discount=10, tax=18, hsn=998391\"\n"
+        "It may also have detail=, a text below the name. A price takes a sum such as 3*1200.\n"
+        "What is left out: one unit, no price, no discount, the usual tax rate.");
     addTexts(app, "--item", entry.items, "A line from the catalogue");
     app->add_flag("--bill-expenses", entry.billExpenses, "A line for each expense to be billed on to this client");
 }
@@ -53,7 +56,7 @@ void addDrafting(CLI::App* doc, Command& c) {
     addNumber(edit, number);
     addEntry(edit, change);
     addTexts(edit, "--change", change.changed, "Change a line: \"2: price=2600, qty=3\"");
-    edit->add_option("--drop", change.dropped, "Take the line with this number out");
+    edit->add_option("--drop", change.dropped, "Take the line with this number out")->allow_extra_args(false);
 
     auto* remove = c.add(doc, "delete", "Delete a draft", [&](const Context& x) { return deleteDocument(x, number); });
     addNumber(remove, number);
@@ -67,7 +70,8 @@ void addDrafting(CLI::App* doc, Command& c) {
     addNumber(note, credit.document);
     addText(note, "--reason", credit.reason, "Why");
     addDay(note, "--date", credit.date, "Its date (today)");
-    addTexts(note, "--line", credit.lines, "Credit these lines instead, written as for doc new");
+    addTexts(note, "--line", credit.lines,
+             "Credit this line instead, written as for doc new; rate and code are those of the invoice");
     note->add_flag("--issue", credit.issue, "Issue it at once");
 }
 

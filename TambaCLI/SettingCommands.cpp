@@ -113,9 +113,7 @@ const NumberSeries& seriesOf(const Library& library, const std::string& typed) {
         if (kindWord(series.kind) == wanted) found.push_back(&series);
     if (found.size() > 1)
         throw Refusal("There are several series of that kind. Give the name of one or the beginning of its ID.");
-    if (!found.empty()) return *found.front();
-    const NumberSeries* byID = withID(library.series, typed, "series");
-    return byID ? *byID : named(library.series, typed, "series");
+    return found.empty() ? named(library.series, typed, "series") : *found.front();
 }
 
 std::string marked(const Library& library, const NumberSeries& series, Day today) {
