@@ -95,6 +95,7 @@ void apply(QApplication& application, const Colors& colors) {
         {"@warning", colors.warning},
         {"@dangerTint", colors.dangerTint},
         {"@danger", colors.danger},
+        {"@successTint", colors.successTint},
         {"@success", colors.success},
         {"@neutralTint", colors.neutralTint},
     };

@@ -30,7 +30,7 @@ struct ExpenseFilter {
     bool ascending = false;
 };
 
-enum class Tone { none, warning, danger, neutral };
+enum class Tone { none, warning, danger, neutral, good };
 
 struct ExpenseRow {
     UUID id;

@@ -1,20 +1,459 @@
 #include "Tamba/Screens/InvoicesScreen.h"
 
-namespace tamba {
+#include "Tamba/Icons.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Screens/DocumentPane.h"
+#include "Tamba/Style.h"
+#include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/EmptyState.h"
+#include "Tamba/Widgets/Form.h"
+#include "Tamba/Widgets/PeriodPicker.h"
+#include "Tamba/Widgets/RowDelegate.h"
 
-InvoicesScreen::InvoicesScreen(AppModel& model, Prompts& prompts, DocumentActions& actions, QWidget* parent)
-    : QWidget(parent), model_(model), prompts_(prompts), actions_(actions) {
-    setObjectName(QStringLiteral("invoicesScreen"));
-    (void)model_, (void)prompts_, (void)actions_;
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace tamba {
+namespace {
+
+enum Column { number, client, total, status };
+constexpr DocKind kinds[] = {DocKind::invoice, DocKind::estimate, DocKind::creditNote};
+
+QString newTitle(DocKind kind) {
+    switch (kind) {
+        case DocKind::invoice:
+            return QObject::tr("New Invoice");
+        case DocKind::estimate:
+            return QObject::tr("New Estimate");
+        case DocKind::creditNote:
+            break;
+    }
+    return QObject::tr("New Credit Note");
 }
 
-void InvoicesScreen::select(const UUID&) {}
-std::optional<UUID> InvoicesScreen::selected() const { return {}; }
-void InvoicesScreen::showKind(DocKind) {}
-void InvoicesScreen::newDocument() {}
-void InvoicesScreen::focusSearch() { setFocus(Qt::ShortcutFocusReason); }
-void InvoicesScreen::deleteSelected() {}
-void InvoicesScreen::printSelected() {}
-bool InvoicesScreen::isEditing() const { return false; }
+}  // namespace
+
+std::vector<InvoicesScreen::Model::Column> InvoicesScreen::columns() {
+    return {
+        {tr("Number"), Qt::AlignLeft,
+         [](const DocumentRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.number);
+             if (role == RowDelegate::Second) return toQt(row.date);
+             if (role == Qt::AccessibleTextRole) return toQt(row.number + ", " + row.date);
+             return {};
+         }},
+        {tr("Client"), Qt::AlignLeft,
+         [](const DocumentRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return row.client.empty() ? tr("No client") : toQt(row.client);
+             if (role == Qt::ForegroundRole && row.client.empty()) return Colors::current().muted;
+             if (role == RowDelegate::Strong) return !row.client.empty();
+             if (role == RowDelegate::Second) return toQt(row.due);
+             if (role == RowDelegate::SecondTone) return static_cast<int>(row.late ? Tone::danger : Tone::none);
+             if (role == Qt::ToolTipRole) return toQt(row.client);
+             if (role == Qt::AccessibleTextRole) return toQt(row.client + ", " + row.due);
+             return {};
+         }},
+        {tr("Total"), Qt::AlignRight,
+         [](const DocumentRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.total);
+             if (role == RowDelegate::Second) return toQt(row.balance);
+             if (role == Qt::AccessibleTextRole) return toQt(row.total + ", " + row.balance);
+             return {};
+         }},
+        {tr("Status"), Qt::AlignLeft,
+         [](const DocumentRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.status);
+             if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
+             return {};
+         }},
+    };
+}
+
+InvoicesScreen::InvoicesScreen(AppModel& model, Prompts& prompts, DocumentActions& actions, QWidget* parent)
+    : QWidget(parent), model_(model), actions_(actions), rows_(columns()) {
+    setObjectName(QStringLiteral("invoicesScreen"));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(makeHeader());
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(0);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(0);
+    makeTable();
+    empty_ = new EmptyState(this);
+    pages_ = new QStackedWidget(this);
+    pages_->addWidget(table_);
+    pages_->addWidget(empty_);
+    left->addWidget(pages_, 1);
+    left->addWidget(footer_ = makeFooter());
+    columns->addLayout(left, 1);
+    pane_ = new DocumentPane(model_, prompts, actions_, this);
+    columns->addWidget(pane_);
+    rows->addLayout(columns, 1);
+    makeConnections();
+    setTabOrder(kinds_, newDocument_);
+    setTabOrder(newDocument_, search_);
+    setTabOrder(search_, status_);
+    fillStatuses();
+    refresh(Because::filterChanged);
+}
+
+QWidget* InvoicesScreen::makeHeader() {
+    auto* header = new QFrame(this);
+    header->setObjectName(QStringLiteral("screenHeader"));
+    header->setFixedHeight(108);
+    auto* rows = new QVBoxLayout(header);
+    rows->setContentsMargins(20, 12, 16, 12);
+    rows->setSpacing(10);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(8);
+    kinds_ = new QTabBar(header);
+    Controls::name(*kinds_, "documentKinds", tr("Kind of document"));
+    kinds_->setDrawBase(false);
+    kinds_->setExpanding(false);
+    kinds_->setElideMode(Qt::ElideNone);
+    for (const DocKind kind : kinds) kinds_->addTab(toQt(pluralTitle(kind)));
+    newDocument_ = Controls::button({}, "newDocument", Controls::Kind::primary, header);
+    top->addWidget(kinds_, 1, Qt::AlignLeft);
+    top->addWidget(newDocument_);
+    rows->addLayout(top);
+    auto* tools = new QHBoxLayout;
+    tools->setSpacing(12);
+    search_ = new QLineEdit(header);
+    Controls::name(*search_, "documentSearch", tr("Search documents"));
+    search_->setPlaceholderText(tr("Search number, client, amount, lines"));
+    search_->setClearButtonEnabled(true);
+    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    status_ = makeChoice(header);
+    Controls::name(*status_, "statusFilter", tr("Status"));
+    status_->setFixedWidth(168);
+    period_ = new PeriodPicker(model_.today(), 4, header);
+    tools->addWidget(search_, 1);
+    tools->addWidget(status_);
+    tools->addWidget(period_);
+    rows->addLayout(tools);
+    return header;
+}
+
+QWidget* InvoicesScreen::makeFooter() {
+    auto* footer = new QFrame(this);
+    footer->setObjectName(QStringLiteral("footer"));
+    footer->setFixedHeight(40);
+    auto* layout = new QHBoxLayout(footer);
+    layout->setContentsMargins(20, 0, 20, 0);
+    layout->setSpacing(18);
+    count_ = Controls::label({}, "field", footer);
+    leftOut_ = Controls::label({}, "field", footer);
+    leftOut_->setMinimumWidth(0);
+    leftOut_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    due_ = Controls::label({}, "field", footer);
+    due_->setObjectName(QStringLiteral("documentsDue"));
+    total_ = new QLabel(footer);
+    total_->setObjectName(QStringLiteral("documentsTotal"));
+    total_->setFont(Style::textFont(14, QFont::DemiBold));
+    total_->setToolTip(tr("Total of what was issued, in your home currency"));
+    layout->addWidget(count_);
+    layout->addWidget(leftOut_, 1);
+    layout->addWidget(due_);
+    layout->addWidget(total_);
+    return footer;
+}
+
+void InvoicesScreen::makeTable() {
+    table_ = new QTableView(this);
+    Controls::name(*table_, "documents", tr("Documents"));
+    table_->setModel(&rows_);
+    table_->setItemDelegate(new RowDelegate(table_));
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setShowGrid(false);
+    table_->setWordWrap(false);
+    table_->setTabKeyNavigation(false);
+    table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table_->setContextMenuPolicy(Qt::CustomContextMenu);
+    table_->verticalHeader()->hide();
+    table_->verticalHeader()->setMinimumSectionSize(RowDelegate::tallRowHeight);
+    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::tallRowHeight);
+    QHeaderView* header = table_->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicator(Column::number, Qt::DescendingOrder);
+    header->setSectionResizeMode(QHeaderView::Fixed);
+    header->setSectionResizeMode(Column::client, QHeaderView::Stretch);
+    header->setFixedHeight(32);
+    keepSelection(*table_, rows_);
+    table_->installEventFilter(this);
+    connect(header, &QHeaderView::sectionClicked, this, &InvoicesScreen::sortBy);
+    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &InvoicesScreen::selectionChanged);
+    connect(table_, &QWidget::customContextMenuRequested, this, &InvoicesScreen::contextMenu);
+}
+
+void InvoicesScreen::makeConnections() {
+    connect(kinds_, &QTabBar::currentChanged, this, [this](int index) { showKind(kinds[index]); });
+    connect(newDocument_, &QPushButton::clicked, this, &InvoicesScreen::newDocument);
+    connect(search_, &QLineEdit::textChanged, this, [this] { refresh(Because::filterChanged); });
+    connect(period_, &PeriodPicker::chosen, this, [this] { refresh(Because::filterChanged); });
+    connect(status_, &QComboBox::activated, this, [this] { refresh(Because::filterChanged); });
+    connect(empty_, &EmptyState::actionChosen, this, [this] {
+        if (countOf(model_.library(), filter_.kind) > 0) return clearFilters();
+        if (filter_.kind == DocKind::creditNote) return showKind(DocKind::invoice);
+        newDocument();
+    });
+    connect(pane_, &DocumentPane::documentChosen, this, &InvoicesScreen::select);
+    connect(pane_, &DocumentPane::deleteChosen, this, &InvoicesScreen::deleteSelected);
+    connect(pane_, &DocumentPane::noticed, this, &InvoicesScreen::noticed);
+    connect(&actions_, &DocumentActions::documentChosen, this, &InvoicesScreen::select);
+    connect(&model_, &AppModel::changed, this, [this] { refresh(Because::booksChanged); });
+    connect(&model_, &AppModel::opened, this, [this] {
+        pane_->setDocument({});
+        clearFilters();
+        showKind(DocKind::invoice);
+    });
+    // Only while the screen is seen: a hidden widget's shortcut is nobody's.
+    auto* preview = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), this);
+    connect(preview, &QShortcut::activated, pane_, &DocumentPane::togglePreview);
+}
+
+void InvoicesScreen::showKind(DocKind kind) {
+    if (filter_.kind != kind) {
+        filter_.kind = kind;
+        const QScopedValueRollback guard(filling_, true);
+        fillStatuses();
+        pane_->setDocument({});
+    }
+    kinds_->setCurrentIndex(static_cast<int>(std::find(std::begin(kinds), std::end(kinds), kind) - kinds));
+    refresh(Because::filterChanged);
+}
+
+void InvoicesScreen::fillStatuses() {
+    status_->clear();
+    for (const StatusChoice& choice : statusChoices(filter_.kind)) status_->addItem(toQt(choice.title));
+}
+
+void InvoicesScreen::refresh(Because because) {
+    const Library& library = model_.library();
+    period_->setYearStart(library.fyStart());
+    filter_.days = period_->days();
+    filter_.search = toStd(search_->text());
+    filter_.statuses =
+        statusChoices(filter_.kind).at(static_cast<std::size_t>(std::max(0, status_->currentIndex()))).statuses;
+    for (int i = 0; i < 3; ++i) {
+        const std::size_t count = countOf(library, kinds[i]);
+        const QString title = toQt(pluralTitle(kinds[i]));
+        kinds_->setTabText(i, count == 0 ? title : QStringLiteral("%1  %2").arg(title).arg(count));
+    }
+    newDocument_->setText(newTitle(filter_.kind));
+    newDocument_->setAccessibleName(newDocument_->text());
+    newDocument_->setToolTip(tr("%1 (Ctrl+N)").arg(newDocument_->text()));
+    // A credit note begins at the invoice it credits.
+    newDocument_->setVisible(filter_.kind != DocKind::creditNote);
+
+    DocumentTable table = documentTable(library, filter_, model_.today());
+    const bool none = table.rows.empty();
+    {
+        const QScopedValueRollback guard(filling_, true);
+        rows_.setRows(std::move(table.rows));
+        const auto shown = pane_->document();
+        const bool gone = shown && !library.document(*shown);
+        if (shown && rows_.rowOf(*shown))
+            selectIds(*table_, rows_, {*shown});
+        else if (because == Because::filterChanged || gone || !shown) {
+            const int row = gone ? std::clamp(table_->currentIndex().row(), 0, std::max(0, rows_.rowCount() - 1)) : 0;
+            if (none)
+                pane_->setDocument({});
+            else
+                selectIds(*table_, rows_, {rows_.id(row)});
+        }
+    }
+    selectionChanged();
+    count_->setText(toQt(table.count));
+    leftOut_->setText(toQt(table.leftOut));
+    due_->setText(tr("%1 due").arg(toQt(table.due)));
+    due_->setVisible(filter_.kind == DocKind::invoice);
+    total_->setText(toQt(table.total));
+    pages_->setCurrentWidget(none ? static_cast<QWidget*>(empty_) : table_);
+    const bool any = countOf(library, filter_.kind) > 0;
+    footer_->setVisible(any);
+    pane_->setVisible(any);
+    refreshEmptyState();
+    arrange();
+}
+
+void InvoicesScreen::refreshEmptyState() {
+    if (countOf(model_.library(), filter_.kind) > 0)
+        return empty_->set(QStringLiteral("search"), tr("Nothing here"),
+                           tr("No document fits this search, period and status."), tr("Show All"), {});
+    switch (filter_.kind) {
+        case DocKind::invoice:
+            return empty_->set(QStringLiteral("file"), tr("Bill your first client"),
+                               tr("Choose who it is for, type what you did, and the invoice is ready to send."),
+                               tr("New Invoice"), {});
+        case DocKind::estimate:
+            return empty_->set(QStringLiteral("file"), tr("Say what it will cost"),
+                               tr("An estimate that is accepted becomes an invoice with one click."),
+                               tr("New Estimate"), {});
+        case DocKind::creditNote:
+            return empty_->set(QStringLiteral("file"), tr("No credit notes"),
+                               tr("When an invoice was too high, open it and choose Credit: the note is made from it."),
+                               tr("Show Invoices"), {});
+    }
+}
+
+void InvoicesScreen::clearFilters() {
+    const QScopedValueRollback guard(filling_, true);
+    search_->clear();
+    status_->setCurrentIndex(0);
+    period_->choose(Span::all, model_.today());
+    refresh(Because::filterChanged);
+}
+
+void InvoicesScreen::selectionChanged() {
+    if (filling_) return;
+    const auto ids = selectedIds(*table_, rows_);
+    // A document that has left the list while it is worked on stays where it is.
+    if (!ids.empty()) pane_->setDocument(ids.front());
+}
+
+void InvoicesScreen::select(const UUID& document) {
+    const Document* wanted = model_.library().document(document);
+    if (!wanted) return;
+    if (filter_.kind != wanted->kind) showKind(wanted->kind);
+    if (!rows_.rowOf(document)) clearFilters();
+    selectIds(*table_, rows_, {document});
+    pane_->setDocument(document);
+}
+
+std::optional<UUID> InvoicesScreen::selected() const { return pane_->document(); }
+
+void InvoicesScreen::newDocument() {
+    if (filter_.kind == DocKind::creditNote) {
+        emit noticed(tr("A credit note begins at its invoice: open it and choose Credit."));
+        return;
+    }
+    pane_->commit();
+    const auto before = pane_->document();
+    actions_.create(filter_.kind);
+    if (pane_->document() != before) pane_->focusEditor();
+}
+
+void InvoicesScreen::deleteSelected() {
+    const auto id = pane_->document();
+    const Document* document = id ? model_.library().document(*id) : nullptr;
+    if (!document) return;
+    if (document->state != DocState::draft) {
+        emit noticed(toQt(std::string_view(BooksError(BooksError::Code::issuedCannotDelete).what())));
+        return;
+    }
+    const QString kind = toQt(Books::title(document->kind));
+    const bool done = model_.perform(
+        tr("Delete Draft"), [id = *id](Library library, Day) { return Books::deleteDraft(std::move(library), id); });
+    if (done) emit removed(tr("Draft %1 deleted").arg(kind.toLower()));
+}
+
+void InvoicesScreen::printSelected() { pane_->run(DocumentActions::Action::print); }
+
+void InvoicesScreen::focusSearch() {
+    search_->setFocus(Qt::ShortcutFocusReason);
+    search_->selectAll();
+}
+
+bool InvoicesScreen::isEditing() const { return pane_->isAncestorOf(focusWidget()) && pane_->hasUnsavedText(); }
+
+void InvoicesScreen::sortBy(int column) {
+    static constexpr DocumentOrder orders[] = {DocumentOrder::date, DocumentOrder::client, DocumentOrder::total,
+                                               DocumentOrder::status};
+    const DocumentOrder order = orders[column];
+    // Figures and dates begin with the largest, words with A.
+    const bool figures = order == DocumentOrder::date || order == DocumentOrder::total;
+    filter_.ascending = order == filter_.order ? !filter_.ascending : !figures;
+    filter_.order = order;
+    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    refresh(Because::booksChanged);
+}
+
+void InvoicesScreen::contextMenu(const QPoint& at) {
+    const auto id = pane_->document();
+    const Document* document = id ? model_.library().document(*id) : nullptr;
+    if (!document || selectedIds(*table_, rows_).empty()) return;
+    QMenu menu(this);
+    for (const auto action : DocumentActions::offered(model_.library(), *document, model_.today()))
+        menu.addAction(Icons::icon(DocumentActions::icon(action), &Colors::muted), DocumentActions::title(action), this,
+                       [this, action] { pane_->run(action); });
+    menu.exec(table_->viewport()->mapToGlobal(at));
+}
+
+bool InvoicesScreen::eventFilter(QObject* watched, QEvent* event) {
+    // Before anything is saved for the last time.
+    if (watched == watched_ && event->type() == QEvent::Close) pane_->commit();
+    if (watched == table_ && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
+            deleteSelected();
+            return true;
+        }
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            pane_->focusEditor();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void InvoicesScreen::showEvent(QShowEvent*) {
+    if (watched_ == window()) return;
+    if (watched_) watched_->removeEventFilter(this);
+    watched_ = window();
+    watched_->installEventFilter(this);
+}
+
+void InvoicesScreen::hideEvent(QHideEvent*) { pane_->commit(); }
+
+void InvoicesScreen::resizeEvent(QResizeEvent*) { arrange(); }
+
+void InvoicesScreen::arrange() {
+    pane_->setFixedWidth(std::clamp(width() * 64 / 100, 480, 900));
+    const int room = width() - (pane_->isHidden() ? 0 : pane_->width());
+    // What gives way first where the client's name would get too little room.
+    struct Step {
+        Column column;
+        int width;
+    };
+    static constexpr Step widths[] = {{Column::number, 124}, {Column::total, 128}, {Column::status, 104}};
+    static constexpr Step steps[] = {{Column::status, 40}, {Column::number, 0}, {Column::total, 116}};
+    int taken = 0;
+    for (const auto& [column, width] : widths) {
+        table_->setColumnHidden(column, false);
+        table_->setColumnWidth(column, width);
+        taken += width;
+    }
+    for (const auto& [column, width] : steps) {
+        if (room - taken >= 112) break;
+        taken -= table_->columnWidth(column) - width;
+        if (width > 0)
+            table_->setColumnWidth(column, width);
+        else
+            table_->setColumnHidden(column, true);
+    }
+    // A glyph needs no title.
+    rows_.setTitle(Column::status, table_->columnWidth(Column::status) < 60 ? QString() : tr("Status"));
+    count_->setVisible(room >= 420);
+    leftOut_->setVisible(room >= 360);
+}
 
 }  // namespace tamba

@@ -3,12 +3,28 @@
 #include "Tamba/AppModel.h"
 #include "Tamba/DocumentActions.h"
 #include "Tamba/Prompts.h"
+#include "Tamba/Rows/DocumentRows.h"
+#include "Tamba/RowsModel.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <optional>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStackedWidget;
+class QTabBar;
+class QTableView;
 
 namespace tamba {
+
+class DocumentPane;
+class EmptyState;
+class PeriodPicker;
 
 /// Invoices, estimates and credit notes as three tabs: the list on the left, on the right the document itself. A draft
 /// is edited in place, what was issued is shown as the page it is.
@@ -36,10 +52,50 @@ signals:
     void removed(const QString& what);
     void noticed(const QString& sentence);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    using Model = RowsModel<DocumentRow>;
+    /// What was changed decides whether the document on the right gives way to one of the list.
+    enum class Because { booksChanged, filterChanged };
+    [[nodiscard]] static std::vector<Model::Column> columns();
+    QWidget* makeHeader();
+    QWidget* makeFooter();
+    void makeTable();
+    void makeConnections();
+    void refresh(Because because);
+    void refreshEmptyState();
+    void fillStatuses();
+    void selectionChanged();
+    void arrange();
+    void sortBy(int column);
+    void contextMenu(const QPoint& at);
+    void clearFilters();
+
     AppModel& model_;
-    Prompts& prompts_;
     DocumentActions& actions_;
+    DocumentFilter filter_;
+    Model rows_;
+    bool filling_ = false;
+    QPointer<QWidget> watched_;  // the window whose closing takes what is being typed
+    QTabBar* kinds_;
+    QPushButton* newDocument_;
+    QLineEdit* search_;
+    QComboBox* status_;
+    PeriodPicker* period_;
+    QStackedWidget* pages_;
+    QTableView* table_;
+    EmptyState* empty_;
+    QWidget* footer_;
+    QLabel* count_;
+    QLabel* leftOut_;
+    QLabel* due_;
+    QLabel* total_;
+    DocumentPane* pane_;
 };
 
 }  // namespace tamba

@@ -3,7 +3,6 @@
 #include "Tamba/Icons.h"
 #include "Tamba/Style.h"
 
-#include <QLineEdit>
 #include <QStyle>
 
 namespace tamba::Controls {
@@ -56,7 +55,7 @@ QString wrapped(const QString& text, const QLabel& label, int width) {
     return result + line;
 }
 
-void markProblem(QLineEdit& field, const QString& sentence) {
+void markProblem(QWidget& field, const QString& sentence) {
     field.setToolTip(sentence);
     field.setAccessibleDescription(sentence);
     const bool problem = !sentence.isEmpty();

@@ -7,8 +7,6 @@
 #include <QString>
 #include <QToolButton>
 
-class QLineEdit;
-
 /// Small controls in the product's manner, each with a name for tests and one for screen readers.
 namespace tamba::Controls {
 
@@ -25,6 +23,6 @@ void name(QWidget& widget, const char* name, const QString& accessible);
 /// height.
 [[nodiscard]] QString wrapped(const QString& text, const QLabel& label, int width);
 /// Marks a field whose content is refused, with the sentence as its tool tip.
-void markProblem(QLineEdit& field, const QString& sentence);
+void markProblem(QWidget& field, const QString& sentence);
 
 }  // namespace tamba::Controls

@@ -16,10 +16,13 @@ void paintPill(QPainter& painter, const QRectF& cell, const QString& text, Tone 
     const QRectF box(cell.left() + 10, cell.center().y() - 10, std::min(wide, cell.width() - 14), 20);
     const auto [ink, tint] = tone == Tone::warning  ? std::pair(colors.warning, colors.warningTint)
                              : tone == Tone::danger ? std::pair(colors.danger, colors.dangerTint)
+                             : tone == Tone::good   ? std::pair(colors.success, colors.successTint)
                                                     : std::pair(colors.muted, colors.neutralTint);
     painter.setRenderHint(QPainter::Antialiasing);
     if (cell.width() < 60) {
-        const QString glyph = tone == Tone::neutral ? QStringLiteral("category-none") : QStringLiteral("alert");
+        const QString glyph = tone == Tone::neutral ? QStringLiteral("category-none")
+                              : tone == Tone::good  ? QStringLiteral("done")
+                                                    : QStringLiteral("alert");
         return Icons::paint(painter, QRectF(cell.left() + 12, cell.center().y() - 8.5, 17, 17), glyph, ink);
     }
     painter.setPen(Qt::NoPen);
@@ -65,6 +68,20 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     const auto ink = index.data(Qt::ForegroundRole).value<QColor>();
     painter->setPen(ink.isValid() ? ink : colors.text);
     const auto alignment = static_cast<Qt::Alignment>(index.data(Qt::TextAlignmentRole).toInt());
+    if (const QVariant second = index.data(Second); second.isValid()) {
+        const QRectF below = words.adjusted(0, words.height() / 2 - 1, 0, -7);
+        words.adjust(0, 7, 0, -words.height() / 2);
+        const QFont above = painter->font();
+        const QPen pen = painter->pen();
+        const auto tone = static_cast<Tone>(index.data(SecondTone).toInt());
+        painter->setFont(Style::textFont(11));
+        painter->setPen(tone == Tone::danger ? colors.danger : colors.muted);
+        painter->drawText(
+            below, static_cast<int>(alignment) | Qt::TextSingleLine,
+            painter->fontMetrics().elidedText(second.toString(), Qt::ElideRight, static_cast<int>(below.width())));
+        painter->setFont(above);
+        painter->setPen(pen);
+    }
     painter->drawText(words, static_cast<int>(alignment) | Qt::TextSingleLine,
                       painter->fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(words.width())));
     painter->restore();

@@ -11,8 +11,10 @@ class RowDelegate : public QStyledItemDelegate {
 
 public:
     /// `Glyph`: name of an icon. `GlyphColor`: QColor, else muted. `Pill`: a `Tone` as int. `Strong`: bold.
-    enum Role { Glyph = Qt::UserRole, GlyphColor, Pill, Strong };
+    /// `Second`: a quieter text below the first; `SecondTone`: a `Tone` as int for it.
+    enum Role { Glyph = Qt::UserRole, GlyphColor, Pill, Strong, Second, SecondTone };
     static constexpr int rowHeight = 36;
+    static constexpr int tallRowHeight = 52;  ///< where rows have second texts
 
     using QStyledItemDelegate::QStyledItemDelegate;
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;

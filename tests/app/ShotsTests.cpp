@@ -1,15 +1,20 @@
 #include "Tamba/Icons.h"
 #include "Tamba/Screens/ExpensesScreen.h"
+#include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Sheets/BackupSheet.h"
 #include "Tamba/Sheets/MileageSheet.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/Style.h"
+#include "Tamba/Widgets/DocumentPreview.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/ReceiptView.h"
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Fixtures.h"
 #include "tests/app/Support.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QTableView>
 
 namespace tamba {
@@ -27,12 +32,63 @@ class ShotsTests : public QObject {
         QVERIFY(QTest::qWaitForWindowExposed(&widget));
         for (ReceiptView* view : widget.findChildren<ReceiptView*>())
             if (view->isVisible()) QTRY_VERIFY(view->isLoaded());
+        for (DocumentPreview* view : widget.findChildren<DocumentPreview*>())
+            if (view->isVisible()) QTRY_VERIFY(view->isSettled() && view->pageCount() > 0);
         QCoreApplication::processEvents();
         const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
         QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
     }
 
+    static const Document& documentWith(const Library& library, DocStatus status, Day today) {
+        for (const Document& document : library.documents)
+            if (Books::status(library, document, today) == status) return document;
+        qFatal("no such document");
+    }
+
 private slots:
+    void invoices_data() { pictures_data(); }
+    void invoices() {
+        QFETCH(bool, dark);
+        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
+        QDir().mkpath(folder_);
+        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
+        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        OpenBooks books;
+        TestPrompts prompts;
+        DocumentActions actions(books.model, prompts);
+        InvoicesScreen screen(books.model, prompts, actions);
+        screen.resize(1232, 820);
+        shoot(screen, QStringLiteral("invoices-empty"));
+        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
+        books.model.open(books.path() / "Studio");
+        const auto show = [&](DocStatus status) {
+            screen.select(documentWith(books.model.library(), status, testDay).id);
+        };
+        show(DocStatus::draft);
+        shoot(screen, QStringLiteral("invoices-draft"));
+        screen.resize(752, 580);
+        shoot(screen, QStringLiteral("invoices-narrow"));
+        screen.resize(1072, 700);
+        auto& name = *screen.findChild<QWidget*>(QStringLiteral("line1"))->findChild<QLineEdit*>();
+        name.setFocus();
+        QTest::keyClicks(&name, QStringLiteral("i"));
+        shoot(screen, QStringLiteral("invoices-typing"));
+        name.completer()->popup()->hide();
+        QTest::keyClick(&name, Qt::Key_Escape);
+        screen.resize(1232, 820);
+        screen.findChild<QPushButton*>(QStringLiteral("showPreview"))->click();
+        shoot(screen, QStringLiteral("invoices-preview"));
+        show(DocStatus::overdue);
+        shoot(screen, QStringLiteral("invoices-overdue"));
+        show(DocStatus::paid);
+        shoot(screen, QStringLiteral("invoices-paid"));
+        screen.showKind(DocKind::estimate);
+        shoot(screen, QStringLiteral("estimates"));
+        screen.showKind(DocKind::creditNote);
+        shoot(screen, QStringLiteral("credit-notes"));
+        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
+    }
+
     void pictures_data() {
         QTest::addColumn<bool>("dark");
         QTest::newRow("light") << false;

@@ -1,0 +1,352 @@
+#include "Tamba/Rows/DocumentRows.h"
+
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Documents/DocMath.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace tamba {
+namespace {
+
+constexpr std::string_view dayPattern = "d MMM yyyy";
+
+std::string days(std::int64_t count) { return std::to_string(count) + (count == 1 ? " day" : " days"); }
+
+/// One document with what it is compared and searched by.
+struct Entry {
+    const Document* document;
+    std::optional<Books::Standing> standing;  ///< none: figures beyond belief
+    DocStatus status;
+    std::string client;
+    std::int64_t home;  ///< total in the home currency, for ordering by size
+};
+
+std::string totalText(const Entry& entry) {
+    if (!entry.standing) return "Cannot be right";
+    return MoneyFormat::string(entry.standing->totals.total, Currency::of(entry.document->currency));
+}
+
+std::string dueText(const Library& library, const Entry& entry) {
+    const Document& document = *entry.document;
+    const std::string day = document.dueDate.formatted(dayPattern);
+    switch (document.kind) {
+        case DocKind::invoice:
+            if (entry.standing && entry.standing->daysLate > 0) return days(entry.standing->daysLate) + " late";
+            return entry.status == DocStatus::paid || entry.status == DocStatus::void_ ? "" : "Due " + day;
+        case DocKind::estimate:
+            return entry.status == DocStatus::sent || entry.status == DocStatus::draft ? "Valid until " + day : "";
+        case DocKind::creditNote:
+            if (const Document* of = document.linkedID ? library.document(*document.linkedID) : nullptr)
+                return "For " + of->displayNumber();
+            return "";
+    }
+    return "";
+}
+
+std::string balanceText(const Entry& entry) {
+    if (!entry.standing || entry.standing->balance == 0) return "";
+    const Currency currency = Currency::of(entry.document->currency);
+    const std::int64_t balance = entry.standing->balance;
+    if (balance < 0) return MoneyFormat::string(Checked::neg(balance), currency) + " to refund";
+    // A wholly unpaid invoice need not say its total twice.
+    if (balance == entry.standing->totals.total) return "";
+    return MoneyFormat::string(balance, currency) + " due";
+}
+
+DocumentRow rowOf(const Library& library, const Entry& entry) {
+    const Document& document = *entry.document;
+    DocumentRow row;
+    row.id = document.id;
+    row.number = document.displayNumber();
+    row.date = document.issueDate.formatted(dayPattern);
+    row.client = entry.client;
+    row.due = dueText(library, entry);
+    row.total = totalText(entry);
+    row.balance = balanceText(entry);
+    row.status = Books::title(entry.status);
+    row.tone = toneOf(entry.status);
+    row.late = entry.status == DocStatus::overdue;
+    return row;
+}
+
+bool fits(const Entry& entry, const std::vector<std::string>& words) {
+    if (words.empty()) return true;
+    const Document& document = *entry.document;
+    std::string all = document.displayNumber() + '\n' + entry.client + '\n' + document.reference + '\n' +
+                      document.issueDate.formatted(dayPattern) + '\n' + std::string(Books::title(entry.status)) + '\n' +
+                      document.notes + '\n' + totalText(entry);
+    if (entry.standing) all += '\n' + MoneyFormat::plain(entry.standing->totals.total, Currency::of(document.currency));
+    for (const Line& line : document.lines) all += '\n' + line.name + '\n' + line.detail + '\n' + line.hsn;
+    for (const Payment& payment : document.payments) all += '\n' + payment.reference;
+    all = Text::lower(all);
+    return std::all_of(words.begin(), words.end(),
+                       [&all](const std::string& word) { return Text::contains(all, word); });
+}
+
+int compare(const Entry& a, const Entry& b, DocumentOrder order) {
+    const auto sign = [](auto x, auto y) { return x < y ? -1 : y < x ? 1 : 0; };
+    switch (order) {
+        case DocumentOrder::client:
+            return Text::compareForPeople(a.client, b.client);
+        case DocumentOrder::total:
+            return sign(a.home, b.home);
+        case DocumentOrder::status:
+            return sign(a.status, b.status);
+        case DocumentOrder::date:
+            break;
+    }
+    return 0;
+}
+
+void sort(std::vector<Entry>& entries, const DocumentFilter& filter) {
+    std::sort(entries.begin(), entries.end(), [&filter](const Entry& a, const Entry& b) {
+        if (const int order = compare(a, b, filter.order); order != 0) return filter.ascending ? order < 0 : order > 0;
+        // Within equals the latest comes first; of one day the highest number.
+        const bool up = filter.order == DocumentOrder::date && filter.ascending;
+        const auto key = [](const Document& d) {
+            return std::tuple(d.issueDate, d.number.value_or("\xff"), d.createdAt, d.id);
+        };
+        return up ? key(*a.document) < key(*b.document) : key(*b.document) < key(*a.document);
+    });
+}
+
+/// Sums what was issued in the home currency, each amount converted on its own.
+void sum(const Library& library, const std::vector<Entry>& entries, DocumentTable& table) {
+    std::int64_t total = 0, due = 0;
+    std::size_t leftOut = 0;
+    for (const Entry& entry : entries) {
+        if (!entry.document->isIssued()) continue;
+        const auto home = entry.standing ? Books::inHomeCurrency(library, *entry.document, entry.standing->totals.total)
+                                         : std::nullopt;
+        const auto owed =
+            entry.standing ? Books::inHomeCurrency(library, *entry.document, entry.standing->balance) : std::nullopt;
+        const auto newTotal = home ? Checked::tryAdd(total, *home) : std::nullopt;
+        const auto newDue = owed ? Checked::tryAdd(due, *owed) : std::nullopt;
+        if (!newTotal || !newDue) {
+            ++leftOut;
+            continue;
+        }
+        total = *newTotal;
+        due = *newDue;
+    }
+    table.total = MoneyFormat::string(total, library.home());
+    table.due = MoneyFormat::string(due, library.home());
+    if (leftOut > 0) table.leftOut = std::to_string(leftOut) + " left out: no rate";
+}
+
+std::string countText(std::size_t count, DocKind kind) {
+    return std::to_string(count) + ' ' + Text::lower(count == 1 ? Books::title(kind) : pluralTitle(kind));
+}
+
+/// "CGST 9%": the rate stands in the title where all that is taxed has the same.
+std::string taxTitle(std::string_view name, const DocTotals& totals, int share) {
+    std::vector<int> rates;
+    for (const RateGroup& group : totals.byRate)
+        if (group.tax.total() != 0) rates.push_back(group.rateBP);
+    std::string title(name);
+    if (rates.size() == 1 && rates.front() % share == 0) title += ' ' + MoneyFormat::rate(rates.front() / share);
+    return title;
+}
+
+DocumentFact linkTo(const Document& other) {
+    std::string text = std::string(Books::title(other.kind)) + ' ' + other.displayNumber();
+    std::string amount;
+    if (DocMath::isBelievable(other))
+        amount = MoneyFormat::string(DocMath::totals(other).total, Currency::of(other.currency));
+    return {DocumentFact::Kind::link, std::move(text), std::move(amount), other.id};
+}
+
+std::string paymentText(const Payment& payment, const Currency& currency) {
+    std::string text = payment.date.formatted(dayPattern) + " · " + std::string(title(payment.method));
+    if (!payment.reference.empty()) text += " · " + payment.reference;
+    if (payment.tds != 0) text += " · TDS " + MoneyFormat::string(payment.tds, currency);
+    return text;
+}
+
+}  // namespace
+
+const std::vector<StatusChoice>& statusChoices(DocKind kind) {
+    using enum DocStatus;
+    static const std::vector<StatusChoice> invoices{
+        {"All", {}},      {"Drafts", {draft}}, {"Unpaid", {sent, partial, overdue}}, {"Overdue", {overdue}},
+        {"Paid", {paid}}, {"Void", {void_}}};
+    static const std::vector<StatusChoice> estimates{{"All", {}},
+                                                     {"Drafts", {draft}},
+                                                     {"Open", {sent}},
+                                                     {"Accepted", {accepted, converted}},
+                                                     {"Declined or expired", {declined, expired}},
+                                                     {"Void", {void_}}};
+    static const std::vector<StatusChoice> creditNotes{
+        {"All", {}}, {"Drafts", {draft}}, {"Applied", {applied}}, {"Void", {void_}}};
+    switch (kind) {
+        case DocKind::invoice:
+            return invoices;
+        case DocKind::estimate:
+            return estimates;
+        case DocKind::creditNote:
+            break;
+    }
+    return creditNotes;
+}
+
+DocumentTable documentTable(const Library& library, const DocumentFilter& filter, Day today) {
+    std::unordered_map<UUID, const Client*> clients;
+    for (const Client& client : library.clients) clients.emplace(client.id, &client);
+    std::vector<std::string> words;
+    for (const std::string& word : Text::split(Text::lower(Text::trim(filter.search)), ' '))
+        if (!word.empty()) words.push_back(word);
+
+    const Books::Standings standings(library, today);
+    std::vector<Entry> entries;
+    for (const Document& document : library.documents) {
+        if (document.kind != filter.kind) continue;
+        if (filter.days && (document.issueDate < filter.days->from || filter.days->to < document.issueDate)) continue;
+        Entry entry{&document, standings.of(document), DocStatus::draft, {}, 0};
+        entry.status = entry.standing ? entry.standing->status : Books::status(library, document, today);
+        if (!filter.statuses.empty() &&
+            std::find(filter.statuses.begin(), filter.statuses.end(), entry.status) == filter.statuses.end())
+            continue;
+        const auto client = document.clientID ? clients.find(*document.clientID) : clients.end();
+        entry.client = document.billTo ? document.billTo->name : client != clients.end() ? client->second->name : "";
+        if (entry.standing)
+            entry.home = Books::inHomeCurrency(library, document, entry.standing->totals.total).value_or(0);
+        if (fits(entry, words)) entries.push_back(std::move(entry));
+    }
+    sort(entries, filter);
+
+    DocumentTable table;
+    table.rows.reserve(entries.size());
+    for (const Entry& entry : entries) table.rows.push_back(rowOf(library, entry));
+    table.count = countText(entries.size(), filter.kind);
+    sum(library, entries, table);
+    return table;
+}
+
+std::size_t countOf(const Library& library, DocKind kind) {
+    return static_cast<std::size_t>(std::count_if(library.documents.begin(), library.documents.end(),
+                                                  [kind](const Document& d) { return d.kind == kind; }));
+}
+
+std::string_view pluralTitle(DocKind kind) {
+    switch (kind) {
+        case DocKind::invoice:
+            return "Invoices";
+        case DocKind::estimate:
+            return "Estimates";
+        case DocKind::creditNote:
+            break;
+    }
+    return "Credit notes";
+}
+
+Tone toneOf(DocStatus status) {
+    switch (status) {
+        case DocStatus::overdue:
+            return Tone::danger;
+        case DocStatus::partial:
+        case DocStatus::expired:
+            return Tone::warning;
+        case DocStatus::paid:
+        case DocStatus::accepted:
+        case DocStatus::converted:
+        case DocStatus::applied:
+            return Tone::good;
+        case DocStatus::draft:
+        case DocStatus::sent:
+        case DocStatus::void_:
+        case DocStatus::declined:
+            break;
+    }
+    return Tone::neutral;
+}
+
+std::string clientName(const Library& library, const Document& document) {
+    if (document.billTo) return document.billTo->name;
+    const Client* client = document.clientID ? library.client(*document.clientID) : nullptr;
+    return client ? client->name : "";
+}
+
+std::vector<TotalLine> totalLines(const Library& library, const Document& document) {
+    if (!DocMath::isBelievable(document)) return {};
+    const DocTotals totals = DocMath::totals(document);
+    const Currency currency = Currency::of(document.currency);
+    std::vector<TotalLine> lines;
+    const auto add = [&](std::string title, std::int64_t amount) {
+        lines.push_back({std::move(title), MoneyFormat::string(amount, currency)});
+    };
+    const auto addTax = [&](std::string_view name, std::int64_t amount, int share) {
+        if (amount != 0) add(taxTitle(name, totals, share), amount);
+    };
+    const bool plain = totals.discount == 0 && totals.tax.total() == 0 && totals.roundOff == 0;
+    if (!plain) add("Subtotal", totals.subtotal);
+    if (totals.discount != 0) {
+        add("Discount", Checked::neg(totals.discount));
+        if (totals.tax.total() != 0) add("Taxable value", totals.taxable);
+    }
+    const auto place = IndianState::of(document.placeOfSupply);
+    addTax("CGST", totals.tax.cgst, 2);
+    addTax(place && place->utgst ? "UTGST" : "SGST", totals.tax.sgst, 2);
+    addTax("IGST", totals.tax.igst, 1);
+    addTax(library.business.displayTaxName(), totals.tax.other, 1);
+    if (totals.roundOff != 0) add("Round-off", totals.roundOff);
+    add("Total", totals.total);
+    lines.back().strong = true;
+    if (document.currency != library.business.homeCurrency)
+        if (const auto home = Books::inHomeCurrency(library, document, totals.total))
+            lines.push_back({"In " + library.business.homeCurrency, MoneyFormat::string(*home, library.home())});
+    return lines;
+}
+
+std::vector<DocumentFact> documentFacts(const Library& library, const Document& document) {
+    using Kind = DocumentFact::Kind;
+    const Currency currency = Currency::of(document.currency);
+    std::vector<DocumentFact> facts;
+    for (const Payment& payment : document.payments)
+        facts.push_back(
+            {Kind::payment, paymentText(payment, currency), MoneyFormat::string(payment.amount, currency), payment.id});
+    if (const Document* other = document.linkedID ? library.document(*document.linkedID) : nullptr)
+        facts.push_back(linkTo(*other));
+    for (const Document& other : library.documents)
+        if (other.linkedID == document.id) facts.push_back(linkTo(other));
+    const auto note = [&facts](std::string text) { facts.push_back({Kind::note, std::move(text), {}}); };
+    if (document.sentOn) note("Sent on " + document.sentOn->formatted(dayPattern));
+    if (document.remindersSent > 0) {
+        std::string text =
+            document.remindersSent == 1 ? "One reminder" : std::to_string(document.remindersSent) + " reminders";
+        if (document.lastReminder)
+            text += (document.remindersSent == 1 ? ", on " : ", the last on ") +
+                    document.lastReminder->formatted(dayPattern);
+        note(std::move(text));
+    }
+    if (!document.reason.empty()) note((document.state == DocState::void_ ? "Void: " : "Reason: ") + document.reason);
+    return facts;
+}
+
+std::string standingText(const Library& library, const Document& document, Day today) {
+    const DocStatus status = Books::status(library, document, today);
+    const std::string day = document.dueDate.formatted(dayPattern);
+    if (status == DocStatus::void_) return "Void: it keeps its number and counts no more.";
+    switch (document.kind) {
+        case DocKind::invoice: {
+            if (!DocMath::isBelievable(document)) return "";
+            const Currency currency = Currency::of(document.currency);
+            const std::int64_t balance = Books::balance(library, document);
+            if (balance < 0) return MoneyFormat::string(Checked::neg(balance), currency) + " to refund";
+            if (balance < 1) return Books::credits(library, document.id) > 0 ? "Settled" : "Paid in full";
+            const std::string due = MoneyFormat::string(balance, currency) + " due ";
+            const std::int64_t late = document.dueDate.daysUntil(today);
+            return late > 0 ? due + "since " + day + ", " + days(late) + " ago" : due + "by " + day;
+        }
+        case DocKind::estimate:
+            if (status == DocStatus::converted) return "Became an invoice";
+            if (status == DocStatus::expired) return "Was valid until " + day;
+            return status == DocStatus::sent ? "Valid until " + day : std::string(Books::title(status));
+        case DocKind::creditNote:
+            break;
+    }
+    const Document* invoice = document.linkedID ? library.document(*document.linkedID) : nullptr;
+    return invoice ? "Credits invoice " + invoice->displayNumber() : "";
+}
+
+}  // namespace tamba
