@@ -146,6 +146,12 @@ Library released(Library library, const UUID& invoice) {
     for (std::size_t i = 0; i < library.documents.size(); ++i)
         if (library.documents[i].kind == DocKind::estimate && library.documents[i].linkedID == invoice)
             library.documents.update(i, [](Document& estimate) { estimate.linkedID.reset(); });
+    for (std::size_t i = 0; i < library.transactions.size(); ++i)
+        if (library.transactions[i].invoiceID == invoice)
+            library.transactions.update(i, [](BankTransaction& line) {
+                line.invoiceID.reset();
+                line.paymentID.reset();
+            });
     return library;
 }
 

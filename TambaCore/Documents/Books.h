@@ -75,7 +75,7 @@ namespace tamba::Books {
 
 /// Throws `notInvoice`, `notIssued`, `badPayment`, `paidBeforeIssue`, `overpaid`.
 [[nodiscard]] Library recordPayment(Library library, const UUID& invoice, Payment payment);
-/// Also frees the bank line it was matched with.
+/// Also frees the bank line it was matched with, unless the line's money made other payments, too.
 [[nodiscard]] Library removePayment(Library library, const UUID& invoice, const UUID& payment);
 /// Tax a client may deduct (Income-tax Act 2025, section 393; Circular 23/2017): `rateBP` of the part of the invoice's
 /// value without GST that `settled` of its total covers, in whole units of its currency.

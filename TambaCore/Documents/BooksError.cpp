@@ -34,6 +34,8 @@ std::string sentence(BooksError::Code code, std::string_view detail) {
             return "There’s no number series for this kind of document.";
         case figures:
         case inUse:
+        case split:
+        case rule:
             return what;
         case dueBeforeIssue:
             return "The due date is before the date of the document. Choose a later one.";
@@ -57,6 +59,12 @@ std::string sentence(BooksError::Code code, std::string_view detail) {
             return "That expense is already on another invoice.";
         case nothingDue:
             return "Nothing is due on this invoice any more.";
+        case lineMatched:
+            return "That bank line is already matched. Unmatch it first.";
+        case expenseMatched:
+            return "That expense is already matched to another bank line.";
+        case wrongDirection:
+            return "Money that came in can’t pay an expense, and money that went out can’t pay an invoice.";
     }
     fatal("unknown refusal");
 }

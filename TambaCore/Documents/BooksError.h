@@ -34,10 +34,15 @@ public:
         alreadyBilled,     ///< the expense is on another invoice
         inUse,             ///< what others refer to; the detail names it and who
         nothingDue,        ///< a reminder for an invoice that is paid
+        lineMatched,       ///< the bank line is linked already
+        expenseMatched,    ///< the expense is linked to another bank line
+        wrongDirection,    ///< a bank line of money in for an expense, or of money out for an invoice
+        split,             ///< shares of a bank line that cannot be
+        rule,              ///< a category rule that cannot work
     };
 
-    /// `detail`: the number of `numberTooLong`, the currency of `missingRate`, the whole sentence of `figures` and
-    /// `inUse`, and of `notIssued` where there is more to say; ignored by the others.
+    /// `detail`: the number of `numberTooLong`, the currency of `missingRate`, the whole sentence of `figures`,
+    /// `inUse`, `split` and `rule`, and of `notIssued` where there is more to say; ignored by the others.
     explicit BooksError(Code code, std::string_view detail = {});
     [[nodiscard]] Code code() const { return code_; }
     [[nodiscard]] const char* what() const noexcept override { return text_.c_str(); }

@@ -23,6 +23,9 @@ inline void needIssued(const Document& document) { refuseIf(!document.isIssued()
 /// The books with that document changed; as they are where it is not there.
 [[nodiscard]] Library changed(Library library, const UUID& id, const std::function<void(Document&)>& change);
 
+/// Throws what refuses a payment on a document of which so much is due.
+void needPayable(const Document& document, std::int64_t balance, const Payment& payment);
+
 /// Copies for another document: with ids of their own, billing no expense.
 [[nodiscard]] std::vector<Line> copiesOf(const std::vector<Line>& lines);
 /// A credit note with the client, currency, rate and supply of its invoice; other documents as they are. Home currency
@@ -31,7 +34,8 @@ inline void needIssued(const Document& document) { refuseIf(!document.isIssued()
 /// With the supply type that place, client and LUT mean.
 [[nodiscard]] Document withSupply(const Library& library, Document document);
 
-/// Expenses billed on the invoice can be billed again, and the estimate it was made from becomes another invoice.
+/// Expenses billed on the invoice can be billed again, the estimate it was made from becomes another invoice, and no
+/// bank line names it.
 [[nodiscard]] Library released(Library library, const UUID& invoice);
 
 /// Whether an invoice, less its issued notes, covers one more note: compared rate by rate before tax. The tax follows

@@ -12,17 +12,34 @@ bool settlesSomething(const Payment& payment) {
     return part(payment.amount) && part(payment.tds) && (payment.amount > 0 || payment.tds > 0);
 }
 
+/// Points the line to another payment that its money made, if there is one, else frees it.
+void releaseLine(const Library& library, BankTransaction& line) {
+    line.invoiceID.reset();
+    line.paymentID.reset();
+    for (const Document& document : library.documents)
+        for (const Payment& payment : document.payments)
+            if (payment.bankTxnID == line.id) {
+                line.invoiceID = document.id;
+                line.paymentID = payment.id;
+                return;
+            }
+}
+
 }  // namespace
 
-Library recordPayment(Library library, const UUID& invoice, Payment payment) {
+void needPayable(const Document& document, std::int64_t balance, const Payment& payment) {
     using Code = BooksError::Code;
+    refuseIf(document.kind != DocKind::invoice, Code::notInvoice);
+    needIssued(document);
+    refuseIf(!settlesSomething(payment), Code::badPayment);
+    refuseIf(payment.date < document.issueDate, Code::paidBeforeIssue);
+    refuseIf(payment.settles() > balance, Code::overpaid);
+}
+
+Library recordPayment(Library library, const UUID& invoice, Payment payment) {
     const Document* document = library.document(invoice);
     if (!document) return library;
-    refuseIf(document->kind != DocKind::invoice, Code::notInvoice);
-    needIssued(*document);
-    refuseIf(!settlesSomething(payment), Code::badPayment);
-    refuseIf(payment.date < document->issueDate, Code::paidBeforeIssue);
-    refuseIf(payment.settles() > balance(library, *document), Code::overpaid);
+    needPayable(*document, balance(library, *document), payment);
     return changed(std::move(library), invoice,
                    [&payment](Document& paid) { paid.payments.push_back(std::move(payment)); });
 }
@@ -35,10 +52,7 @@ Library removePayment(Library library, const UUID& invoice, const UUID& payment)
     library = changed(std::move(library), invoice, [&isIt](Document& paid) { std::erase_if(paid.payments, isIt); });
     for (std::size_t i = 0; i < library.transactions.size(); ++i)
         if (library.transactions[i].paymentID == payment)
-            library.transactions.update(i, [](BankTransaction& line) {
-                line.invoiceID.reset();
-                line.paymentID.reset();
-            });
+            library.transactions.update(i, [&library](BankTransaction& line) { releaseLine(library, line); });
     return library;
 }
 
