@@ -1,0 +1,364 @@
+#include "TambaCore/Bank/Candidates.h"
+
+#include "TambaCore/Base/Check.h"
+#include "TambaCore/Base/Text.h"
+#include "TambaCore/Documents/Expenses.h"
+#include "TambaCore/Documents/Standing.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <tuple>
+#include <unordered_set>
+
+namespace tamba::Matcher {
+namespace {
+
+using Kind = MatchSuggestion::Target::Kind;
+
+constexpr int obviousScore = 80;
+constexpr int clearLead = 15;
+
+constexpr int sameAmount = 60, nearAmount = 40, sameDay = 20, lessEachDay = 3, vendorNamed = 20;
+constexpr int numberNamed = 35, clientNamed = 20, beforeIssue = -30, leastScore = 26, mostScore = 99;
+
+/// How the amount of a line fits an invoice.
+enum class Fit { balance, part, close, total };
+constexpr std::array fitScores{55, 35, 30, 45};
+constexpr std::array<const char*, 4> fitReasons{"pays the balance", "part payment", "close to the balance (TDS?)",
+                                                "same as invoice total"};
+// What lets `obvious` look at no invoice that the line does not name.
+static_assert(fitScores[static_cast<std::size_t>(Fit::balance)] + clientNamed < obviousScore);
+
+/// How far an expense may be from the line: a whole unit, or 1 % of what is not small.
+std::int64_t tolerance(std::int64_t spent) { return spent < 10'000 ? 100 : spent / 100; }
+
+int expenseScore(bool exact, std::int64_t days, bool named) {
+    const std::int64_t forDate = std::max<std::int64_t>(0, sameDay - lessEachDay * days);
+    return (exact ? sameAmount : nearAmount) + static_cast<int>(forDate) + (named ? vendorNamed : 0);
+}
+
+std::string expenseReason(bool exact, std::int64_t days, const std::string* word) {
+    std::string reason = exact ? "same amount" : "amount within 1%";
+    reason += days == 0 ? ", same day" : ", " + std::to_string(days) + (days == 1 ? " day apart" : " days apart");
+    return word ? reason + ", mentions " + *word : reason;
+}
+
+std::string withoutSpaces(std::string text) {
+    std::erase(text, ' ');
+    return text;
+}
+
+const std::string& clientName(const Library& library, const Document& invoice) {
+    static const std::string none;
+    if (invoice.billTo && !invoice.billTo->name.empty()) return invoice.billTo->name;
+    const Client* client = invoice.clientID ? library.client(*invoice.clientID) : nullptr;
+    return client ? client->name : none;
+}
+
+std::uint8_t firstByte(const std::string& text) { return static_cast<std::uint8_t>(text.front()); }
+
+}  // namespace
+
+struct Candidates::InvoiceMatch {
+    std::size_t document;
+    Fit fit;
+    bool namesNumber, namesClient;
+    int score;
+};
+
+Candidates::Candidates(const Library& library, const std::optional<UUID>& except)
+    : library_(library), home_(library.home()), free_(library.expenses.size(), true) {
+    std::unordered_set<UUID> linked;
+    for (const BankTransaction& line : library_.transactions)
+        if (line.expenseID && line.id != except) linked.insert(*line.expenseID);
+    for (std::size_t i = 0; i < free_.size(); ++i) {
+        const Expense& expense = library_.expenses[i];
+        free_[i] = !expense.bankTxnID && !linked.contains(expense.id);
+    }
+
+    const Books::Standings standings(library_, Day());
+    for (std::size_t i = 0; i < library_.documents.size(); ++i) {
+        const Document& document = library_.documents[i];
+        if (document.kind != DocKind::invoice || document.state != DocState::issued) continue;
+        const auto standing = standings.of(document);
+        if (!standing || standing->balance < 1) continue;
+        Invoice invoice{Text::upper(document.number.value_or("")),
+                        {},
+                        named(clientName(library_, document)),
+                        standing->balance,
+                        standing->totals.total};
+        invoice.squeezedNumber = withoutSpaces(invoice.number);
+        if (const std::string& number = invoice.squeezedNumber; !number.empty()) {
+            byNumber_[number].push_back(i);
+            numberLengths_.insert(number.size());
+            numbersBegin_[firstByte(number)] = true;
+        }
+        invoices_.emplace(i, std::move(invoice));
+    }
+}
+
+Candidates::Name Candidates::named(const std::string& name) {
+    const auto [known, isNew] = nameOf_.emplace(name, names_.size());
+    if (isNew) names_.emplace_back(name, std::nullopt);
+    return known->second;
+}
+
+const std::string* Candidates::sharedWord(Asked& asked, Name name) {
+    if (!asked.hasWords) asked.words = words(asked.line.text);
+    asked.hasWords = true;
+    auto& [text, itsWords] = names_[name];
+    if (!itsWords) {
+        const std::set<std::string> found = words(text);
+        itsWords.emplace(found.begin(), found.end());
+    }
+    for (const std::string& word : *itsWords)
+        if (asked.words.contains(word)) return &word;
+    return nullptr;
+}
+
+std::optional<std::int64_t> Candidates::value(const View& view, const Expense& expense) const {
+    const auto value = Expenses::inHomeCurrency(library_, expense, expense.amount);
+    if (!value || view.currency.code == home_.code) return value;
+    const Currency own = Currency::of(expense.currency);
+    if (own.code != view.currency.code) return value;
+    return MoneyMath::tryConvert(expense.amount, own, home_, view.rateMicros);
+}
+
+std::optional<std::int64_t> Candidates::value(const View& view, const Document& invoice, std::int64_t amount) const {
+    const auto value = Books::inHomeCurrency(library_, invoice, amount);
+    if (!value || view.currency.code == home_.code) return value;
+    const Currency own = Currency::of(invoice.currency);
+    if (own.code != view.currency.code) return value;
+    return MoneyMath::tryConvert(amount, own, home_, view.rateMicros);
+}
+
+void Candidates::addExpenses(View& view) {
+    std::vector<std::tuple<std::int64_t, std::int64_t, Name, std::size_t>> entries;
+    for (std::size_t i = 0; i < free_.size(); ++i) {
+        if (!free_[i]) continue;
+        const Expense& expense = library_.expenses[i];
+        if (const auto worth = value(view, expense))
+            entries.emplace_back(expense.date.number(), *worth, named(expense.vendor), i);
+    }
+    std::sort(entries.begin(), entries.end());
+    for (const auto& [day, worth, vendor, position] : entries) {
+        std::vector<Group>& groups = view.days[day];
+        if (groups.empty() || groups.back().value != worth || groups.back().vendor != vendor)
+            groups.push_back({worth, vendor, {}});
+        groups.back().members.push_back(position);
+    }
+}
+
+void Candidates::addInvoice(View& view, std::size_t document) {
+    const Invoice& invoice = invoices_.at(document);
+    const auto balance = value(view, library_.documents[document], invoice.balance);
+    const auto total = value(view, library_.documents[document], invoice.total);
+    if (!balance || !total || *balance < 1) return;
+    view.due[document] = {*balance, *total};
+    view.byBalance.emplace(*balance, document);
+    view.byTotal.emplace(*total, document);
+}
+
+void Candidates::removeInvoice(View& view, std::size_t document) {
+    const auto found = view.due.find(document);
+    if (found == view.due.end()) return;
+    view.byBalance.erase({found->second.balance, document});
+    view.byTotal.erase({found->second.total, document});
+    view.due.erase(found);
+}
+
+Candidates::View* Candidates::view(const Currency& currency) {
+    const auto [place, isNew] = views_.try_emplace(currency.code);
+    std::optional<View>& view = place->second;
+    if (!isNew) return view ? &*view : nullptr;
+    const auto rate = currency.code == home_.code ? 1'000'000 : library_.rate(currency.code);
+    if (!rate || *rate < 1) return nullptr;
+    view = View{currency, *rate, {}, {}, {}, {}};
+    addExpenses(*view);
+    for (const auto& [document, invoice] : invoices_) addInvoice(*view, document);
+    return &*view;
+}
+
+std::optional<Candidates::Asked> Candidates::ask(const BankTransaction& line) {
+    const BankAccount* account = line.accountID ? find(library_.accounts, *line.accountID) : nullptr;
+    const Currency currency = account ? Currency::of(account->currency) : home_;
+    View* seen = view(currency);
+    const auto amount = seen ? MoneyMath::tryConvert(line.amount, currency, home_, seen->rateMicros) : std::nullopt;
+    if (!amount) return {};
+    return Asked{line, *seen, *amount};
+}
+
+std::int64_t Candidates::balance(std::size_t document) const {
+    const auto found = invoices_.find(document);
+    return found == invoices_.end() ? 0 : found->second.balance;
+}
+
+void Candidates::take(std::size_t expense) {
+    free_[expense] = false;
+    const Expense& taken = library_.expenses[expense];
+    for (auto& [code, view] : views_) {
+        const auto worth = view ? value(*view, taken) : std::nullopt;
+        if (!worth) continue;
+        for (Group& group : view->days[taken.date.number()])
+            if (group.value == *worth && std::erase(group.members, expense) > 0) break;
+    }
+}
+
+void Candidates::settle(std::size_t document, std::int64_t amount) {
+    const auto found = invoices_.find(document);
+    if (found == invoices_.end()) return;
+    Invoice& invoice = found->second;
+    invoice.balance = Checked::sub(invoice.balance, amount);
+    for (auto& [code, view] : views_)
+        if (view) removeInvoice(*view, document);
+    if (invoice.balance < 1) {
+        invoices_.erase(found);
+        return;
+    }
+    for (auto& [code, view] : views_)
+        if (view) addInvoice(*view, document);
+}
+
+template <class Visit>
+void Candidates::expensesNear(const Asked& asked, int dayWindow, Visit&& visit) {
+    const std::int64_t day = asked.line.date.number();
+    const std::int64_t spent = Checked::neg(asked.amount);
+    const std::int64_t most = spent + tolerance(spent);
+    const auto end = asked.view.days.end();
+    for (auto at = asked.view.days.lower_bound(day - dayWindow); at != end && at->first <= day + dayWindow; ++at) {
+        const std::vector<Group>& groups = at->second;
+        auto group = std::lower_bound(groups.begin(), groups.end(), spent - tolerance(spent),
+                                      [](const Group& one, std::int64_t least) { return one.value < least; });
+        for (; group != groups.end() && group->value <= most; ++group)
+            visit(*group, std::abs(at->first - day), group->value == spent);
+    }
+}
+
+/// Open invoices whose number the text holds. Each place where a number may begin is looked up at the lengths there
+/// are, which is quicker than to search the text for every number.
+std::vector<std::size_t> Candidates::mentioned(const std::string& squeezedText) const {
+    std::vector<std::size_t> found;
+    for (std::size_t at = 0; at < squeezedText.size(); ++at) {
+        if (!numbersBegin_[static_cast<std::uint8_t>(squeezedText[at])]) continue;
+        for (const std::size_t length : numberLengths_) {
+            if (length > squeezedText.size() - at) break;
+            const auto numbered = byNumber_.find(squeezedText.substr(at, length));
+            if (numbered == byNumber_.end()) continue;
+            for (const std::size_t document : numbered->second)
+                if (invoices_.contains(document)) found.push_back(document);
+        }
+    }
+    std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return found;
+}
+
+std::vector<Candidates::InvoiceMatch> Candidates::invoices(Asked& asked, const std::vector<std::size_t>& mentioned) {
+    const View& view = asked.view;
+    const std::int64_t amount = asked.amount;
+    // A balance the line is close to is at most a tenth and a unit above it.
+    const std::int64_t mostBalance = (amount + 100) * 10 / 9 + 1;
+    std::vector<std::size_t> positions = mentioned;
+    for (auto at = view.byBalance.lower_bound({amount, 0}); at != view.byBalance.end() && at->first <= mostBalance;
+         ++at)
+        positions.push_back(at->second);
+    for (auto at = view.byTotal.lower_bound({amount, 0}); at != view.byTotal.end() && at->first == amount; ++at)
+        positions.push_back(at->second);
+    std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
+
+    const std::string text = Text::upper(asked.line.text);
+    std::vector<InvoiceMatch> result;
+    for (const std::size_t position : positions) {
+        const auto due = view.due.find(position);
+        if (due == view.due.end()) continue;
+        const auto [balance, total] = due->second;
+        const Invoice& invoice = invoices_.at(position);
+        InvoiceMatch match{position, Fit::balance, std::binary_search(mentioned.begin(), mentioned.end(), position),
+                           false, 0};
+        if (amount == balance)
+            match.fit = Fit::balance;
+        else if (amount < balance && match.namesNumber && Text::contains(text, invoice.number))
+            match.fit = Fit::part;
+        else if (amount < balance && balance - amount <= balance / 10 + 100)
+            match.fit = Fit::close;
+        else if (amount == total)
+            match.fit = Fit::total;
+        else
+            continue;
+        match.namesClient = sharedWord(asked, invoice.client) != nullptr;
+        match.score = fitScores[static_cast<std::size_t>(match.fit)] + (match.namesNumber ? numberNamed : 0) +
+                      (match.namesClient ? clientNamed : 0);
+        if (asked.line.date < library_.documents[position].issueDate) match.score += beforeIssue;
+        if (match.score < leastScore) continue;
+        if (match.score > mostScore) match.score = 100;
+        result.push_back(match);
+    }
+    return result;
+}
+
+std::vector<MatchSuggestion> Candidates::suggestions(const BankTransaction& line, int dayWindow) {
+    std::optional<Asked> asked = ask(line);
+    if (!asked) return {};
+    std::vector<std::pair<std::size_t, MatchSuggestion>> found;  // with the position in the books
+    if (line.amount < 0) {
+        expensesNear(*asked, dayWindow, [&](const Group& group, std::int64_t days, bool exact) {
+            const std::string* word = sharedWord(*asked, group.vendor);
+            for (const std::size_t position : group.members)
+                found.push_back({position,
+                                 {{Kind::expense, library_.expenses[position].id},
+                                  expenseScore(exact, days, word != nullptr),
+                                  expenseReason(exact, days, word)}});
+        });
+    } else {
+        for (const InvoiceMatch& match : invoices(*asked, mentioned(withoutSpaces(Text::upper(line.text))))) {
+            const Document& invoice = library_.documents[match.document];
+            std::string reason = fitReasons[static_cast<std::size_t>(match.fit)];
+            if (match.namesNumber) reason += ", mentions " + *invoice.number;
+            if (match.namesClient) reason += ", from " + clientName(library_, invoice);
+            found.push_back({match.document, {{Kind::invoice, invoice.id}, match.score, std::move(reason)}});
+        }
+    }
+    std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
+        return std::pair(-a.second.score, a.first) < std::pair(-b.second.score, b.first);
+    });
+    std::vector<MatchSuggestion> result;
+    result.reserve(found.size());
+    for (auto& [position, suggestion] : found) result.push_back(std::move(suggestion));
+    return result;
+}
+
+std::optional<Candidates::Found> Candidates::obvious(const BankTransaction& line) {
+    std::optional<Asked> asked = ask(line);
+    if (!asked) return {};
+    int best = 0, second = 0;
+    std::optional<Found> found;
+    const auto offer = [&](int score, Kind kind, std::size_t position) {
+        if (!found || score > best) {
+            second = std::exchange(best, score);
+            found = Found{kind, position};
+        } else {
+            second = std::max(second, score);
+        }
+    };
+    if (line.amount < 0) {
+        expensesNear(*asked, obviousDays, [&](const Group& group, std::int64_t days, bool exact) {
+            if (group.members.empty()) return;
+            const int score = expenseScore(exact, days, sharedWord(*asked, group.vendor) != nullptr);
+            offer(score, Kind::expense, group.members.front());
+            if (group.members.size() > 1) second = std::max(second, score);
+        });
+    } else {
+        const auto named = mentioned(withoutSpaces(Text::upper(line.text)));
+        if (named.empty()) return {};
+        for (const InvoiceMatch& match : invoices(*asked, named)) offer(match.score, Kind::invoice, match.document);
+    }
+    // Scores are above 0, so that a second of 0 is none.
+    return found && best >= obviousScore && (second == 0 || second < best - clearLead) ? found : std::nullopt;
+}
+
+std::vector<MatchSuggestion> suggestions(const BankTransaction& line, const Library& library, int dayWindow) {
+    return Candidates(library, line.id).suggestions(line, dayWindow);
+}
+
+}  // namespace tamba::Matcher

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "TambaCore/Bank/Matcher.h"
+#include "TambaCore/Model/Models.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+/// Everything bank lines can be matched with, kept so that one line is looked up without a walk through the books:
+/// expenses by day and amount, open invoices by balance, total and number. Built once for many lines, told of each
+/// link that is made meanwhile. It learns as it is asked (words of a name, values for a currency), so asking is not
+/// `const`.
+namespace tamba::Matcher {
+
+class Candidates {
+public:
+    /// `except`: a line whose own link to an expense does not count.
+    explicit Candidates(const Library& library, const std::optional<UUID>& except = {});
+
+    [[nodiscard]] std::vector<MatchSuggestion> suggestions(const BankTransaction& line, int dayWindow);
+
+    /// A record by its position in the books.
+    struct Found {
+        MatchSuggestion::Target::Kind kind;
+        std::size_t position;
+    };
+    /// The one suggestion that is strong and clearly ahead of the next, `obviousDays` around the line.
+    [[nodiscard]] std::optional<Found> obvious(const BankTransaction& line);
+
+    /// Due on the invoice in its own currency; 0 for one that is no candidate.
+    [[nodiscard]] std::int64_t balance(std::size_t document) const;
+    /// The expense has been matched; it is no candidate any more.
+    void take(std::size_t expense);
+    /// A payment settled so much of the invoice, in its own currency.
+    void settle(std::size_t document, std::int64_t amount);
+
+private:
+    using Name = std::size_t;  // of a vendor or client, in `names_`
+
+    /// Expenses of one day with one amount and vendor: every line gives them the same score.
+    struct Group {
+        std::int64_t value;
+        Name vendor;
+        std::vector<std::size_t> members;  // positions, in the order of the books
+    };
+    struct Invoice {
+        std::string number;          // upper-cased
+        std::string squeezedNumber;  // and without spaces; empty when there is none
+        Name client;
+        std::int64_t balance, total;  // in its own currency
+    };
+    struct Due {
+        std::int64_t balance, total;  // in the home currency
+    };
+    /// What the records are worth to lines in one currency, in minor units of the home currency.
+    struct View {
+        Currency currency;
+        std::int64_t rateMicros;
+        std::map<std::int64_t, std::vector<Group>> days;  // by day number; groups by value
+        std::unordered_map<std::size_t, Due> due;         // open invoices by position
+        std::set<std::pair<std::int64_t, std::size_t>> byBalance, byTotal;
+    };
+    /// A line as it is compared.
+    struct Asked {
+        const BankTransaction& line;
+        View& view;
+        std::int64_t amount;  // in the home currency
+        std::set<std::string> words{};
+        bool hasWords = false;
+    };
+    struct InvoiceMatch;
+
+    [[nodiscard]] Name named(const std::string& name);
+    [[nodiscard]] const std::string* sharedWord(Asked& asked, Name name);
+    [[nodiscard]] std::optional<Asked> ask(const BankTransaction& line);
+    [[nodiscard]] View* view(const Currency& currency);
+
+    [[nodiscard]] std::optional<std::int64_t> value(const View& view, const Expense& expense) const;
+    [[nodiscard]] std::optional<std::int64_t> value(const View& view, const Document& invoice,
+                                                    std::int64_t amount) const;
+    void addExpenses(View& view);
+    void addInvoice(View& view, std::size_t document);
+    static void removeInvoice(View& view, std::size_t document);
+
+    /// Calls `visit(group, days apart)` for the expenses within amount and window.
+    template <class Visit>
+    void expensesNear(const Asked& asked, int dayWindow, Visit&& visit);
+    [[nodiscard]] std::vector<std::size_t> mentioned(const std::string& squeezedText) const;
+    [[nodiscard]] std::vector<InvoiceMatch> invoices(Asked& asked, const std::vector<std::size_t>& mentioned);
+
+    const Library library_;  // as it was; records are shared with the books
+    const Currency home_;
+    std::vector<bool> free_;                             // by position: no line is matched to the expense
+    std::unordered_map<std::size_t, Invoice> invoices_;  // open ones, by position
+    std::unordered_map<std::string, std::vector<std::size_t>> byNumber_;  // by squeezed number
+    std::set<std::size_t> numberLengths_;
+    std::array<bool, 256> numbersBegin_{};              // bytes that numbers begin with
+    std::map<std::string, std::optional<View>> views_;  // by currency code; none without a rate
+
+    std::unordered_map<std::string, Name> nameOf_;
+    std::vector<std::pair<std::string, std::optional<std::vector<std::string>>>>
+        names_;  // with their words, once asked
+};
+
+}  // namespace tamba::Matcher

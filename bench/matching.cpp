@@ -1,0 +1,109 @@
+// Matching bank lines with expenses and invoices in books of one size and of twice that size:
+//   spent     every line is an expense of the books, most of them obvious
+//   received  every line pays an invoice and names it
+//   alike     all expenses have one amount on few days: nothing is obvious
+//   one       the suggestions for one line, as a window asks for them
+//   bench_matching [ROUNDS]
+#include "TambaCore/Bank/Matching.h"
+
+#include "TambaCore/Bank/Matcher.h"
+#include "TambaCore/Fixtures.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace tamba;
+
+double milliseconds(const std::function<void()>& work) {
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+/// As many lines as expenses, each an expense of the books a day or two later.
+Library spent(int size) {
+    Library library = Fixtures::large(size, 0, size, {2026, 11, 20});
+    for (std::size_t i = 0; i < library.expenses.size(); ++i) {
+        library.expenses.update(i, [](Expense& expense) { expense.bankTxnID.reset(); });
+        const Expense& expense = library.expenses[i];
+        library.transactions.update(i, [&](BankTransaction& line) {
+            line.expenseID.reset();
+            line.date = expense.date.addingDays(static_cast<std::int64_t>(i % 3));
+            line.amount = -expense.amount;
+            line.text = "UPI/DR/" + std::to_string(i) + "/" + expense.vendor;
+        });
+    }
+    return library;
+}
+
+/// As many lines as invoices, none of them paid yet.
+Library received(int size) {
+    Library library = Fixtures::large(0, size, size, {2026, 11, 20});
+    for (std::size_t i = 0; i < library.documents.size(); ++i) {
+        library.documents.update(i, [](Document& invoice) { invoice.payments.clear(); });
+        const Document& invoice = library.documents[i];
+        library.transactions.update(i, [&](BankTransaction& line) {
+            line.date = invoice.issueDate.addingDays(10);
+            line.amount = DocMath::totals(invoice).total;
+            line.text = "NEFT CR " + *invoice.number + " " + invoice.billTo->name;
+        });
+    }
+    return library;
+}
+
+Library alike(int size) {
+    Library library = spent(size);
+    for (std::size_t i = 0; i < library.expenses.size(); ++i) {
+        library.expenses.update(i, [&](Expense& expense) {
+            expense.amount = 50'000;
+            expense.date = Day{2026, 4, 1}.addingDays(static_cast<std::int64_t>(i % 5));
+        });
+        library.transactions.update(i, [&](BankTransaction& line) {
+            line.amount = -50'000;
+            line.date = {2026, 4, 3};
+        });
+    }
+    return library;
+}
+
+void report(const char* what, int rounds, const std::function<Library(int)>& books,
+            const std::function<int(const Library&)>& work) {
+    constexpr int size = 20'000;
+    const Library once = books(size), twice = books(2 * size);
+    std::vector<double> first, second, ratio;
+    int count = 0;
+    for (int i = 0; i < rounds; ++i) {
+        first.push_back(milliseconds([&] { count = work(once); }));
+        second.push_back(milliseconds([&] { (void)work(twice); }));
+        ratio.push_back(second.back() / first.back());
+    }
+    std::printf("%-9s %6.0f ms  twice the size %6.0f ms  ratio %.2f (bar 2.3)  %d found\n", what, median(first),
+                median(second), median(ratio), count);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;
+    const auto all = [](const Library& library) { return Bank::autoMatch(library).count; };
+    report("spent", rounds, spent, all);
+    report("received", rounds, received, all);
+    report("alike", rounds, alike, all);
+    report("one", rounds, spent, [](const Library& library) {
+        const auto found = Matcher::suggestions(library.transactions[777], library, Matcher::listDays);
+        return static_cast<int>(found.size());
+    });
+    return 0;
+}

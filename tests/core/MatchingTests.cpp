@@ -1,0 +1,351 @@
+#include "TambaCore/Bank/Matching.h"
+#include "TambaCore/Bank/Rules.h"
+#include "TambaCore/Documents/Expenses.h"
+#include "TambaCore/Documents/Standing.h"
+#include "TambaCore/Model/LibraryCheck.h"
+#include "tests/support/Books.h"
+
+#include <functional>
+#include <random>
+
+namespace tamba {
+namespace {
+
+using Bank::Remainder;
+using testing::aBook;
+using testing::aDraft;
+using Code = BooksError::Code;
+
+constexpr Day day{2026, 10, 20};
+
+/// Three issued invoices of ₹1,000.00, an expense of ₹500.00, a refund of ₹80.00, and lines of which each pays some.
+struct MatchingTest : ::testing::Test {
+    Library library = aBook();
+    std::vector<UUID> invoices;
+    UUID expense, refund, bigReceipt, receipt, spending, tiny;
+
+    void SetUp() override {
+        for (int i = 0; i < 3; ++i)
+            invoices.push_back(
+                testing::issued(library, aDraft(library, DocKind::invoice, {Line::make("Design", 1000, 100'000, 0)})));
+        expense = added(50'000);
+        refund = added(-8'000);
+        bigReceipt = line(250'000, "NEFT CR");
+        receipt = line(90'000, "UPI/CR/1");
+        spending = line(-50'000, "POS 4160 CHAI");
+        tiny = line(8'000, "REFUND");
+    }
+    UUID added(std::int64_t amount) {
+        Expense e = Expense::make(day);
+        e.vendor = "Chai Point";
+        e.amount = amount;
+        library = Expenses::add(library, e);
+        return e.id;
+    }
+    UUID line(std::int64_t amount, std::string text) {
+        BankTransaction txn = BankTransaction::make(day, std::move(text), amount);
+        txn.reference = "R1";
+        library.transactions.append(txn);
+        return txn.id;
+    }
+    [[nodiscard]] const BankTransaction& at(const UUID& id) const { return *find(library.transactions, id); }
+    [[nodiscard]] std::int64_t balance(std::size_t i) const {
+        return Books::balance(library, *library.document(invoices[i]));
+    }
+};
+
+std::optional<Code> refusal(const std::function<Library()>& operation) {
+    try {
+        (void)operation();
+    } catch (const BooksError& error) {
+        return error.code();
+    }
+    return {};
+}
+
+TEST_F(MatchingTest, linksBothSidesAndUnlinksThem) {
+    const Library before = library;
+    library = Bank::matchToExpense(library, spending, expense);
+    EXPECT_EQ(at(spending).expenseID, expense);
+    EXPECT_EQ(library.expense(expense)->bankTxnID, spending);
+    library = Bank::matchToExpense(library, tiny, refund);
+    EXPECT_EQ(library.expense(refund)->bankTxnID, tiny);
+
+    library = Bank::matchToInvoice(library, receipt, invoices[1], Remainder::asTDS);
+    const Payment& payment = library.document(invoices[1])->payments.at(0);
+    EXPECT_EQ(payment.amount, 90'000);
+    EXPECT_EQ(payment.tds, 10'000);
+    EXPECT_EQ(payment.date, day);
+    EXPECT_EQ(payment.method, PaymentMethod::upi);
+    EXPECT_EQ(payment.reference, "R1");
+    EXPECT_EQ(payment.bankTxnID, receipt);
+    EXPECT_EQ(at(receipt).paymentID, payment.id);
+    EXPECT_EQ(at(receipt).invoiceID, invoices[1]);
+    EXPECT_EQ(balance(1), 0);
+
+    for (const UUID& id : {spending, tiny, receipt}) library = Bank::unmatch(library, id);
+    EXPECT_EQ(library, before);
+    library = Bank::matchToInvoice(library, receipt, invoices[1], Remainder::due);
+    EXPECT_EQ(balance(1), 10'000);
+}
+
+TEST_F(MatchingTest, oneReceiptPaysSeveralInvoices) {
+    const std::vector<Bank::Share> shares{
+        {invoices[0], 100'000}, {invoices[2], 90'000, Remainder::asTDS}, {invoices[1], 60'000}};
+    const Library before = library;
+    library = Bank::splitReceipt(library, bigReceipt, shares);
+    EXPECT_EQ(balance(0), 0);
+    EXPECT_EQ(balance(1), 40'000);
+    EXPECT_EQ(balance(2), 0);
+    EXPECT_EQ(library.document(invoices[2])->payments[0].tds, 10'000);
+    EXPECT_EQ(Bank::unmatch(library, bigReceipt), before);
+
+    // The line stays matched while one of its payments is there.
+    for (const std::size_t i : {0U, 2U, 1U}) {
+        EXPECT_TRUE(at(bigReceipt).isMatched());
+        library = Books::removePayment(library, invoices[i], library.document(invoices[i])->payments.at(0).id);
+    }
+    EXPECT_EQ(library, before);
+}
+
+TEST_F(MatchingTest, refusesWhatCannotBe) {
+    const UUID other = line(-50'000, "x"), nobody = UUID::random(), draft = UUID::random();
+    Document drafted = aDraft(library, DocKind::invoice, {Line::make("Design", 1000, 100'000, 0)});
+    drafted.id = draft;
+    library = Books::addDraft(library, drafted);
+    const Library linked =
+        Bank::matchToInvoice(Bank::matchToExpense(library, spending, expense), receipt, invoices[0], Remainder::due);
+    const auto split = [&](std::vector<Bank::Share> shares) { return Bank::splitReceipt(linked, bigReceipt, shares); };
+    const struct {
+        std::optional<Code> code;
+        std::function<Library()> operation;
+    } cases[] = {
+        {Code::lineMatched, [&] { return Bank::matchToExpense(linked, spending, refund); }},
+        {Code::lineMatched, [&] { return Bank::matchToInvoice(linked, receipt, invoices[1], Remainder::due); }},
+        {Code::lineMatched, [&] { return Bank::createExpense(linked, spending).library; }},
+        {Code::lineMatched, [&] { return Bank::setIgnored(linked, receipt, true); }},
+        {Code::expenseMatched, [&] { return Bank::matchToExpense(linked, other, expense); }},
+        {Code::wrongDirection, [&] { return Bank::matchToExpense(linked, other, refund); }},
+        {Code::wrongDirection, [&] { return Bank::matchToExpense(library, bigReceipt, expense); }},
+        {Code::wrongDirection, [&] { return Bank::matchToInvoice(linked, other, invoices[1], Remainder::due); }},
+        {Code::wrongDirection, [&] { return Bank::createExpense(linked, tiny).library; }},
+        {Code::overpaid, [&] { return Bank::matchToInvoice(linked, bigReceipt, invoices[1], Remainder::asTDS); }},
+        {Code::notIssued, [&] { return Bank::matchToInvoice(linked, tiny, draft, Remainder::due); }},
+        {Code::split, [&] { return split({}); }},
+        {Code::split, [&] { return split({{invoices[1], 100'000}, {invoices[2], 100'000}}); }},
+        {Code::split, [&] { return split({{invoices[1], 125'000}, {invoices[1], 125'000}}); }},
+        {Code::split, [&] { return split({{invoices[1], 250'001}, {invoices[2], -1}}); }},
+        {Code::overpaid, [&] { return split({{invoices[1], 100'000}, {invoices[2], 150'000}}); }},
+        {{}, [&] { return Bank::matchToExpense(linked, nobody, expense); }},
+        {{}, [&] { return Bank::matchToExpense(linked, other, nobody); }},
+        {{}, [&] { return Bank::matchToInvoice(linked, bigReceipt, nobody, Remainder::due); }},
+        {{}, [&] { return Bank::unmatch(linked, nobody); }},
+        {{}, [&] { return Bank::unmatch(linked, other); }},
+    };
+    for (const auto& [code, operation] : cases) {
+        const auto at = &operation - &cases[0].operation;
+        EXPECT_EQ(refusal(operation), code) << at;
+        EXPECT_TRUE(code || operation() == linked) << at;
+    }
+}
+
+TEST_F(MatchingTest, convertsMoneyOfOtherCurrencies) {
+    library.accounts.append(BankAccount::make("Dollars", "USD"));
+    library.rates = {{"USD", 84'000'000, day, {}}};
+    const auto inDollars = [&](const UUID& invoice, std::int64_t rate) {
+        library.documents.update(indexOf(library.documents, invoice), [rate](Document& d) {
+            d.currency = "USD";
+            d.rateMicros = rate;
+        });
+    };
+    const auto received = [&](std::int64_t amount, std::size_t account) {
+        const UUID id = line(amount, "SWIFT");
+        library.transactions.update(library.transactions.size() - 1,
+                                    [&](BankTransaction& txn) { txn.accountID = library.accounts[account].id; });
+        return id;
+    };
+    const auto paid = [&](const UUID& id, const UUID& invoice) {
+        return Bank::matchToInvoice(library, id, invoice, Remainder::due).document(invoice)->payments.at(0).amount;
+    };
+    inDollars(invoices[0], 83'250'000);
+    EXPECT_EQ(paid(received(100'000, 1), invoices[0]), 100'000);    // $1,000.00 is $1,000.00 at any rate
+    EXPECT_EQ(paid(received(8'325'000, 0), invoices[0]), 100'000);  // ₹83,250.00 at the invoice's rate
+    EXPECT_EQ(paid(received(4'162'500, 0), invoices[0]), 50'000);
+    EXPECT_EQ(paid(received(1'000, 1), invoices[1]), 84'000);  // $10.00 at the kept rate
+    inDollars(invoices[2], 1'600);                             // 1,000.00 are ₹1.60, which 625 minor units are, too
+    EXPECT_EQ(paid(received(160, 0), invoices[2]), 100'000);
+    library.rates = {};
+    EXPECT_EQ(refusal([&] { return Bank::matchToInvoice(library, received(1'000, 1), invoices[1], Remainder::due); }),
+              Code::missingRate);
+    const auto created = Bank::createExpense(library, received(-1'000, 1)).expense.value();
+    EXPECT_EQ(created.currency, "USD");
+    EXPECT_EQ(created.rateMicros, 0);
+    EXPECT_EQ(created.amount, 1'000);
+}
+
+TEST_F(MatchingTest, makesExpensesByTheRules) {
+    const auto category = [&](std::size_t i) { return library.categories[i].id; };
+    library.rules = {CategoryRule::make("swiggy", category(4), "Swiggy"), CategoryRule::make("acme", category(2), ""),
+                     CategoryRule::make("old", UUID::random(), "Chai Point")};
+    library.expenses.update(1, [&](Expense& e) { e.categoryID = category(5); });
+    const struct {
+        std::optional<std::string> counterparty;
+        const char* text;
+        const char* hint;
+        const char* vendor;
+        std::optional<UUID> category;
+    } cases[] = {
+        {"Bundl Tech", "POS SWIGGY", "", "Swiggy", category(4)},
+        {"Acme Tea", "UPI/DR/1/ACME TEA", "Meals", "Acme Tea", category(2)},
+        {"Old Mill", "x", "", "Chai Point", category(5)},  // the rule's category is gone: that of the latest expense
+        {"chai point", "x", "", "chai point", category(5)},
+        {"Nobody", "x", "travel ", "Nobody", category(2)},
+        {"Nobody", "x", "Cakes", "Nobody", {}},
+        {{}, " ATM WDL ", "", "ATM WDL", {}},
+    };
+    for (const auto& c : cases) {
+        const UUID id = line(-11'800, c.text);
+        library.transactions.update(library.transactions.size() - 1, [&](BankTransaction& txn) {
+            txn.counterparty = c.counterparty;
+            txn.categoryHint = c.hint;
+            txn.ignored = true;
+        });
+        const auto [after, created] = Bank::createExpense(library, id);
+        ASSERT_TRUE(created);
+        EXPECT_EQ(created->vendor, c.vendor);
+        EXPECT_EQ(created->categoryID, c.category) << c.text;
+        EXPECT_EQ(created->claimTax, c.category && library.category(*c.category)->claimsTax);
+        EXPECT_EQ(created->amount, 11'800);
+        EXPECT_EQ(created->date, day);
+        EXPECT_EQ(created->bankTxnID, id);
+        EXPECT_EQ(*after.expense(created->id), *created);
+        EXPECT_EQ(find(after.transactions, id)->expenseID, created->id);
+        EXPECT_FALSE(find(after.transactions, id)->ignored);
+    }
+}
+
+RC_GTEST_FIXTURE_PROP(MatchingTest, noSequenceLeavesALinkOfOneSide, (std::uint32_t seed)) {
+    std::mt19937 dice(seed);
+    const auto below = [&dice](std::size_t count) { return dice() % count; };
+    for (int step = 0; step < 40; ++step) {
+        const UUID txn = library.transactions[below(library.transactions.size())].id;
+        const UUID invoice = invoices[below(3)];
+        const UUID spent = library.expenses.empty() ? UUID() : library.expenses[below(library.expenses.size())].id;
+        const auto& payments = library.document(invoice)->payments;
+        const Remainder remainder = below(2) == 0 ? Remainder::due : Remainder::asTDS;
+        try {
+            switch (below(10)) {
+                case 0:
+                    library = Bank::matchToExpense(library, txn, spent);
+                    break;
+                case 1:
+                    library = Bank::matchToInvoice(library, txn, invoice, remainder);
+                    break;
+                case 2:
+                    library = Bank::splitReceipt(
+                        library, bigReceipt,
+                        {{invoices[0], 90'000, remainder}, {invoices[1], 100'000}, {invoices[2], 60'000}});
+                    break;
+                case 3:
+                    library = Bank::unmatch(library, txn);
+                    break;
+                case 4:
+                    library = Bank::createExpense(library, txn).library;
+                    break;
+                case 5:
+                    library = Expenses::remove(library, spent);
+                    break;
+                case 6:
+                    if (!payments.empty())
+                        library = Books::removePayment(library, invoice, payments[below(payments.size())].id);
+                    break;
+                case 7:
+                    if (step > 30) library = Books::voidDocument(library, invoice, "");
+                    break;
+                case 8:
+                    library = Bank::setIgnored(library, txn, below(2) == 0);
+                    break;
+                case 9:
+                    library = Bank::autoMatch(library).library;
+                    break;
+            }
+        } catch (const BooksError&) {
+        }
+        for (const auto& problem : LibraryCheck::check(library, LibraryStore("nowhere")).problems)
+            RC_FAIL(problem.sentence);
+        for (const BankTransaction& one : library.transactions) {
+            RC_ASSERT((!one.expenseID || library.expense(*one.expenseID)->bankTxnID == one.id));
+            RC_ASSERT(one.invoiceID.has_value() == one.paymentID.has_value());
+            RC_ASSERT((!(one.expenseID && one.invoiceID) && !(one.isMatched() && one.ignored)));
+        }
+        for (const Expense& one : library.expenses)
+            RC_ASSERT((!one.bankTxnID || at(*one.bankTxnID).expenseID == one.id));
+        for (const UUID& id : invoices)
+            for (const Payment& one : library.document(id)->payments)
+                RC_ASSERT(at(*one.bankTxnID).paymentID.has_value());
+    }
+}
+
+TEST(Rules, areMadeFromACorrection) {
+    Library library = aBook();
+    const UUID software = library.categories[0].id;
+    const struct {
+        const char *counterparty, *narration, *vendor;
+        const char *contains, *renamed;  // null: no rule
+    } cases[] = {
+        {"The Chulha & Charcha Pvt Ltd", "UPI/DR/1/CHULHA", "the chulha & charcha pvt ltd ", "Chulha & Charcha", ""},
+        {"Bundl Tech", "UPI/DR/1/BUNDL", "Swiggy", "Bundl Tech", "Swiggy"},
+        {"Ref 4711 Acme Tea 99 Stall", "x", "Acme", "Acme Tea", "Acme"},
+        {"24/7", "x", "24/7", "24/7", ""},
+        {"", "NEFT NORTHWIND", "Northwind", "Northwind", ""},
+        {"", "ATM WDL", "Cash", nullptr, nullptr},
+        {"", "", " ", nullptr, nullptr},
+    };
+    for (const auto& c : cases) {
+        BankTransaction txn = BankTransaction::make(day, c.narration, -100);
+        if (*c.counterparty) txn.counterparty = c.counterparty;
+        library.transactions = {txn};
+        Expense corrected = Expense::make(day);
+        corrected.vendor = c.vendor;
+        corrected.bankTxnID = txn.id;
+        EXPECT_FALSE(Rules::ruleFrom(library, corrected)) << "there is no category yet";
+        corrected.categoryID = software;
+        const auto rule = Rules::ruleFrom(library, corrected);
+        ASSERT_EQ(rule.has_value(), c.contains != nullptr) << c.narration;
+        if (!rule) continue;
+        EXPECT_EQ(rule->contains, c.contains);
+        EXPECT_EQ(rule->vendor, c.renamed);
+        // The next line of the same kind gets what the person made of this one.
+        const auto next = Bank::createExpense(Rules::put(library, *rule), txn.id).expense.value();
+        EXPECT_EQ(next.categoryID, software);
+        EXPECT_TRUE(!*c.renamed || next.vendor == c.renamed) << next.vendor;
+    }
+}
+
+TEST(Rules, keepTheNarrowBeforeTheWide) {
+    Library library = aBook();
+    const UUID a = library.categories[0].id, b = library.categories[1].id;
+    const auto order = [&] {
+        std::string text;
+        for (const CategoryRule& rule : library.rules) text += rule.contains + (rule.categoryID == a ? "=a " : "=b ");
+        return text;
+    };
+    for (const char* text : {"uber", "amazon", "Amazon Web", " airtel "})
+        library = Rules::put(library, CategoryRule::make(text, a, ""));
+    EXPECT_EQ(order(), "uber=a Amazon Web=a amazon=a airtel=a ");
+    library = Rules::put(library, CategoryRule::make("UBER", b, ""));
+    CategoryRule renamed = library.rules[3];
+    renamed.contains = "jio";
+    library = Rules::put(library, renamed);
+    EXPECT_EQ(order(), "UBER=b Amazon Web=a amazon=a jio=a ");
+    library = Rules::move(library, library.rules[0].id, 99);
+    library = Rules::move(library, library.rules[2].id, 0);
+    library = Rules::remove(library, library.rules[1].id);
+    library = Rules::move(Rules::remove(library, UUID::random()), UUID::random(), 0);
+    EXPECT_EQ(order(), "jio=a amazon=a UBER=b ");
+    EXPECT_EQ(refusal([&] { return Rules::put(library, CategoryRule::make(" ", a, "")); }), Code::rule);
+    EXPECT_EQ(refusal([&] { return Rules::put(library, CategoryRule::make("x", UUID::random(), "")); }), Code::rule);
+}
+
+}  // namespace
+}  // namespace tamba
