@@ -7,6 +7,7 @@
 #include "TambaCore/Bank/Matching.h"
 
 #include "TambaCore/Bank/Matcher.h"
+#include "TambaCore/Documents/DocMath.h"
 #include "TambaCore/Fixtures.h"
 
 #include <algorithm>
