@@ -93,6 +93,11 @@ struct Merger {
         else
             conflicts.push_back({list, id, std::string(key), fieldText(ours), fieldText(theirs)});
     }
+    /// When a record was made: what both sides made, such as the month's rent, is as old as the earlier.
+    void member(const std::string&, const std::string&, std::string_view, const Instant& base, Instant& ours,
+                const Instant& theirs) {
+        if (theirs != base) ours = ours == base ? theirs : std::min(ours, theirs);
+    }
     /// Records inside a record, such as payments: none of either side is lost.
     template <class T>
         requires requires(const T& record) { record.id; }

@@ -1,4 +1,5 @@
 #include "TambaCore/Documents/Recurring.h"
+#include "TambaCore/Model/Changes.h"
 #include "tests/support/Books.h"
 
 namespace tamba {
@@ -79,6 +80,17 @@ TEST(Recurring, catchesUpAfterWeeksInDateOrderAndOnlyOnce) {
     EXPECT_EQ(again.count, 0U);
     EXPECT_EQ(again.library, first.library);
     EXPECT_EQ(Recurring::addDue(library, {2026, 9, 30}, now).library.expenses, first.library.expenses);
+}
+
+TEST(Recurring, whatTwoMachinesAddIsOneRecordWithoutAQuestion) {
+    Library library = aBook();
+    each(library, "Rent", monthly, {2026, 11, 1});
+    const Library ours = Recurring::addDue(library, {2026, 11, 2}, now + std::chrono::hours(24)).library;
+    const Library theirs = Recurring::addDue(library, {2026, 11, 1}, now).library;
+    for (const Merged& merged : {merge(library, ours, theirs), merge(library, theirs, ours)}) {
+        EXPECT_THAT(merged.conflicts, IsEmpty());
+        EXPECT_EQ(merged.library, theirs) << "it is as old as the earlier of both";
+    }
 }
 
 TEST(Recurring, stopsAtTheEndDateAndWaitsWhilePaused) {
