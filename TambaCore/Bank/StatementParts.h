@@ -1,0 +1,98 @@
+#pragma once
+
+#include "TambaCore/Bank/BankImport.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the statement readers share.
+namespace tamba::BankImport {
+
+/// Bytes as UTF-8: by their byte-order mark, as UTF-8, else as Windows-1252, which has a character for every byte.
+[[nodiscard]] std::string decoded(std::string_view bytes);
+[[nodiscard]] bool containsIgnoringCase(std::string_view text, std::string_view lowerCasePart);
+/// `text` with runs of white space as one blank each, none at the ends.
+[[nodiscard]] std::string collapsed(std::string_view text);
+/// "&amp;", "&#8377;" and the like as the characters they stand for; what is none stays. Nothing expands further.
+[[nodiscard]] std::string withoutEntities(std::string_view text);
+
+/// No statement has more; what has is refused before it fills the memory.
+inline constexpr std::size_t maximumBytes = 64'000'000, maximumCells = 30'000'000;
+
+// Tables out of bytes; each throws ImportError when the bytes hold none.
+[[nodiscard]] Table textTable(std::string text);
+[[nodiscard]] Table htmlTable(std::string_view html);
+[[nodiscard]] Table jsonTable(std::string_view json);
+[[nodiscard]] Table workbookTable(std::string_view bytes);
+
+/// Cells of one spelling: lower case, one blank between words, none around "/".
+[[nodiscard]] std::vector<std::string> titles(const std::vector<std::string>& cells);
+/// A row that could be a header: a cell with “date”, another with an amount word, and no figure or date among them.
+[[nodiscard]] bool looksLikeHeader(const std::vector<std::string>& titles);
+
+/// A date cell before the order of day and month is decided.
+struct DateCell {
+    enum class Kind : std::uint8_t { none, fixed, numeric } kind = Kind::none;
+    std::uint8_t yearDigits = 0;
+    Day day;  ///< fixed; numeric: the three figures as printed, in y, m, d
+    [[nodiscard]] std::optional<Day> in(DateOrder order) const;
+};
+[[nodiscard]] DateCell dateCell(std::string_view text, DateOrder order);
+
+/// Which order the numeric dates are read with, and the sentence that says why.
+struct ChosenOrder {
+    DateOrder order = DateOrder::dmy;
+    std::string reason;
+    std::optional<std::string> doubt;
+};
+[[nodiscard]] ChosenOrder chooseOrder(const std::vector<DateCell>& dates, DateOrder setting);
+/// "day, month, year"
+[[nodiscard]] std::string_view words(DateOrder order);
+
+enum class Direction : std::uint8_t { unsaid, in, out };
+/// What a word of a type column says: "DR", "Withdrawal", "cr."; most words say nothing.
+[[nodiscard]] Direction direction(std::string_view word);
+
+/// Which of "." and "," is the decimal mark of a file's figures.
+class Figures {
+public:
+    /// `plain`: the format knows no thousands separators, as OFX.
+    enum class Style { grouped, plain };
+    explicit Figures(Style style = Style::grouped) : style_(style) {}
+    void see(std::string_view cell);
+    [[nodiscard]] char decimalMark() const;  ///< 0 when no figure tells
+    [[nodiscard]] Style style() const { return style_; }
+
+private:
+    Style style_;
+    std::size_t points_ = 0, commas_ = 0;
+};
+
+/// An amount cell: the whole cell is one amount, or it is none.
+struct AmountCell {
+    enum class State : std::uint8_t { blank, amount, unreadable, ambiguous, tooLarge } state = State::blank;
+    bool negative = false;
+    Direction marked = Direction::unsaid;  ///< by "Dr" or "(Cr)" in the cell
+    std::int64_t minor = 0;                ///< without sign
+
+    [[nodiscard]] bool isFilled() const { return state == State::amount && minor != 0; }
+    /// With its sign; "Dr" is a minus.
+    [[nodiscard]] std::int64_t value() const { return negative || marked == Direction::out ? -minor : minor; }
+};
+[[nodiscard]] AmountCell amountCell(std::string_view cell, const Currency& currency, char decimalMark,
+                                    Figures::Style style = Figures::Style::grouped);
+/// Why a cell that is filled is no amount: a finished sentence.
+[[nodiscard]] std::string whyNoAmount(const AmountCell& amount, std::string_view cell);
+
+/// Fills `balanceBreaks` and `balanceProof` from the lines' balances, whichever end of the file is the newer.
+void checkBalances(Parsed& parsed, std::optional<std::int64_t> opening);
+
+/// "Name" and "Memo" as one narration: the longer one when it holds the other, else both.
+[[nodiscard]] std::string joinedNarration(std::string_view name, std::string_view memo);
+/// Throws `noRows` when there are no lines.
+[[nodiscard]] Parsed finished(Parsed parsed);
+
+}  // namespace tamba::BankImport
