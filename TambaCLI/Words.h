@@ -66,5 +66,6 @@ void addDocumentCommands(CLI::App& app, Command& c);
 void addClientCommands(CLI::App& app, Command& c);
 /// business, series
 void addSettingCommands(CLI::App& app, Command& c);
+void addBankCommands(CLI::App& app, Command& c);
 
 }  // namespace tamba::cli

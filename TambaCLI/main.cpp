@@ -94,6 +94,7 @@ int main(int argc, char** argv) {
     addDocumentCommands(app, c);
     addClientCommands(app, c);
     addSettingCommands(app, c);
+    addBankCommands(app, c);
     addBackupCommands(app, c);
 
     try {
