@@ -117,7 +117,7 @@ ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
 
     std::vector<Entry> entries;
     for (const Expense& expense : library.expenses) {
-        if (filter.days && (expense.date < filter.days->from || filter.days->to < expense.date)) continue;
+        if (filter.days && !filter.days->contains(expense.date)) continue;
         if (!belongsTo(library, expense, filter.list)) continue;
         const auto found = expense.categoryID ? categories.find(*expense.categoryID) : categories.end();
         Entry entry{&expense, found == categories.end() ? nullptr : found->second, statusOf(library, expense),
@@ -242,19 +242,14 @@ std::string splitText(const TaxSplit& split, const Currency& currency, const Bus
     return result;
 }
 
-std::optional<Days> daysOf(Span span, Day day, int fyStartMonth) {
+std::optional<Period> daysOf(Span span, Day day, int fyStartMonth) {
     switch (span) {
         case Span::month:
-            return Days{day.firstOfMonth(), day.lastOfMonth()};
-        case Span::quarter: {
-            const int into = (day.m - fyStartMonth + 12) % 3;
-            const Day first = day.firstOfMonth().addingMonths(-into);
-            return Days{first, first.addingMonths(2).lastOfMonth()};
-        }
-        case Span::year: {
-            const FinancialYear year = day.financialYear(fyStartMonth);
-            return Days{year.start(), year.end()};
-        }
+            return Period::month(day);
+        case Span::quarter:
+            return Period::quarter(day, fyStartMonth);
+        case Span::year:
+            return Period::fy(day.financialYear(fyStartMonth));
         case Span::all:
             break;
     }

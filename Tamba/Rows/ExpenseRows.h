@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TambaCore/Model/Models.h"
+#include "TambaCore/Model/Period.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,16 +17,10 @@ enum class ExpenseList { all, toCheck, withoutCategory, withoutRate, billable, m
 /// What its rows can be ordered by.
 enum class ExpenseOrder { date, vendor, category, amount, tax, method, status };
 
-/// A span of days, both ends included.
-struct Days {
-    Day from, to;
-    bool operator==(const Days&) const = default;
-};
-
 struct ExpenseFilter {
     ExpenseList list = ExpenseList::all;
-    std::optional<Days> days = {};  ///< nothing: all time
-    std::string search = {};        ///< words that must all occur, in any of the texts people know the expense by
+    std::optional<Period> days = {};  ///< nothing: all time
+    std::string search = {};          ///< words that must all occur, in any of the texts people know the expense by
     ExpenseOrder order = ExpenseOrder::date;
     bool ascending = false;
 };
@@ -62,7 +57,7 @@ struct ExpenseTable {
 
 /// A span the period picker offers, and its neighbours.
 enum class Span { month, quarter, year, all };
-[[nodiscard]] std::optional<Days> daysOf(Span span, Day day, int fyStartMonth);
+[[nodiscard]] std::optional<Period> daysOf(Span span, Day day, int fyStartMonth);
 [[nodiscard]] std::string titleOf(Span span, Day day, int fyStartMonth);
 [[nodiscard]] Day stepped(Span span, Day day, int steps);
 

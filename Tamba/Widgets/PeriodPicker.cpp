@@ -30,7 +30,7 @@ PeriodPicker::PeriodPicker(Day today, int fyStartMonth, QWidget* parent)
     refresh();
 }
 
-std::optional<Days> PeriodPicker::days() const { return daysOf(span_, day_, fyStartMonth_); }
+std::optional<Period> PeriodPicker::days() const { return daysOf(span_, day_, fyStartMonth_); }
 
 void PeriodPicker::setYearStart(int fyStartMonth) {
     if (fyStartMonth == fyStartMonth_) return;

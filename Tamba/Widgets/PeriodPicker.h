@@ -16,7 +16,7 @@ class PeriodPicker : public QWidget {
 
 public:
     PeriodPicker(Day today, int fyStartMonth, QWidget* parent = nullptr);
-    [[nodiscard]] std::optional<Days> days() const;
+    [[nodiscard]] std::optional<Period> days() const;
     void choose(Span span, Day day);
     void setYearStart(int fyStartMonth);
 
