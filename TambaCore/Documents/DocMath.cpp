@@ -40,6 +40,20 @@ bool canBeRight(const Line& line, SupplyType supply) {
 
 void add(std::int64_t& sum, std::int64_t figure) { sum = Checked::add(sum, figure); }
 
+void addLine(DocTotals& sums, const LineTotals& figures) {
+    add(sums.subtotal, figures.gross);
+    add(sums.discount, figures.discount);
+    add(sums.taxable, figures.taxable);
+    sums.tax = sums.tax + figures.tax;
+}
+
+void finish(DocTotals& sums, const Document& document) {
+    const std::int64_t unrounded = Checked::add(sums.taxable, sums.tax.total());
+    sums.total =
+        document.roundOff ? MoneyMath::roundToWhole(unrounded, Currency::of(document.currency).scale()) : unrounded;
+    sums.roundOff = Checked::sub(sums.total, unrounded);
+}
+
 }  // namespace
 
 std::int64_t LineTotals::total() const { return Checked::add(taxable, tax.total()); }
@@ -57,16 +71,20 @@ LineTotals line(const Line& line, SupplyType supply) {
     return result;
 }
 
+DocTotals sums(const Document& document) {
+    DocTotals result;
+    for (const Line& line : document.lines) addLine(result, DocMath::line(line, document.supply));
+    finish(result, document);
+    return result;
+}
+
 DocTotals totals(const Document& document) {
     DocTotals result;
     std::map<int, RateGroup> byRate;
     std::map<std::pair<std::string, int>, HSNGroup> byHSN;
     for (const Line& line : document.lines) {
         const LineTotals figures = DocMath::line(line, document.supply);
-        add(result.subtotal, figures.gross);
-        add(result.discount, figures.discount);
-        add(result.taxable, figures.taxable);
-        result.tax = result.tax + figures.tax;
+        addLine(result, figures);
 
         RateGroup& rate = byRate[line.taxBP];
         rate.rateBP = line.taxBP;
@@ -84,11 +102,7 @@ DocTotals totals(const Document& document) {
     }
     for (auto& [key, group] : byRate) result.byRate.push_back(group);
     for (auto& [key, group] : byHSN) result.byHSN.push_back(std::move(group));
-
-    const std::int64_t unrounded = Checked::add(result.taxable, result.tax.total());
-    const std::int64_t scale = Currency::of(document.currency).scale();
-    result.total = document.roundOff ? MoneyMath::roundToWhole(unrounded, scale) : unrounded;
-    result.roundOff = Checked::sub(result.total, unrounded);
+    finish(result, document);
     return result;
 }
 

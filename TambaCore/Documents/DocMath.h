@@ -67,6 +67,8 @@ namespace DocMath {
 [[nodiscard]] LineTotals line(const Line& line, SupplyType supply);
 /// Overflow stops the program: ask `isBelievable` first about a document that was not made here.
 [[nodiscard]] DocTotals totals(const Document& document);
+/// The same figures without the lists `lines`, `byRate` and `byHSN`, for sums over many documents.
+[[nodiscard]] DocTotals sums(const Document& document);
 
 /// Whether every figure of the document, its sums and its payments are at most `maximumAmount` (10^15), with
 /// quantities, prices, rates and payments not negative and discounts of 0 to 100 %. What fails is a typing or reading

@@ -131,6 +131,8 @@ Expense mileage(const Library& library, Expense blank, std::int64_t distanceMill
 
 std::optional<std::int64_t> inHomeCurrency(const Library& library, const Expense& expense, std::int64_t amount) {
     if (!isBelievable(expense)) return {};
+    if (expense.currency == library.business.homeCurrency)
+        return tamba::isBelievable(amount) ? std::optional(amount) : std::nullopt;
     return MoneyMath::tryConvert(amount, Currency::of(expense.currency), library.home(), expense.rateMicros);
 }
 

@@ -12,19 +12,24 @@ namespace {
 std::int64_t credit(const Document& note) {
     const bool counts =
         note.kind == DocKind::creditNote && note.isIssued() && note.linkedID && DocMath::isBelievable(note);
-    return counts ? DocMath::totals(note).total : 0;
+    return counts ? DocMath::sums(note).total : 0;
 }
 
 /// Adds a credit. A sum beyond belief stays just beyond it, so that nothing computed from it overflows.
 void addCredit(std::int64_t& sum, std::int64_t amount) { sum = std::min(sum + amount, maximumAmount + 1); }
 
+/// What the payments of a believable document settle.
+std::int64_t settled(const Document& document) {
+    std::int64_t sum = 0;
+    for (const Payment& payment : document.payments) sum = Checked::add(sum, payment.settles());
+    return sum;
+}
+
 Standing standing(const Document& document, std::int64_t credited, Day today) {
     Standing result;
     result.totals = DocMath::totals(document);
-    for (const Payment& payment : document.payments) {
-        result.paid = Checked::add(result.paid, payment.settles());
-        result.tds = Checked::add(result.tds, payment.tds);
-    }
+    result.paid = settled(document);
+    for (const Payment& payment : document.payments) result.tds = Checked::add(result.tds, payment.tds);
     result.credited = credited;
     const bool owed = document.kind == DocKind::invoice && document.isIssued();
     if (owed) result.balance = Checked::sub(Checked::sub(result.totals.total, credited), result.paid);
@@ -55,12 +60,7 @@ Standing standing(const Document& document, std::int64_t credited, Day today) {
 
 }  // namespace
 
-std::int64_t paid(const Document& invoice) {
-    if (!DocMath::isBelievable(invoice)) return 0;
-    std::int64_t sum = 0;
-    for (const Payment& payment : invoice.payments) sum = Checked::add(sum, payment.settles());
-    return sum;
-}
+std::int64_t paid(const Document& invoice) { return DocMath::isBelievable(invoice) ? settled(invoice) : 0; }
 
 std::int64_t credits(const Library& library, const UUID& invoice) {
     std::int64_t sum = 0;
@@ -71,7 +71,7 @@ std::int64_t credits(const Library& library, const UUID& invoice) {
 
 std::int64_t balance(const Library& library, const Document& invoice) {
     if (!DocMath::isBelievable(invoice)) return 0;
-    const std::int64_t owed = Checked::sub(DocMath::totals(invoice).total, credits(library, invoice.id));
+    const std::int64_t owed = Checked::sub(DocMath::sums(invoice).total, credits(library, invoice.id));
     return Checked::sub(owed, paid(invoice));
 }
 
@@ -101,15 +101,27 @@ Standings::Standings(const Library& library, Day today) : today_(today) {
         if (const std::int64_t amount = credit(document)) addCredit(credits_[*document.linkedID], amount);
 }
 
-std::optional<Standing> Standings::of(const Document& document) const {
+std::optional<std::int64_t> Standings::credited(const Document& document) const {
     if (!DocMath::isBelievable(document)) return {};
     const auto found = credits_.find(document.id);
-    const std::int64_t credited = found == credits_.end() ? 0 : found->second;
-    if (!isBelievable(credited)) return {};
-    return standing(document, credited, today_);
+    const std::int64_t amount = found == credits_.end() ? 0 : found->second;
+    return isBelievable(amount) ? std::optional(amount) : std::nullopt;
+}
+
+std::optional<Standing> Standings::of(const Document& document) const {
+    const auto amount = credited(document);
+    return amount ? std::optional(standing(document, *amount, today_)) : std::nullopt;
+}
+
+std::optional<std::int64_t> Standings::balance(const Document& invoice) const {
+    const auto amount = credited(invoice);
+    if (!amount) return {};
+    return Checked::sub(Checked::sub(DocMath::sums(invoice).total, *amount), settled(invoice));
 }
 
 std::optional<std::int64_t> inHomeCurrency(const Library& library, const Document& document, std::int64_t amount) {
+    if (document.currency == library.business.homeCurrency)
+        return isBelievable(amount) ? std::optional(amount) : std::nullopt;
     return MoneyMath::tryConvert(amount, Currency::of(document.currency), library.home(), document.rateMicros);
 }
 

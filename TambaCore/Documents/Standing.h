@@ -43,8 +43,12 @@ class Standings {
 public:
     explicit Standings(const Library& library, Day today);
     [[nodiscard]] std::optional<Standing> of(const Document& document) const;
+    /// The balance of an issued invoice alone, for sums over many.
+    [[nodiscard]] std::optional<std::int64_t> balance(const Document& invoice) const;
 
 private:
+    /// Nothing where the document or what was credited on it is beyond belief.
+    [[nodiscard]] std::optional<std::int64_t> credited(const Document& document) const;
     std::unordered_map<UUID, std::int64_t> credits_;
     Day today_;
 };
