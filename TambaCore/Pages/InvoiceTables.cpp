@@ -55,7 +55,12 @@ constexpr double counterWidth = 22;
 
 Row headingOf(const std::vector<Field>& fields, const Look& look) {
     Row row{.below = 5, .rule = look.accent, .ruleWidth = 0.8};
-    for (const Field& field : fields) row.columns.push_back(cell(field, field.title, look.label));
+    // Repeated on every page, so a title that somebody made very long is cut; the sums have it whole.
+    constexpr double highest = 40;
+    for (const Field& field : fields) {
+        const std::size_t bytes = PDFCanvas::fitting(field.title, field.width, look.label, highest);
+        row.columns.push_back(cell(field, field.title.substr(0, bytes), look.label));
+    }
     return row;
 }
 

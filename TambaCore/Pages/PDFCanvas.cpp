@@ -68,6 +68,7 @@ constexpr int oneLine = -1;
 /// `width` in the text engine's units, or `oneLine`.
 Layout laidOut(std::string_view text, int width, const PDFCanvas::Style& style) {
     Layout layout(pango_layout_new(layoutContext()));
+    pango_layout_set_auto_dir(layout.get(), FALSE);  // a name in Arabic letters keeps to the alignment it was given
     Description description(pango_font_description_from_string(style.font.face.c_str()));
     const char* family = pango_font_description_get_family(description.get());
     pango_font_description_set_family(description.get(),
@@ -86,6 +87,7 @@ Layout laidOut(std::string_view text, int width, const PDFCanvas::Style& style) 
     pango_attr_list_unref(attributes);
 
     std::string clean = Text::repairedUTF8(text);
+    std::replace(clean.begin(), clean.end(), '\t', ' ');  // lines with tabs do not keep to the width
     if (width == oneLine) {
         std::replace_if(clean.begin(), clean.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
     } else {

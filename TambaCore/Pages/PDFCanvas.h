@@ -95,8 +95,8 @@ public:
     [[nodiscard]] static double width(std::string_view text, const Style& style);
     /// How far below its top the wrapped text's first line stands.
     [[nodiscard]] static double baseline(std::string_view text, double width, const Style& style);
-    /// How many bytes of the wrapped text its first lines have that fit in `height` together: where to cut a text that
-    /// goes on overleaf.
+    /// How many bytes of the wrapped text (valid UTF-8) its first lines have that fit in `height` together: where to
+    /// cut a text that goes on overleaf.
     [[nodiscard]] static std::size_t fitting(std::string_view text, double width, const Style& style, double height);
 
     /// Draws wrapped text from (x, y) down and returns the height it took, as `measure` gives it.

@@ -1,5 +1,7 @@
 #include "TambaCore/Pages/PageFlow.h"
 
+#include "TambaCore/Base/Text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -31,6 +33,7 @@ double heightOf(const Piece& piece, double width) {
 /// Takes the lines that fit off the front of the piece's text; an empty piece when none do.
 Piece cutText(Piece& piece, double width, double height) {
     if (piece.drawing) return {};
+    if (!Text::isUTF8(piece.text)) piece.text = Text::repairedUTF8(piece.text);
     const double room = height - piece.above - shifts(piece, width).second;
     const std::size_t bytes = PDFCanvas::fitting(piece.text, width - piece.indent, piece.style, room);
     if (bytes == 0) return {};

@@ -249,6 +249,20 @@ TEST(InvoicePDF, showsTheCodeOnlyWhereItCanBePaid) {
     }
 }
 
+TEST(InvoicePDF, whatWasPaidAndCreditedComesOffWhatIsDue) {
+    Fixtures::Sample sample = sampleNamed("credit-note");
+    Document invoice = *sample.library.document(*documentOf(sample).linkedID);
+    invoice.payments = {{invoice.id, invoice.issueDate, 15000000, 1500000, PaymentMethod::bank, "", {}, {}}};
+    const std::string page = printed(textsOf(sample.library, invoice));
+    for (const char* said : {"Total₹2,10,433.00", "Creditnotes−524.00", "Received−1,50,000.00", "TDSdeducted−15,000.00",
+                             "Balancedue₹44,909.00"})
+        EXPECT_NE(page.find(said), std::string::npos) << said << " in " << page;
+    const auto pages = PDFPages::images(InvoicePDF::render(sample.library, invoice, std::nullopt), 1240);
+    EXPECT_THAT(QRCode::read(pages[0]), ::testing::ElementsAre(::testing::HasSubstr("am=44909.00")));
+    invoice.payments[0].amount = 21000000;
+    EXPECT_NE(printed(textsOf(sample.library, invoice)).find("Toberefunded₹15,091.00"), std::string::npos);
+}
+
 TEST(InvoicePDF, aDescriptionOfAnyLengthRunsOnOverleafWithoutLosingALine) {
     Fixtures::Sample sample = sampleNamed("intrastate");
     Document document = documentOf(sample);

@@ -119,6 +119,14 @@ TEST(PDFCanvas, aWordWiderThanItsBoxIsBrokenAndGainsNoHyphen) {
     }
 }
 
+TEST(PDFCanvas, textWithTabsKeepsToItsWidth) {
+    auto canvas = PDFCanvas::bitmap(a4, 1);
+    canvas.recordTexts();
+    canvas.text("Qty\tRate\tidentityforthetearange\tand\tmore\tof\tit", 40, 40, 95, {});
+    const Rect box = canvas.texts()[0].box;
+    EXPECT_LE(box.x + box.width, 135.01);
+}
+
 TEST(PDFCanvas, cutsATextWhereTheRoomEnds) {
     const Style style{.font = PDFCanvas::systemFont(10)};
     const std::string text = "First paragraph, which goes on for two lines.\nSecond paragraph\nThird: हिन्दी";
