@@ -177,7 +177,7 @@ std::string addressHeader(std::string_view name, std::string_view addresses) {
         for (std::string& word : nameWords(address.name)) words.push_back(std::move(word));
         words.push_back("<" + address.mailbox + ">");
     }
-    return folded(name, words);
+    return words.empty() ? std::string() : folded(name, words);
 }
 
 std::string parameter(std::string_view name, std::string_view value) {

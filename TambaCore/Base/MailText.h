@@ -15,7 +15,8 @@ namespace tamba::MailText {
 /// A whole header line: words as they are where all is ASCII, else encoded words.
 [[nodiscard]] std::string header(std::string_view name, std::string_view text);
 /// "Asha Rao <asha@saffron.example>, ravi@saffron.example": names are quoted or encoded as they need it. A name may
-/// hold commas ("Rao, Asha <asha@saffron.example>").
+/// hold commas ("Rao, Asha <asha@saffron.example>"). Nothing without an address: an empty field is no field of RFC
+/// 5322, and a mail program fills in one that is missing.
 [[nodiscard]] std::string addressHeader(std::string_view name, std::string_view addresses);
 /// A parameter on a line of its own: ";\r\n filename=\"bill.pdf\"", in RFC 2231's encoding where it is not ASCII.
 [[nodiscard]] std::string parameter(std::string_view name, std::string_view value);
