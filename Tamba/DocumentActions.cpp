@@ -1,11 +1,11 @@
 #include "Tamba/DocumentActions.h"
 
+#include "Tamba/DocumentPDF.h"
 #include "Tamba/QtText.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Reminders.h"
 #include "TambaCore/Documents/Standing.h"
-#include "TambaCore/Pages/InvoicePDF.h"
 
 #include <QCoreApplication>
 
@@ -17,8 +17,7 @@ using Action = DocumentActions::Action;
 QString kindTitle(DocKind kind) { return toQt(Books::title(kind)); }
 
 std::string pdfOf(const AppModel& model, const Document& document) {
-    const auto logo = model.store().logo(model.library().business);
-    return InvoicePDF::render(model.library(), document, logo ? ImageFile::load(*logo) : std::nullopt);
+    return DocumentPDF::make(model.library(), document, model.store());
 }
 
 std::string senderOf(const Business& business) {
@@ -307,9 +306,7 @@ std::filesystem::path DocumentActions::keep(const Document& document, const std:
 
 void DocumentActions::create(DocKind kind, const std::optional<UUID>& client) {
     model_.attempt([&] {
-        Document draft = Books::newDocument(model_.library(), kind, client, model_.today());
-        draft.lines.push_back(Books::newLine(model_.library(), draft));
-        add(tr("New %1").arg(kindTitle(kind)), draft);
+        add(tr("New %1").arg(kindTitle(kind)), Books::newDocument(model_.library(), kind, client, model_.today()));
     });
 }
 

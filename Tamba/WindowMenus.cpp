@@ -111,8 +111,7 @@ void Window::fillDocumentMenu() {
     }
     for (const auto action : DocumentActions::offered(model_.library(), *document, model_.today()))
         documentMenu_->addAction(Icons::icon(DocumentActions::icon(action), &Colors::muted),
-                                 DocumentActions::title(action), this,
-                                 [this, action, id = *id] { documents_->run(action, id); });
+                                 DocumentActions::title(action), this, [this, action] { invoices_->run(action); });
 }
 
 void Window::refreshMenus() {

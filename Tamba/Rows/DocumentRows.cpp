@@ -54,6 +54,29 @@ std::string balanceText(const Entry& entry) {
     return MoneyFormat::string(balance, currency) + " due";
 }
 
+std::string glyphOf(DocStatus status) {
+    switch (status) {
+        case DocStatus::draft:
+            return "file";
+        case DocStatus::sent:
+            return "mail";
+        case DocStatus::partial:
+            return "history";
+        case DocStatus::overdue:
+        case DocStatus::expired:
+            return "alert";
+        case DocStatus::void_:
+        case DocStatus::declined:
+            return "close";
+        case DocStatus::paid:
+        case DocStatus::accepted:
+        case DocStatus::converted:
+        case DocStatus::applied:
+            break;
+    }
+    return "done";
+}
+
 DocumentRow rowOf(const Library& library, const Entry& entry) {
     const Document& document = *entry.document;
     DocumentRow row;
@@ -66,6 +89,7 @@ DocumentRow rowOf(const Library& library, const Entry& entry) {
     row.balance = balanceText(entry);
     row.status = Books::title(entry.status);
     row.tone = toneOf(entry.status);
+    row.glyph = glyphOf(entry.status);
     row.late = entry.status == DocStatus::overdue;
     return row;
 }

@@ -38,6 +38,7 @@ struct DocumentRow {
     std::string total, balance;  ///< `balance`: "₹20,000.00 due"; empty where nothing is
     std::string status;
     Tone tone = Tone::neutral;
+    std::string glyph;  ///< for the status where there is no room for its word
     bool late = false;
     bool operator==(const DocumentRow&) const = default;
 };

@@ -108,7 +108,7 @@ void DocumentEditor::makeFields(QWidget* content) {
         label->hide();
         return label;
     };
-    client_ = combo(tr("Client"), "client");
+    client_ = combo(tr("Client"), "documentClient");
     client_->setEditable(true);
     client_->setInsertPolicy(QComboBox::NoInsert);
     client_->lineEdit()->setPlaceholderText(tr("Who is this for?"));
@@ -138,8 +138,8 @@ void DocumentEditor::makeFields(QWidget* content) {
     lut_->setToolTip(lut_->accessibleName());
     qobject_cast<QVBoxLayout*>(placeBox_->layout())->insertWidget(3, lut_);
 
-    part(tr("Currency"), currency_ = combo(tr("Currency"), "currency"), nullptr, 1, 2);
-    rate_ = line(tr("Exchange rate"), "rate");
+    part(tr("Currency"), currency_ = combo(tr("Currency"), "documentCurrency"), nullptr, 1, 2);
+    rate_ = line(tr("Exchange rate"), "documentRate");
     rate_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     rateBox_ = part(tr("Exchange rate"), rate_, rateNote_ = note("rateNote"), 1, 2);
 }
@@ -161,8 +161,8 @@ QWidget* DocumentEditor::makeFoot() {
         words->addSpacing(8);
         return field;
     };
-    notes_ = text(tr("Notes for the client"), "notes");
-    terms_ = text(tr("Terms"), "terms");
+    notes_ = text(tr("Notes for the client"), "documentNotes");
+    terms_ = text(tr("Terms"), "documentTerms");
     words->addStretch(1);
     columns->addLayout(words, 1);
     auto* figures = new QVBoxLayout;

@@ -196,10 +196,6 @@ void DocumentEditor::arrange() {
         column += columns;
     }
     for (int i = 0; i < 4; ++i) grid_->setColumnStretch(i, 1);
-    // Fields are as wide as their columns, however long what they hold.
-    for (const Part& part : parts_) part.box->setMinimumWidth(0);
-    const int each = (room - 40 - 36) / 4;
-    for (int i = 0; i < 4; ++i) grid_->setColumnMinimumWidth(i, each);
 }
 
 void DocumentEditor::resizeEvent(QResizeEvent* event) {

@@ -42,6 +42,8 @@ const char* pillOf(Tone tone) {
 DocumentPane::DocumentPane(AppModel& model, Prompts& prompts, DocumentActions& actions, QWidget* parent)
     : QFrame(parent), model_(model), actions_(actions) {
     setObjectName(QStringLiteral("inspector"));
+    setMinimumWidth(480);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 0, 0, 0);
     layout->setSpacing(0);
@@ -77,6 +79,7 @@ QWidget* DocumentPane::makeHead() {
     menu_ = new QMenu(more_);
     menu_->setObjectName(QStringLiteral("documentMenu"));
     more_->setMenu(menu_);
+    more_->setProperty("role", QStringLiteral("menu"));
     primary_ = Controls::button({}, "primaryAction", Controls::Kind::primary, head);
     top->addWidget(title_);
     top->addWidget(pill_);
@@ -151,6 +154,14 @@ void DocumentPane::setDocument(const std::optional<UUID>& id) {
     }
     refresh();
 }
+
+void DocumentPane::setPreferredWidth(int width) {
+    if (width == preferredWidth_) return;
+    preferredWidth_ = width;
+    updateGeometry();
+}
+
+QSize DocumentPane::sizeHint() const { return {preferredWidth_, QFrame::sizeHint().height()}; }
 
 void DocumentPane::setPreview(bool preview) {
     commit();

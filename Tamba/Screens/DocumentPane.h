@@ -32,6 +32,8 @@ public:
     /// Takes what is being typed into the present one first.
     void setDocument(const std::optional<UUID>& id);
     [[nodiscard]] const std::optional<UUID>& document() const { return id_; }
+    void setPreferredWidth(int width);
+    [[nodiscard]] QSize sizeHint() const override;
     void setPreview(bool preview);
     void togglePreview() { setPreview(!preview_); }
     void commit();
@@ -59,6 +61,7 @@ private:
     DocumentActions& actions_;
     std::optional<UUID> id_;
     bool preview_ = false;
+    int preferredWidth_ = 480;
     QWidget* head_;
     QLabel* title_;
     QLabel* pill_;

@@ -75,6 +75,7 @@ std::vector<InvoicesScreen::Model::Column> InvoicesScreen::columns() {
          [](const DocumentRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.status);
              if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
+             if (role == RowDelegate::Glyph) return toQt(row.glyph);
              return {};
          }},
     };
@@ -94,6 +95,7 @@ InvoicesScreen::InvoicesScreen(AppModel& model, Prompts& prompts, DocumentAction
     makeTable();
     empty_ = new EmptyState(this);
     pages_ = new QStackedWidget(this);
+    pages_->setMinimumWidth(200);  // the empty place would ask for more than the list needs
     pages_->addWidget(table_);
     pages_->addWidget(empty_);
     left->addWidget(pages_, 1);
@@ -225,6 +227,7 @@ void InvoicesScreen::makeConnections() {
         clearFilters();
         showKind(DocKind::invoice);
     });
+    connect(&model_, &AppModel::dayChanged, this, [this] { refresh(Because::booksChanged); });
     // Only while the screen is seen: a hidden widget's shortcut is nobody's.
     auto* preview = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), this);
     connect(preview, &QShortcut::activated, pane_, &DocumentPane::togglePreview);
@@ -237,7 +240,10 @@ void InvoicesScreen::showKind(DocKind kind) {
         fillStatuses();
         pane_->setDocument({});
     }
-    kinds_->setCurrentIndex(static_cast<int>(std::find(std::begin(kinds), std::end(kinds), kind) - kinds));
+    {
+        const QSignalBlocker quiet(kinds_);
+        kinds_->setCurrentIndex(static_cast<int>(std::find(std::begin(kinds), std::end(kinds), kind) - kinds));
+    }
     refresh(Because::filterChanged);
 }
 
@@ -309,17 +315,20 @@ void InvoicesScreen::refreshEmptyState() {
                                tr("An estimate that is accepted becomes an invoice with one click."),
                                tr("New Estimate"), {});
         case DocKind::creditNote:
-            return empty_->set(QStringLiteral("file"), tr("No credit notes"),
-                               tr("When an invoice was too high, open it and choose Credit: the note is made from it."),
-                               tr("Show Invoices"), {});
+            return empty_->set(
+                QStringLiteral("file"), tr("No credit notes"),
+                tr("When an invoice was too high, open it and choose “Credit Note…”: it is made from it."),
+                tr("Show Invoices"), {});
     }
 }
 
 void InvoicesScreen::clearFilters() {
-    const QScopedValueRollback guard(filling_, true);
-    search_->clear();
-    status_->setCurrentIndex(0);
-    period_->choose(Span::all, model_.today());
+    {
+        const QScopedValueRollback guard(filling_, true);
+        search_->clear();
+        status_->setCurrentIndex(0);
+        period_->choose(Span::all, model_.today());
+    }
     refresh(Because::filterChanged);
 }
 
@@ -343,7 +352,7 @@ std::optional<UUID> InvoicesScreen::selected() const { return pane_->document();
 
 void InvoicesScreen::newDocument() {
     if (filter_.kind == DocKind::creditNote) {
-        emit noticed(tr("A credit note begins at its invoice: open it and choose Credit."));
+        emit noticed(tr("A credit note begins at its invoice: open it and choose “Credit Note…”."));
         return;
     }
     pane_->commit();
@@ -366,7 +375,9 @@ void InvoicesScreen::deleteSelected() {
     if (done) emit removed(tr("Draft %1 deleted").arg(kind.toLower()));
 }
 
-void InvoicesScreen::printSelected() { pane_->run(DocumentActions::Action::print); }
+void InvoicesScreen::run(DocumentActions::Action action) { pane_->run(action); }
+
+void InvoicesScreen::printSelected() { run(DocumentActions::Action::print); }
 
 void InvoicesScreen::focusSearch() {
     search_->setFocus(Qt::ShortcutFocusReason);
@@ -427,15 +438,17 @@ void InvoicesScreen::hideEvent(QHideEvent*) { pane_->commit(); }
 void InvoicesScreen::resizeEvent(QResizeEvent*) { arrange(); }
 
 void InvoicesScreen::arrange() {
-    pane_->setFixedWidth(std::clamp(width() * 64 / 100, 480, 900));
-    const int room = width() - (pane_->isHidden() ? 0 : pane_->width());
+    // The editor's table has its lines in one row each from 690 on.
+    const int wanted = std::clamp(std::max(width() * 60 / 100, std::min(690, width() - 380)), 480, 900);
+    pane_->setPreferredWidth(wanted);
+    const int room = width() - (pane_->isHidden() ? 0 : wanted);
     // What gives way first where the client's name would get too little room.
     struct Step {
         Column column;
         int width;
     };
-    static constexpr Step widths[] = {{Column::number, 124}, {Column::total, 128}, {Column::status, 104}};
-    static constexpr Step steps[] = {{Column::status, 40}, {Column::number, 0}, {Column::total, 116}};
+    static constexpr Step widths[] = {{Column::number, 120}, {Column::total, 124}, {Column::status, 100}};
+    static constexpr Step steps[] = {{Column::status, 40}, {Column::number, 0}, {Column::total, 112}};
     int taken = 0;
     for (const auto& [column, width] : widths) {
         table_->setColumnHidden(column, false);
@@ -443,7 +456,7 @@ void InvoicesScreen::arrange() {
         taken += width;
     }
     for (const auto& [column, width] : steps) {
-        if (room - taken >= 112) break;
+        if (room - taken >= 130) break;
         taken -= table_->columnWidth(column) - width;
         if (width > 0)
             table_->setColumnWidth(column, width);

@@ -44,6 +44,8 @@ public:
     /// Deletes the selected draft, with a way back; of an issued document it says why not.
     void deleteSelected();
     void printSelected();
+    /// Carries out an action on the selected document, with what is being typed into it.
+    void run(DocumentActions::Action action);
     /// Somebody is typing into the selected draft: the selection is not to be taken away.
     [[nodiscard]] bool isEditing() const;
 

@@ -195,12 +195,10 @@ LineRow::LineRow(std::size_t index, QWidget* parent) : QWidget(parent) {
     for (std::size_t i = 1; i < lineCells; ++i) {
         const auto column = static_cast<LineCell>(i);
         Cell* cell = make(column, figures_);
-        if (column == LineCell::price)
-            cell->setMinimumWidth(widthOf(column));
-        else
-            cell->setFixedWidth(widthOf(column));
-        figures->addWidget(cell, column == LineCell::price ? 1 : 0);
+        cell->setFixedWidth(widthOf(column));
+        figures->addWidget(cell);
     }
+    figures->addStretch(1);
     amount_ = new QLabel(this);
     Controls::name(*amount_, "lineAmount", tr("Amount, line %1").arg(index + 1));
     amount_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -209,6 +207,8 @@ LineRow::LineRow(std::size_t index, QWidget* parent) : QWidget(parent) {
     menu_->setFocusPolicy(Qt::NoFocus);
     menu_->setIconSize(QSize(16, 16));
     menu_->setFixedWidth(26);
+    for (Cell* cell : cells_) cell->installEventFilter(this);
+    detail_->installEventFilter(this);
     arrangeLine(*grid_, compact_, cells_[0], detail_, figures_, amount_, menu_);
     clear();
 }
@@ -231,7 +231,6 @@ void LineRow::fill(const Line& line, const Currency& currency, const QString& am
     cell(LineCell::discount).setPlaceholderText(QStringLiteral("–"));
     cell(LineCell::hsn).setPlaceholderText(QStringLiteral("–"));
     cell(LineCell::unit).setPlaceholderText(QStringLiteral("–"));
-    detail_->setPlaceholderText(tr("Details"));
     for (QWidget* widget : {static_cast<QWidget*>(detail_), figures_, static_cast<QWidget*>(menu_)})
         widget->setVisible(true);
 }
@@ -307,6 +306,13 @@ QString LineRow::read(Line& line, LineCell cell, const QString& text, const Curr
     if (!value) return tr("Enter a percentage from 0 to 100.");
     (cell == LineCell::tax ? line.taxBP : line.discountBP) = *value;
     return {};
+}
+
+bool LineRow::eventFilter(QObject* watched, QEvent* event) {
+    // What could be said below the name is asked only while the line is worked on.
+    if (event->type() == QEvent::FocusIn) detail_->setPlaceholderText(tr("Details"));
+    if (event->type() == QEvent::FocusOut) detail_->setPlaceholderText({});
+    return QWidget::eventFilter(watched, event);
 }
 
 void LineRow::paintEvent(QPaintEvent*) {

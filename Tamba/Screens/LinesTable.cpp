@@ -97,7 +97,7 @@ void LinesTable::makeTitles() {
     const auto title = [](const QString& text, QWidget* owner, Qt::Alignment alignment) {
         QLabel* label = Controls::label(text, "section", owner);
         label->setAlignment(alignment);
-        label->setContentsMargins(7, 0, 7, 0);
+        label->setContentsMargins(9, 0, 11, 0);
         return label;
     };
     titleName_ = title(titleOf(LineCell::name), titles_, Qt::AlignLeft);
@@ -108,13 +108,11 @@ void LinesTable::makeTitles() {
     for (std::size_t i = 1; i < lineCells; ++i) {
         const auto column = static_cast<LineCell>(i);
         QLabel* label = title(titleOf(column), titleFigures_, alignmentOf(column));
-        if (column == LineCell::price)
-            label->setMinimumWidth(widthOf(column));
-        else
-            label->setFixedWidth(widthOf(column));
-        figures->addWidget(label, column == LineCell::price ? 1 : 0);
+        label->setFixedWidth(widthOf(column));
+        figures->addWidget(label);
         if (column == LineCell::tax) titleTax_ = label;
     }
+    figures->addStretch(1);
     auto* amount = Controls::label(tr("Amount"), "section", titles_);
     amount->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     amount->setMinimumWidth(amountWidth);

@@ -12,6 +12,7 @@ GrowingText::GrowingText(int lines, QWidget* parent) : QPlainTextEdit(parent), l
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setLineWrapMode(QPlainTextEdit::WidgetWidth);
     document()->setDocumentMargin(3);
+    setModified(false);  // the margin counts as a change
     connect(this, &QPlainTextEdit::textChanged, this, &GrowingText::grow);
     grow();
 }
@@ -35,7 +36,6 @@ void GrowingText::resizeEvent(QResizeEvent* event) {
 void GrowingText::grow() {
     // The size of a plain text's layout counts lines, wrapped ones included.
     const int count = std::max(lines_, static_cast<int>(document()->size().height()));
-    ensurePolished();
     const QMargins around = contentsMargins();
     const int height = count * fontMetrics().lineSpacing() + 8 + around.top() + around.bottom();
     if (height != minimumHeight() || height != maximumHeight()) setFixedHeight(height);

@@ -10,7 +10,8 @@
 namespace tamba {
 namespace {
 
-void paintPill(QPainter& painter, const QRectF& cell, const QString& text, Tone tone, const Colors& colors) {
+void paintPill(QPainter& painter, const QRectF& cell, const QString& text, const QString& ownGlyph, Tone tone,
+               const Colors& colors) {
     painter.setFont(Style::textFont(11, QFont::DemiBold));
     const qreal wide = painter.fontMetrics().horizontalAdvance(text) + 18;
     const QRectF box(cell.left() + 10, cell.center().y() - 10, std::min(wide, cell.width() - 14), 20);
@@ -20,9 +21,10 @@ void paintPill(QPainter& painter, const QRectF& cell, const QString& text, Tone 
                                                     : std::pair(colors.muted, colors.neutralTint);
     painter.setRenderHint(QPainter::Antialiasing);
     if (cell.width() < 60) {
-        const QString glyph = tone == Tone::neutral ? QStringLiteral("category-none")
-                              : tone == Tone::good  ? QStringLiteral("done")
-                                                    : QStringLiteral("alert");
+        const QString glyph = !ownGlyph.isEmpty()     ? ownGlyph
+                              : tone == Tone::neutral ? QStringLiteral("category-none")
+                              : tone == Tone::good    ? QStringLiteral("done")
+                                                      : QStringLiteral("alert");
         return Icons::paint(painter, QRectF(cell.left() + 12, cell.center().y() - 8.5, 17, 17), glyph, ink);
     }
     painter.setPen(Qt::NoPen);
@@ -47,7 +49,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     const QRectF cell(option.rect);
     const QString text = index.data(Qt::DisplayRole).toString();
     if (const QVariant tone = index.data(Pill); tone.isValid()) {
-        if (!text.isEmpty()) paintPill(*painter, cell, text, static_cast<Tone>(tone.toInt()), colors);
+        if (!text.isEmpty())
+            paintPill(*painter, cell, text, index.data(Glyph).toString(), static_cast<Tone>(tone.toInt()), colors);
         painter->restore();
         return;
     }
@@ -68,7 +71,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     const auto ink = index.data(Qt::ForegroundRole).value<QColor>();
     painter->setPen(ink.isValid() ? ink : colors.text);
     const auto alignment = static_cast<Qt::Alignment>(index.data(Qt::TextAlignmentRole).toInt());
-    if (const QVariant second = index.data(Second); second.isValid()) {
+    if (const QVariant second = index.data(Second); !second.toString().isEmpty()) {
         const QRectF below = words.adjusted(0, words.height() / 2 - 1, 0, -7);
         words.adjust(0, 7, 0, -words.height() / 2);
         const QFont above = painter->font();

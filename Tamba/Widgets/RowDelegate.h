@@ -11,6 +11,7 @@ class RowDelegate : public QStyledItemDelegate {
 
 public:
     /// `Glyph`: name of an icon. `GlyphColor`: QColor, else muted. `Pill`: a `Tone` as int. `Strong`: bold.
+    /// With `Pill`, `Glyph` stands for its word where there is no room for that.
     /// `Second`: a quieter text below the first; `SecondTone`: a `Tone` as int for it.
     enum Role { Glyph = Qt::UserRole, GlyphColor, Pill, Strong, Second, SecondTone };
     static constexpr int rowHeight = 36;

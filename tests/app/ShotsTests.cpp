@@ -9,6 +9,7 @@
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/ReceiptView.h"
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Fixtures.h"
 #include "tests/app/Support.h"
@@ -66,6 +67,16 @@ private slots:
         };
         show(DocStatus::draft);
         shoot(screen, QStringLiteral("invoices-draft"));
+        books.model.perform(QStringLiteral("Duplicate"), [&](Library library, Day today) {
+            Document draft = Books::duplicateOf(library, documentWith(library, DocStatus::overdue, today).id, today);
+            draft.lines.push_back(Books::lineOf(library, draft, library.items.front()));
+            draft.lines.back().discountBP = 1000;
+            draft.lines.back().detail = "Two rounds of changes are included.";
+            draft.reference = "PO-4471";
+            return Books::addDraft(std::move(library), draft);
+        });
+        screen.select(books.model.library().documents.back().id);
+        shoot(screen, QStringLiteral("invoices-lines"));
         screen.resize(752, 580);
         shoot(screen, QStringLiteral("invoices-narrow"));
         screen.resize(1072, 700);
