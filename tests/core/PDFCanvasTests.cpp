@@ -119,12 +119,14 @@ TEST(PDFCanvas, aWordWiderThanItsBoxIsBrokenAndGainsNoHyphen) {
     }
 }
 
-TEST(PDFCanvas, textWithTabsKeepsToItsWidth) {
-    auto canvas = PDFCanvas::bitmap(a4, 1);
-    canvas.recordTexts();
-    canvas.text("Qty\tRate\tidentityforthetearange\tand\tmore\tof\tit", 40, 40, 95, {});
-    const Rect box = canvas.texts()[0].box;
-    EXPECT_LE(box.x + box.width, 135.01);
+TEST(PDFCanvas, tabsAndBlanksAtTheEndKeepToTheWidth) {
+    for (const char* text : {"identity\t \tidentitytea", "tea identityaidentity "}) {
+        auto canvas = PDFCanvas::bitmap(a4, 1);
+        canvas.recordTexts();
+        canvas.text(text, 40, 40, 95, {});
+        const Rect box = canvas.texts()[0].box;
+        EXPECT_LE(box.x + box.width, 135.01) << text;
+    }
 }
 
 TEST(PDFCanvas, cutsATextWhereTheRoomEnds) {
