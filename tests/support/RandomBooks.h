@@ -4,6 +4,7 @@
 #include "TambaCore/Model/Models.h"
 
 #include <limits>
+#include <string>
 
 namespace tamba::testing {
 
@@ -21,6 +22,13 @@ inline Library randomBooks(std::uint64_t seed) {
         record.currency = currencies[dice.below(6)];
         record.rateMicros = dice.below(8) == 0 ? 0 : dice.below(300'000'000);
     };
+    for (int i = 0; i < 5; ++i) {
+        Client client = Client::make("Client " + std::to_string(i));
+        client.id = dice.id();
+        library.clients.append(client);
+        // The first client has two projects, the last none.
+        library.projects.append({dice.id(), "Project", library.clients[static_cast<std::size_t>(i / 2)].id, false, {}});
+    }
     for (int i = 0; i < 150; ++i) {
         Expense expense;
         expense.id = dice.id();
@@ -30,10 +38,12 @@ inline Library randomBooks(std::uint64_t seed) {
         expense.tax = expense.amount > 5'000'000 ? 0 : dice.below(expense.amount + 1);
         expense.claimTax = dice.below(2) == 0;
         if (dice.below(4) > 0) expense.categoryID = library.categories[static_cast<std::size_t>(dice.below(13))].id;
+        if (dice.below(2) == 0) expense.projectID = library.projects[static_cast<std::size_t>(dice.below(5))].id;
         library.expenses.append(expense);
 
         Document document;
         document.id = dice.id();
+        document.clientID = library.clients[static_cast<std::size_t>(dice.below(5))].id;
         document.kind = static_cast<DocKind>(dice.below(3));
         document.state = dice.below(3) > 0 ? DocState::issued : static_cast<DocState>(dice.below(5));
         document.issueDate = day();
@@ -48,6 +58,7 @@ inline Library randomBooks(std::uint64_t seed) {
             line.priceMinor = money();
             line.discountBP = static_cast<int>(dice.below(3) * 333);
             line.taxBP = rates[dice.below(5)];
+            if (dice.below(3) == 0) line.expenseID = library.expenses[static_cast<std::size_t>(dice.below(i + 1))].id;
             document.lines.push_back(line);
         }
         for (std::int64_t payments = dice.below(3); payments > 0; --payments) {
