@@ -225,7 +225,7 @@ DocumentTable documentTable(const Library& library, const DocumentFilter& filter
     std::vector<Entry> entries;
     for (const Document& document : library.documents) {
         if (document.kind != filter.kind) continue;
-        if (filter.days && (document.issueDate < filter.days->from || filter.days->to < document.issueDate)) continue;
+        if (filter.days && !filter.days->contains(document.issueDate)) continue;
         Entry entry{&document, standings.of(document), DocStatus::draft, {}, 0};
         entry.status = entry.standing ? entry.standing->status : Books::status(library, document, today);
         if (!filter.statuses.empty() &&

@@ -24,7 +24,7 @@ struct StatusChoice {
 
 struct DocumentFilter {
     DocKind kind = DocKind::invoice;
-    std::optional<Days> days = {};         ///< nothing: all time
+    std::optional<Period> days = {};       ///< nothing: all time
     std::vector<DocStatus> statuses = {};  ///< none: all
     std::string search = {};               ///< words that must all occur
     DocumentOrder order = DocumentOrder::date;
