@@ -3,11 +3,8 @@
 #include "Tamba/DocumentPDF.h"
 #include "Tamba/QtText.h"
 #include "TambaCore/Base/Files.h"
-#include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Reminders.h"
 #include "TambaCore/Documents/Standing.h"
-
-#include <QCoreApplication>
 
 namespace tamba {
 namespace {

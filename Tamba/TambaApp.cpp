@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Remembered.h"
 #include "Tamba/SignalWatcher.h"
 #include "Tamba/Style.h"
 #include "Tamba/Window.h"
@@ -11,14 +12,16 @@
 
 #include <clocale>
 #include <cstdlib>
+#include <optional>
 
 namespace tamba {
 namespace {
 
-std::filesystem::path folderToOpen(const QStringList& arguments) {
+/// The books that the command line or the environment names.
+std::optional<std::filesystem::path> namedFolder(const QStringList& arguments) {
     if (!arguments.isEmpty()) return std::filesystem::absolute(toPath(arguments.front()));
     const char* named = std::getenv("TAMBA_LIBRARY_DIR");
-    return named && *named ? std::filesystem::path(named) : LibraryStore::defaultFolder();
+    return named && *named ? std::optional<std::filesystem::path>(named) : std::nullopt;
 }
 
 }  // namespace
@@ -56,10 +59,18 @@ int runTamba(int argc, char** argv) {
     // The session ends without asking every window first.
     QObject::connect(
         &application, &QGuiApplication::commitDataRequest, &model, [&model] { model.saveNow(); }, Qt::DirectConnection);
-    window.resize(1440, 880);
-    model.open(folderToOpen(parser.positionalArguments()));
+    if (!Remembered::restoreSize(window)) window.resize(1440, 880);
+    const auto named = namedFolder(parser.positionalArguments());
+    model.open(named ? *named : Remembered::folder().value_or(LibraryStore::defaultFolder()));
+    window.showScreen(Remembered::screen());
     window.show();
-    return QApplication::exec();
+    const int result = QApplication::exec();
+    Remembered::setSize(window);
+    Remembered::setScreen(window.screen());
+    // Books that were named for this once are not those to begin with the next time.
+    if (model.state() == AppModel::State::open && window.ownFolder() != named)
+        Remembered::setFolder(window.ownFolder());
+    return result;
 }
 
 }  // namespace tamba

@@ -80,6 +80,7 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     connect(&model_, &AppModel::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
     connect(&model_, &AppModel::historyChanged, this, &Window::refreshHistory);
     connect(&model_, &AppModel::opened, this, &Window::refreshState);
+    connect(&model_, &AppModel::opened, this, &Window::refreshMenus);
     connect(&model_, &AppModel::opened, this, &Window::looksChanged);
     connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {
         if (before.business.accentHex != after.business.accentHex) emit looksChanged();
@@ -154,6 +155,8 @@ void Window::showScreen(Screen screen) {
     sidebar_->setScreen(screen);
     refreshState();
     refreshMenus();
+    // Keys go to what is shown now.
+    page().widget->setFocus();
 }
 
 void Window::connectReceipts() {

@@ -20,7 +20,8 @@ struct ClientFilter {
 
 struct ClientRow {
     UUID id;
-    std::string name, place, owed, overdue;
+    std::string name, owed, overdue;
+    std::string place;   ///< the state; the ISO code of a foreign country
     std::string late;    ///< "12 days late", "On time", "3 days early"; empty while nothing was paid
     std::string status;  ///< "Archived", "Check GSTIN"
     std::string hint;    ///< the whole sentence behind `status`

@@ -6,6 +6,7 @@
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
+#include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/RowDelegate.h"
 #include "TambaCore/Documents/Clients.h"
 
@@ -40,7 +41,11 @@ std::vector<ClientsScreen::Model::Column> ClientsScreen::columns() {
              if (role == RowDelegate::Strong) return true;
              return {};
          }},
-        {tr("State or country"), Qt::AlignLeft, quiet(&ClientRow::place)},
+        {tr("State or country"), Qt::AlignLeft,
+         [](const ClientRow& row, int role) -> QVariant {
+             if (role == Qt::ForegroundRole) return Colors::current().muted;
+             return role == Qt::DisplayRole ? countryName(toQt(row.place)) : QVariant();
+         }},
         {tr("Pays"), Qt::AlignLeft, quiet(&ClientRow::late)},
         {tr("Overdue"), Qt::AlignRight,
          [](const ClientRow& row, int role) -> QVariant {
@@ -99,6 +104,7 @@ ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions&
         refresh();
         if (rows_.rowCount() > 0) table_->selectRow(0);
     });
+    setFocusProxy(table_);
     setTabOrder(search_, archived_);
     setTabOrder(archived_, new_);
     setTabOrder(new_, table_);

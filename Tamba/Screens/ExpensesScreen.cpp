@@ -124,6 +124,7 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
         else
             empty_->setFocus();
     });
+    setFocusProxy(table_);
     setTabOrder(search_, addReceipts_);
     setTabOrder(addReceipts_, newExpense_);
     setTabOrder(newExpense_, table_);

@@ -25,11 +25,14 @@ CreditNoteSheet::CreditNoteSheet(QWidget* parent, const Library& library, const 
       draft_(draft),
       currency_(Currency::of(draft.currency)) {
     const Document* invoice = draft.linkedID ? library.document(*draft.linkedID) : nullptr;
-    if (invoice)
-        body().addWidget(
-            Controls::label(tr("For %1 of %2. Take out lines, or lower their amounts, to credit a part.")
-                                .arg(toQt(invoice->displayNumber()), toQt(invoice->issueDate.formatted("d MMM yyyy"))),
-                            "field", this));
+    if (invoice) {
+        auto* words = Controls::label({}, "field", this);
+        words->setText(Controls::wrapped(
+            tr("For %1 of %2. Take out lines, or lower their amounts, to credit a part.")
+                .arg(toQt(invoice->displayNumber()), toQt(invoice->issueDate.formatted("d MMM yyyy"))),
+            *words, 510));
+        body().addWidget(words);
+    }
     body().addWidget(makeLines());
     auto* form = new Form(*this);
     reason_ = form->combo(tr("Reason"), "creditReason");

@@ -61,12 +61,10 @@ Day IssueSheet::date() const { return dayOf(date_->date()); }
 
 void IssueSheet::refresh() {
     QString number, problem;
+    due_->setText(toQt(Books::withIssueDate(draft_, date()).dueDate.formatted("d MMM yyyy")));
     try {
         const Library issued = Books::issue(library_, draft_.id, date());
-        if (const Document* document = issued.document(draft_.id)) {
-            number = toQt(document->displayNumber());
-            due_->setText(toQt(document->dueDate.formatted("d MMM yyyy")));
-        }
+        if (const Document* document = issued.document(draft_.id)) number = toQt(document->displayNumber());
     } catch (const BooksError& error) {
         problem = toQt(std::string_view(error.what()));
     }

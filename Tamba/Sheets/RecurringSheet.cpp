@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 #include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/RowDelegate.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -36,12 +37,13 @@ RecurringSheet::RecurringSheet(QWidget* parent, const Library& library)
     table_->horizontalHeaderItem(1)->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     for (const int column : {0, 2})
         table_->horizontalHeaderItem(column)->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table_->setItemDelegate(new RowDelegate(table_));
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     table_->horizontalHeader()->setHighlightSections(false);
-    table_->setColumnWidth(1, 120);
+    table_->setColumnWidth(1, 124);
     table_->setColumnWidth(2, 190);
-    table_->setColumnWidth(3, 170);
+    table_->setColumnWidth(3, 160);
     table_->verticalHeader()->hide();
     table_->verticalHeader()->setDefaultSectionSize(38);
     table_->setShowGrid(false);
@@ -53,11 +55,14 @@ RecurringSheet::RecurringSheet(QWidget* parent, const Library& library)
         const int row = static_cast<int>(rows_.size());
         rows_.push_back({recurring.id, recurring.paused, recurring.paused, false});
         const Expense& expense = recurring.template_;
-        table_->setItem(row, 0, new QTableWidgetItem(expense.vendor.empty() ? tr("No vendor") : toQt(expense.vendor)));
-        auto* amount = new QTableWidgetItem(toQt(MoneyFormat::string(expense.amount, Currency::of(expense.currency))));
-        amount->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        table_->setItem(row, 1, amount);
-        table_->setItem(row, 2, new QTableWidgetItem);
+        const auto put = [&](int column, const QString& text, Qt::Alignment alignment) {
+            auto* item = new QTableWidgetItem(text);
+            item->setTextAlignment(alignment | Qt::AlignVCenter);
+            table_->setItem(row, column, item);
+        };
+        put(0, expense.vendor.empty() ? tr("No vendor") : toQt(expense.vendor), Qt::AlignLeft);
+        put(1, toQt(MoneyFormat::string(expense.amount, Currency::of(expense.currency))), Qt::AlignRight);
+        put(2, {}, Qt::AlignLeft);
         auto* buttons = new QWidget(table_);
         auto* layout = new QHBoxLayout(buttons);
         layout->setContentsMargins(0, 0, 0, 0);

@@ -80,7 +80,10 @@ QPlainTextEdit* Form::text(const QString& title, const char* name, int lines, co
     Controls::name(*field, name, title);
     field->setTabChangesFocus(true);
     field->setFixedHeight(lines * 20 + 18);
-    row(title, field);
+    QLabel* label = row(title, field);
+    // Beside the first line, not the middle.
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setContentsMargins(0, 7, 0, 0);
     return field;
 }
 
@@ -140,6 +143,11 @@ void fillCountries(QComboBox& combo, const std::string& present) {
     for (const auto& [name, code] : codes) combo.addItem(name, code);
     if (!present.empty() && combo.findData(toQt(present)) < 0) combo.addItem(toQt(present), toQt(present));
     chooseData(combo, toQt(present));
+}
+
+QString countryName(const QString& code) {
+    const QLocale::Territory territory = code.size() == 2 ? QLocale::codeToTerritory(code) : QLocale::AnyTerritory;
+    return territory == QLocale::AnyTerritory ? code : QLocale::territoryToString(territory);
 }
 
 void fillCurrencies(QComboBox& combo, const std::string& present) {

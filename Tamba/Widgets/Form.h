@@ -55,6 +55,8 @@ void chooseData(QComboBox& combo, const QString& data);
 void fillStates(QComboBox& combo, const QString& none);
 /// Countries by name, India first, with the ISO code as data.
 void fillCountries(QComboBox& combo, const std::string& present);
+/// The English name of a country by its ISO code; the text itself where it is none.
+[[nodiscard]] QString countryName(const QString& code);
 /// The known currencies, and `present` when it is none of them.
 void fillCurrencies(QComboBox& combo, const std::string& present);
 /// The amount a field holds, a sum such as 3*1200 worked out; nothing when it holds none.

@@ -1,5 +1,6 @@
 #include "Tamba/SignalWatcher.h"
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Documents/Recurring.h"
 #include "tests/app/Support.h"
 
 #include <QProcess>
@@ -79,6 +80,35 @@ private slots:
         QVERIFY(books.rename("by itself"));
         QTRY_COMPARE(books.model.saving(), AppModel::Saving::saved);
         QCOMPARE(books.onDisk().business.name, std::string("by itself"));
+    }
+
+    void whatComesAgainIsAddedAtMidnightAndStaysWhenAStepIsTakenBack() {
+        QTemporaryDir folder;
+        Day today = testDay;
+        AppModel model([&today] { return today; });
+        model.open(toPath(folder.path()));
+        QSignalSpy noticed(&model, &AppModel::noticed), days(&model, &AppModel::dayChanged);
+        model.perform(QStringLiteral("Repeat"), [](Library library, Day day) {
+            Expense rent = Expense::make(day.addingMonths(-1));
+            rent.amount = 2500000;
+            library.expenses.append(rent);
+            return Recurring::repeat(std::move(library), rent.id, Frequency::monthly);
+        });
+        model.lookAtDay();
+        QCOMPARE(days.count(), 0);
+        today = testDay.addingDays(40);  // asleep for weeks
+        model.lookAtDay();
+        QCOMPARE(days.count(), 1);
+        QCOMPARE(noticed.front().front().toString(), QStringLiteral("2 recurring expenses added"));
+        QCOMPARE(model.library().expenses.size(), std::size_t(3));
+        QCOMPARE(model.undoTitle(), QStringLiteral("Repeat"));
+        model.undo();
+        QCOMPARE(model.library().expenses.size(), std::size_t(0));
+        model.redo();
+        QCOMPARE(model.library().expenses.size(), std::size_t(3));
+        QVERIFY(model.saveNow());
+        model.open(toPath(folder.path()));
+        QCOMPARE(model.library().expenses.size(), std::size_t(3));
     }
 
     void aSaveThatFailsIsReportedOnceAndTriedAgain() {
@@ -167,6 +197,10 @@ private slots:
         const std::string bytes = Files::read(books.path() / "tamba.json");
         QProcess program;
         program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        // What it remembers is not the person's who runs the tests.
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), books.folder.filePath(QStringLiteral("config")));
+        program.setProcessEnvironment(environment);
         program.start(QStringLiteral(TAMBA_PROGRAM), {toQt(books.path())});
         QVERIFY(program.waitForStarted());
         // The day's copy of the books as opened shows that they are open.

@@ -1,8 +1,12 @@
 #include "Tamba/Icons.h"
+#include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Sheets/BackupSheet.h"
+#include "Tamba/Sheets/BillableSheet.h"
+#include "Tamba/Sheets/ClientSheet.h"
 #include "Tamba/Sheets/MileageSheet.h"
+#include "Tamba/Sheets/RecurringSheet.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/DocumentPreview.h"
@@ -44,6 +48,73 @@ class ShotsTests : public QObject {
         for (const Document& document : library.documents)
             if (Books::status(library, document, today) == status) return document;
         qFatal("no such document");
+    }
+
+    void shootClients(Window& window, const Library& library) {
+        window.resize(1440, 880);
+        window.showScreen(Screen::clients);
+        shoot(window, QStringLiteral("clients"));
+        window.findChild<ClientsScreen*>()->select(library.clients[1].id);
+        window.findChild<QLineEdit*>(QStringLiteral("clientTaxID"))->setText(QStringLiteral("29AAPFU0939F1Z"));
+        window.resize(960, 620);
+        shoot(window, QStringLiteral("clients-small"));
+        window.resize(1200, 760);
+        window.showScreen(Screen::expenses);
+    }
+
+    void shootSheets(Window& window, const Library& library) {
+        MileageSheet mileage(&window, library, testDay);
+        mileage.findChild<QLineEdit*>(QStringLiteral("tripDistance"))->setText(QStringLiteral("42.5"));
+        shoot(mileage, QStringLiteral("sheet-mileage"));
+        ClientSheet client(&window, library);
+        shoot(client, QStringLiteral("sheet-client"));
+        RecurringSheet recurring(&window, library);
+        shoot(recurring, QStringLiteral("sheet-recurring"));
+        const auto one = [&](auto&& wanted) -> const Document& {
+            for (const Document& document : library.documents)
+                if (wanted(document)) return document;
+            qFatal("the sample books lack a document");
+        };
+        const Document& draft = one([](const Document& d) {
+            return d.kind == DocKind::invoice && d.state == DocState::draft && !d.lines.empty() && d.clientID;
+        });
+        IssueSheet issue(&window, library, draft, testDay);
+        shoot(issue, QStringLiteral("sheet-issue"));
+        Library bare = library;
+        bare.business.taxID.clear();
+        IssueSheet refused(&window, bare, draft, testDay.addingDays(-400));
+        shoot(refused, QStringLiteral("sheet-issue-refused"));
+        const Document& open = one([&](const Document& d) {
+            return d.kind == DocKind::invoice && Books::status(library, d, testDay) == DocStatus::overdue;
+        });
+        PaymentSheet payment(&window, library, open, testDay);
+        payment.findChild<QPushButton*>(QStringLiteral("tdsRate1000"))->click();
+        shoot(payment, QStringLiteral("sheet-payment"));
+        PaymentSheet over(&window, library, open, testDay);
+        over.findChild<QLineEdit*>(QStringLiteral("paymentAmount"))->setText(QStringLiteral("99,99,999"));
+        shoot(over, QStringLiteral("sheet-payment-refused"));
+        CreditNoteSheet credit(&window, library, Books::creditNoteFor(library, open.id, testDay));
+        shoot(credit, QStringLiteral("sheet-credit"));
+        VoidSheet voiding(&window, library, open, testDay);
+        shoot(voiding, QStringLiteral("sheet-void"));
+        MailSheet reminder(&window, library, open, Mail::reminder, testDay, true);
+        shoot(reminder, QStringLiteral("sheet-reminder"));
+        MailSheet sending(&window, library, open, Mail::sending, testDay, false);
+        shoot(sending, QStringLiteral("sheet-send"));
+        Library passing = library;
+        passing.expenses.update(0, [&](Expense& e) { e.billable = true, e.clientID = draft.clientID; });
+        passing.expenses.update(1, [&](Expense& e) { e.billable = true, e.clientID.reset(); });
+        BillableSheet billable(&window, passing, draft);
+        shoot(billable, QStringLiteral("sheet-billable"));
+    }
+
+    void shootSettings(Window& window, const Library& library, const AppModel& model) {
+        SettingsSheet settings(&window, library, testDay, model.store().logo(library.business));
+        settings.findChild<QLineEdit*>(QStringLiteral("pattern2"))->setText(QStringLiteral("ESTIMATE/{YYYY}/{####}"));
+        for (int page = 0; page < settings.pageCount(); ++page) {
+            settings.showPage(page);
+            shoot(settings, QStringLiteral("settings-%1").arg(page + 1));
+        }
     }
 
 private slots:
@@ -151,11 +222,9 @@ private slots:
         shoot(window, QStringLiteral("drop"));
         window.findChild<DropOverlay*>()->hide();
 
-        MileageSheet mileage(&window, library, testDay);
-        mileage.findChild<QLineEdit*>(QStringLiteral("tripDistance"))->setText(QStringLiteral("42.5"));
-        shoot(mileage, QStringLiteral("sheet-mileage"));
-        SettingsSheet settings(&window, library, testDay);
-        shoot(settings, QStringLiteral("sheet-settings"));
+        shootClients(window, library);
+        shootSheets(window, library);
+        shootSettings(window, library, books.model);
         BackupSheet backups(&window, books.model.backups());
         shoot(backups, QStringLiteral("sheet-backups"));
         Sheet alert(&window, Sheet::Icon::alert, {}, QStringLiteral("No text was found on that receipt."));

@@ -42,7 +42,7 @@ ItemsPage::ItemsPage(const Library& library, QWidget* parent)
     columns->addLayout(left);
     fields_ = new QWidget(box);
     makeFields(library.business);
-    columns->addWidget(fields_, 1);
+    columns->addWidget(fields_, 1, Qt::AlignTop);
     form.addRow(Controls::label(tr("What you bill again and again. Type its name in a line of an invoice."), "field"));
     form.addRow(box);
     connect(add, &QPushButton::clicked, this, &ItemsPage::add);
@@ -75,7 +75,10 @@ void ItemsPage::refreshList() {
     const QSignalBlocker block(list_);
     const int row = list_->currentRow();
     list_->clear();
-    for (const CatalogItem& item : items_) list_->addItem(item.name.empty() ? tr("New item") : toQt(item.name));
+    for (const CatalogItem& item : items_) {
+        auto* entry = new QListWidgetItem(item.name.empty() ? tr("New item") : toQt(item.name), list_);
+        entry->setSizeHint(QSize(0, 34));
+    }
     list_->setCurrentRow(std::min(row, list_->count() - 1));
 }
 
@@ -142,10 +145,12 @@ void ItemsPage::store(Library& library) const {
 
 RatesPage::RatesPage(const Library& library, Day today, QWidget* parent) : SettingsPage(parent), today_(today) {
     const std::string home = library.business.homeCurrency;
-    form.addRow(Controls::label(
+    auto* words = Controls::label({}, "field", this);
+    words->setText(Controls::wrapped(
         tr("%1 for one unit of the currency. New documents and expenses begin with it; those there are keep theirs.")
             .arg(toQt(home)),
-        "field"));
+        *words, 560));
+    form.addRow(words);
     none_ = Controls::label(tr("No rate is kept yet."), "caption", this);
     form.addRow(none_);
     rates_ = new QFormLayout;

@@ -5,6 +5,7 @@
 #include "Tamba/Widgets/Form.h"
 #include "TambaCore/Documents/Numbering.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -20,14 +21,24 @@ NumberingPage::NumberingPage(const Library& library, Day today, QWidget* parent)
         ++n;
         form.section(toQt(series.name));
         Row row{series.id, nullptr, nullptr, nullptr};
-        row.pattern = form.line(tr("Pattern"), "pattern", series.pattern);
+        auto* box = new QWidget(this);
+        auto* columns = new QHBoxLayout(box);
+        columns->setContentsMargins(0, 0, 0, 0);
+        columns->setSpacing(10);
+        const QString name = toQt(series.name);
+        row.pattern = new QLineEdit(toQt(series.pattern), box);
         row.pattern->setObjectName(QStringLiteral("pattern%1").arg(n));
-        row.pattern->setAccessibleName(tr("Pattern of %1").arg(toQt(series.name)));
+        row.pattern->setAccessibleName(tr("Pattern of %1").arg(name));
+        row.start = new QLineEdit(box);
+        row.start->setObjectName(QStringLiteral("start%1").arg(n));
+        row.start->setAccessibleName(tr("Next counter of %1").arg(name));
+        row.start->setFixedWidth(80);
+        columns->addWidget(row.pattern, 1);
+        columns->addWidget(Controls::label(tr("next counter"), "field", box));
+        columns->addWidget(row.start);
+        form.row(tr("Pattern"), box);
         row.preview = form.note(QStringLiteral(" "));
         row.preview->setObjectName(QStringLiteral("preview%1").arg(n));
-        row.start = form.line(tr("Next counter"), "start");
-        row.start->setObjectName(QStringLiteral("start%1").arg(n));
-        row.start->setAccessibleName(tr("Next counter of %1").arg(toQt(series.name)));
         rows_.push_back(row);
         for (QLineEdit* field : {row.pattern, row.start})
             connect(field, &QLineEdit::textChanged, this, &NumberingPage::refresh);

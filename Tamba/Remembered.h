@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Tamba/Widgets/Sidebar.h"
+
+#include <filesystem>
+#include <optional>
+
+class QWidget;
+
+/// What this computer remembers from one start to the next, beside the books: which ones, and how the window stood.
+namespace tamba::Remembered {
+
+/// The books opened last, where they are still there.
+[[nodiscard]] std::optional<std::filesystem::path> folder();
+void setFolder(const std::filesystem::path& folder);
+
+[[nodiscard]] Screen screen();
+void setScreen(Screen screen);
+
+/// False, with the window as it was, when nothing is remembered.
+[[nodiscard]] bool restoreSize(QWidget& window);
+void setSize(const QWidget& window);
+
+}  // namespace tamba::Remembered
