@@ -50,7 +50,10 @@ class ExpensesScreenTests : public QObject {
 
     template <class T>
     static T& control(QWidget& window, const char* name) {
-        T* found = window.findChild<T*>(QString::fromLatin1(name));
+        // Other screens have fields of the same names.
+        auto* screen = window.findChild<ExpensesScreen*>();
+        T* found = screen ? screen->findChild<T*>(QString::fromLatin1(name)) : nullptr;
+        if (!found) found = window.findChild<T*>(QString::fromLatin1(name));
         if (!found) qFatal("no control %s", name);
         return *found;
     }
