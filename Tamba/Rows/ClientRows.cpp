@@ -1,5 +1,6 @@
 #include "Tamba/Rows/ClientRows.h"
 
+#include "Tamba/Rows/DocumentRows.h"
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Clients.h"
@@ -30,10 +31,6 @@ std::string placeOf(const Client& client) {
     const auto byNumber = GSTIN::isValid(client.taxID) ? GSTIN::stateCode(client.taxID) : std::nullopt;
     const auto state = IndianState::of(byNumber ? byNumber : client.stateCode);
     return state ? std::string(state->name) : std::string();
-}
-
-Tone toneOf(DocStatus status) {
-    return status == DocStatus::overdue ? Tone::danger : status == DocStatus::partial ? Tone::warning : Tone::neutral;
 }
 
 int compare(const Entry& a, const Entry& b, ClientOrder order) {
