@@ -268,14 +268,7 @@ void DocumentEditor::takeClient() {
         client_->currentText() == client_->itemText(client_->currentIndex()))
         return newClient();
     const QString text = client_->currentText().trimmed();
-    std::optional<UUID> wanted;
-    // Of two clients with one name the one that was chosen from the list counts.
-    if (client_->currentIndex() >= 0 && client_->itemText(client_->currentIndex()) == text)
-        wanted = UUID::parse(toStd(client_->currentData().toString()));
-    const std::string name = Text::lower(toStd(text));
-    for (const Client& client : model_.library().clients)
-        if (!wanted && !name.empty() && !client.archived && Text::lower(Text::trim(client.name)) == name)
-            wanted = client.id;
+    const std::optional<UUID> wanted = clientMeant(text);
     const bool unknown = !text.isEmpty() && !wanted;
     Controls::markProblem(*client_, unknown ? tr("No client has this name.") : QString());
     if (unknown)
@@ -286,6 +279,24 @@ void DocumentEditor::takeClient() {
             return Books::withClient(library, std::move(draft), wanted);
         });
     refresh();
+}
+
+std::optional<UUID> DocumentEditor::clientMeant(const QString& text) const {
+    // Of two clients with one name the one that was chosen from the list counts.
+    if (client_->currentIndex() >= 0 && client_->itemText(client_->currentIndex()) == text)
+        return UUID::parse(toStd(client_->currentData().toString()));
+    const std::string name = Text::lower(toStd(text));
+    if (name.empty()) return {};
+    std::vector<UUID> containing;
+    for (const Client& client : model_.library().clients) {
+        if (client.archived) continue;
+        const std::string known = Text::lower(Text::trim(client.name));
+        if (known == name) return client.id;
+        if (Text::contains(known, name)) containing.push_back(client.id);
+    }
+    // A part of one client's name only says who is meant.
+    if (containing.size() == 1) return containing.front();
+    return {};
 }
 
 void DocumentEditor::newClient() {

@@ -60,6 +60,7 @@ private:
     void connectFields();
     void connectTexts();
     void arrange();
+    [[nodiscard]] std::optional<UUID> clientMeant(const QString& text) const;
 
     void fill(const Document& draft);
     void fillClients(const Document& draft);

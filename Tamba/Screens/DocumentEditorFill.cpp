@@ -200,7 +200,8 @@ void DocumentEditor::arrange() {
 
 void DocumentEditor::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
-    arrange();
+    // After this round of the layout, which would not hear of the change.
+    QMetaObject::invokeMethod(this, &DocumentEditor::arrange, Qt::QueuedConnection);
     for (QLabel* note : {clientNote_, dueNote_, supply_, rateNote_})
         if (const QString words = note->property("words").toString(); !words.isEmpty())
             note->setText(Controls::wrapped(words, *note, std::max(100, note->parentWidget()->width())));

@@ -153,6 +153,7 @@ QWidget* InvoicesScreen::makeFooter() {
     auto* footer = new QFrame(this);
     footer->setObjectName(QStringLiteral("footer"));
     footer->setFixedHeight(40);
+    footer->setMinimumWidth(200);  // what has no room is left out
     auto* layout = new QHBoxLayout(footer);
     layout->setContentsMargins(20, 0, 20, 0);
     layout->setSpacing(18);

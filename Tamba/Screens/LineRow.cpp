@@ -7,6 +7,7 @@
 #include "TambaCore/Base/Text.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCompleter>
 #include <QContextMenuEvent>
 #include <QGridLayout>
@@ -191,6 +192,7 @@ LineRow::LineRow(std::size_t index, QWidget* parent) : QWidget(parent) {
     }());
     detail_ = new GrowingText(1, this);
     Controls::name(*detail_, "lineDetail", tr("Details, line %1").arg(index + 1));
+    detail_->setPlaceholderText(tr("Details"));
     detail_->setProperty("role", QStringLiteral("cell"));
     for (std::size_t i = 1; i < lineCells; ++i) {
         const auto column = static_cast<LineCell>(i);
@@ -225,14 +227,15 @@ void LineRow::fill(const Line& line, const Currency& currency, const QString& am
     cell(LineCell::discount).put(line.discountBP == 0 ? QString() : toQt(MoneyFormat::rate(line.discountBP)));
     cell(LineCell::tax).put(toQt(MoneyFormat::rate(line.taxBP)));
     detail_->put(toQt(line.detail));
+    showDetail();
     setAmount(amount);
     if (!appeared) return;
     cell(LineCell::name).setPlaceholderText(tr("Item"));
     cell(LineCell::discount).setPlaceholderText(QStringLiteral("–"));
     cell(LineCell::hsn).setPlaceholderText(QStringLiteral("–"));
     cell(LineCell::unit).setPlaceholderText(QStringLiteral("–"));
-    for (QWidget* widget : {static_cast<QWidget*>(detail_), figures_, static_cast<QWidget*>(menu_)})
-        widget->setVisible(true);
+    figures_->show();
+    menu_->show();
 }
 
 void LineRow::clear() {
@@ -241,8 +244,7 @@ void LineRow::clear() {
     cell(LineCell::name).put({});
     cell(LineCell::name).setPlaceholderText(tr("Add an item"));
     amount_->clear();
-    for (QWidget* widget : {static_cast<QWidget*>(detail_), figures_, static_cast<QWidget*>(menu_)})
-        widget->setVisible(false);
+    for (QWidget* widget : {static_cast<QWidget*>(detail_), figures_, static_cast<QWidget*>(menu_)}) widget->hide();
 }
 
 void LineRow::forget() {
@@ -254,6 +256,13 @@ void LineRow::setCompact(bool compact) {
     if (compact == compact_) return;
     compact_ = compact;
     arrangeLine(*grid_, compact_, cells_[0], detail_, figures_, amount_, menu_);
+}
+
+void LineRow::showDetail() {
+    // An empty one takes room only while the line is worked on.
+    const QWidget* keys = QApplication::focusWidget();
+    const bool worked = keys && isAncestorOf(keys);
+    detail_->setVisible(id_ && (worked || detail_->isModified() || !detail_->toPlainText().isEmpty()));
 }
 
 void LineRow::setTaxShown(bool shown) { cell(LineCell::tax).setVisible(shown); }
@@ -309,9 +318,9 @@ QString LineRow::read(Line& line, LineCell cell, const QString& text, const Curr
 }
 
 bool LineRow::eventFilter(QObject* watched, QEvent* event) {
-    // What could be said below the name is asked only while the line is worked on.
-    if (event->type() == QEvent::FocusIn) detail_->setPlaceholderText(tr("Details"));
-    if (event->type() == QEvent::FocusOut) detail_->setPlaceholderText({});
+    if (event->type() == QEvent::FocusIn) showDetail();
+    // Once the keys have arrived where they go.
+    if (event->type() == QEvent::FocusOut) QMetaObject::invokeMethod(this, &LineRow::showDetail, Qt::QueuedConnection);
     return QWidget::eventFilter(watched, event);
 }
 

@@ -83,6 +83,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void showDetail();
+
     std::optional<UUID> id_;
     bool compact_ = false;
     std::array<Cell*, lineCells> cells_{};
