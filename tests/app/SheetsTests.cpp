@@ -1,0 +1,138 @@
+#include "Tamba/Screens/ClientsScreen.h"
+#include "Tamba/Sheets/SettingsSheet.h"
+#include "TambaCore/Documents/Books.h"
+#include "tests/app/Support.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+namespace tamba {
+
+/// What the sheets say while somebody types, and what they hand back.
+class SheetsTests : public QObject {
+    Q_OBJECT
+
+    template <class T>
+    static T& control(QWidget& within, const char* name) {
+        T* found = within.findChild<T*>(QString::fromLatin1(name));
+        if (!found) qFatal("no control %s", name);
+        return *found;
+    }
+    static Library booksWithAnInvoice() {
+        Library library = Library::make();
+        library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
+        Client client = Client::make("Monsoon Tea");
+        client.stateCode = "27";
+        library.clients.append(client);
+        Document draft = Books::newDocument(library, DocKind::invoice, client.id, testDay);
+        draft.lines = {Line::make("Design", 1000, 10'000'000, 1800)};
+        return Books::issue(Books::addDraft(std::move(library), draft), draft.id, testDay);
+    }
+
+private slots:
+    void aPaymentSaysWhatItLeavesOrWhyNot_data() {
+        QTest::addColumn<QString>("received");
+        QTest::addColumn<QString>("rate");
+        QTest::addColumn<QString>("tds");
+        QTest::addColumn<QString>("outcome");
+        QTest::addColumn<bool>("good");
+        // ₹1,18,000.00 with ₹18,000.00 of GST in it.
+        QTest::newRow("all of it") << "" << "" << "" << "Settles the invoice" << true;
+        QTest::newRow("10 % of the value without GST") << "" << "1000" << "10,000.00" << "Settles the invoice" << true;
+        QTest::newRow("2 %") << "" << "200" << "2,000.00" << "Settles the invoice" << true;
+        QTest::newRow("a part") << "18,000" << "" << "" << "Leaves ₹1,00,000.00 open" << true;
+        QTest::newRow("too much") << "1,18,001" << "" << "" << "That’s more than the balance due." << false;
+        QTest::newRow("no amount") << "lots" << "" << "" << "Enter an amount such as 1,180.00." << false;
+    }
+    void aPaymentSaysWhatItLeavesOrWhyNot() {
+        QFETCH(QString, received);
+        QFETCH(QString, rate);
+        QFETCH(QString, tds);
+        QFETCH(QString, outcome);
+        QFETCH(bool, good);
+        const Library library = booksWithAnInvoice();
+        PaymentSheet sheet(nullptr, library, library.documents[0], testDay);
+        if (!received.isEmpty()) control<QLineEdit>(sheet, "paymentAmount").setText(received);
+        if (!rate.isEmpty()) control<QPushButton>(sheet, qPrintable(QStringLiteral("tdsRate") + rate)).click();
+        QCOMPARE(control<QLineEdit>(sheet, "paymentTDS").text(), tds);
+        QCOMPARE(control<QLabel>(sheet, "paymentOutcome").text(), outcome);
+        QCOMPARE(control<QPushButton>(sheet, "sheetMain").isEnabled(), good);
+    }
+
+    void aToneThatIsLeftKeepsWhatWasWrittenInIt() {
+        const Library library = booksWithAnInvoice();
+        MailSheet sheet(nullptr, library, library.documents[0], Mail::reminder, testDay.addingDays(30), true);
+        auto& words = control<QPlainTextEdit>(sheet, "mailText");
+        auto& tone = control<QComboBox>(sheet, "mailTone");
+        words.setPlainText(QStringLiteral("My own words"));
+        const auto speak = [&](int index) {
+            tone.setCurrentIndex(index);
+            emit tone.activated(index);
+        };
+        speak(1);
+        QVERIFY(words.toPlainText().contains(QStringLiteral("INV/26-27/001")));
+        speak(0);
+        QCOMPARE(sheet.draft().body, std::string("My own words"));
+    }
+
+    void settingsMarkWhatIsWrongAndKeepWhatCameMeanwhile() {
+        OpenBooks books;
+        auto owned = std::make_unique<TestPrompts>();
+        TestPrompts& prompts = *owned;
+        Window window(books.model, std::move(owned));
+        prompts.changeSettings = [&](const Library& library) {
+            SettingsSheet sheet(nullptr, library, testDay);
+            auto& pattern = control<QLineEdit>(sheet, "pattern1");
+            pattern.setText(QStringLiteral("INVOICE/{YYYY}/{####}"));
+            if (!control<QLabel>(sheet, "preview1")
+                     .text()
+                     .endsWith(QStringLiteral("INVOICE/2026/0001 · too long for GST (16 max)")))
+                qFatal("the pattern is not marked");
+            pattern.setText(QStringLiteral("I{YY}-{###}"));
+            control<QLineEdit>(sheet, "start1").setText(QStringLiteral("41"));
+            control<QLineEdit>(sheet, "upiID").setText(QStringLiteral("kagaz studio"));
+            if (control<QLabel>(sheet, "upiNote").text().isEmpty()) qFatal("the UPI ID is not marked");
+            control<QLineEdit>(sheet, "upiID").setText(QStringLiteral("kagaz@bank"));
+            // Another computer's work comes in while the sheet is open.
+            books.rename("From elsewhere");
+            return sheet.edit();
+        };
+        QMetaObject::invokeMethod(window.findChild<QAbstractButton*>(QStringLiteral("settings")), "click");
+        const Library& library = books.model.library();
+        QCOMPARE(library.business.name, std::string("From elsewhere"));
+        QCOMPARE(library.business.upiID, std::string("kagaz@bank"));
+        QCOMPARE(library.series[0].pattern, std::string("I{YY}-{###}"));
+        QCOMPARE(library.series[0].next.at("2026"), std::int64_t(41));
+        QCOMPARE(books.model.undoTitle(), QStringLiteral("Change Settings"));
+    }
+
+    void aClientThatOthersReferToIsArchivedInstead() {
+        OpenBooks books;
+        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return booksWithAnInvoice(); });
+        Window window(books.model, std::make_unique<TestPrompts>());
+        window.show();
+        window.showScreen(Screen::clients);
+        auto& screen = *window.findChild<ClientsScreen*>();
+        screen.select(books.model.library().clients[0].id);
+        auto& number = control<QLineEdit>(screen, "clientTaxID");
+        number.setFocus();
+        QTest::keyClicks(&number, QStringLiteral("29aapfu0939f1z"));
+        QVERIFY(!number.toolTip().isEmpty());
+        QTest::keyClick(&number, Qt::Key_Return);
+        QCOMPARE(books.model.undoTitle(), QStringLiteral("Change GSTIN"));
+        screen.deleteSelected();
+        QCOMPARE(books.model.library().clients.size(), std::size_t(1));
+        QVERIFY(books.model.library().clients[0].archived);
+        QVERIFY(!screen.selected());
+        books.model.undo();
+        QVERIFY(!books.model.library().clients[0].archived);
+    }
+};
+
+static const TestClass<SheetsTests> registered;
+
+}  // namespace tamba
+
+#include "SheetsTests.moc"
