@@ -84,6 +84,12 @@ Kind kindOf(std::string_view text, const std::string& extension) {
     return Kind::text;
 }
 
+/// Neither white space at its ends nor "=", as most cells.
+bool isTight(std::string_view cell) {
+    const auto isPlain = [](char c) { return c > ' ' && c < '\x7F'; };
+    return cell.empty() || (isPlain(cell.front()) && isPlain(cell.back()) && cell.front() != '=');
+}
+
 Table cleaned(std::string_view text, std::size_t numberOffset) {
     CSV::Read read = CSV::read(text);
     Table table{"CSV", {}, {}};
@@ -91,6 +97,7 @@ Table cleaned(std::string_view text, std::size_t numberOffset) {
     for (std::size_t i = 0; i < read.rows.size(); ++i) {
         for (std::string& cell : read.rows[i]) {
             // ="000501" keeps a spreadsheet from dropping the zeros.
+            if (isTight(cell)) continue;
             std::string_view trimmed = Text::trim(cell);
             if (trimmed.starts_with('=')) trimmed = Text::trim(trimmed.substr(1));
             if (trimmed.size() != cell.size()) cell = std::string(trimmed);
@@ -170,7 +177,8 @@ Table textTable(std::string text) {
     if (text.find('\n') == std::string::npos) std::replace(text.begin(), text.end(), '\r', '\n');
     const auto marks =
         std::count_if(text.begin(), text.end(), [](char c) { return c == ',' || c == ';' || c == '\t' || c == '\n'; });
-    if (static_cast<std::size_t>(marks) > maximumCells) throw ImportError(ImportError::Code::tooLarge);
+    if (text.size() > maximumCells && static_cast<std::size_t>(marks) > maximumCells)
+        throw ImportError(ImportError::Code::tooLarge);
     Table table = cleaned(text, 0);
     if (isReadable(table)) return table;
     for (const std::size_t start : headerLines(text)) {

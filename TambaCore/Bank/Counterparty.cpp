@@ -3,95 +3,258 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 /// The payee in a narration. Indian banks print a payment as fields ("UPI/DR/412345678901/SWIGGY/YESB/swiggy8@ybl"), so
 /// the field that names somebody is chosen first, and cleaned then.
 namespace tamba::BankImport {
 namespace {
 
-using Word = std::string_view;
+/// What a word says about the field it stands in.
+enum Meaning : unsigned char {
+    ofName = 0,
+    noise = 1,     ///< about the way of paying; at the beginning of a name
+    anywhere = 2,  ///< the same, wherever it stands
+    purpose = 4,   ///< what a payment is for
+    bank = 8,
+};
 
-template <std::size_t count>
-consteval std::array<Word, count> sorted(std::array<Word, count> words) {
-    std::sort(words.begin(), words.end());
-    return words;
-}
+struct Known {
+    std::string_view word;
+    unsigned char meaning;
+};
 
-/// Words about the way of paying.
-constexpr auto noise = sorted(std::to_array<Word>(
-    {"upi",   "dr",   "cr",       "neft",     "imps",   "rtgs",   "pos",     "ach",        "nach",   "ecs",
-     "atm",   "int",  "txn",      "debit",    "credit", "card",   "visa",    "mastercard", "rupay",  "mmt",
-     "bil",   "onl",  "inft",     "clg",      "mps",    "inb",    "p2a",     "p2m",        "upiout", "upiar",
-     "upiin", "nbsm", "inward",   "outward",  "sb",     "utr",    "no",      "micr",       "cts",    "ref",
-     "by",    "to",   "transfer", "clearing", "chq",    "cheque", "paid",    "tpt",        "ib",     "mb",
-     "ecom",  "pur",  "null",     "c",        "d",      "via",    "billpay", "si"}));
-/// Those of them that mean nothing anywhere in a name; the others do so at its beginning only.
-constexpr auto noiseAnywhere =
-    sorted(std::to_array<Word>({"upi", "dr", "cr", "neft", "imps", "rtgs", "pos", "ach", "nach", "ecs", "atm", "int",
-                                "txn", "debit", "credit", "card", "visa", "mastercard", "rupay"}));
-/// What a payment is for.
-constexpr auto purposes = sorted(std::to_array<Word>(
-    {"rent", "salary",  "sal",     "na",        "payment", "pay",      "paymen",   "refund", "self",
-     "bill", "person",  "loan",    "emi",       "gift",    "misc",     "other",    "others", "attn",
-     "amc",  "advance", "invoice", "from",      "ph",      "phone",    "for",      "the",    "month",
-     "of",   "jan",     "feb",     "mar",       "apr",     "may",      "jun",      "jul",    "aug",
-     "sep",  "sept",    "oct",     "nov",       "dec",     "january",  "february", "march",  "april",
-     "june", "july",    "august",  "september", "october", "november", "december"}));
-constexpr auto banks = sorted(std::to_array<Word>(
-    {"yesb",  "hdfc", "icic",  "sbin", "utib",     "kkbk",     "barb",   "punb",   "cnrb", "ubin", "fdrl",
-     "indb",  "idib", "idfb",  "ioba", "ratn",     "aubl",     "dbss",   "hsbc",   "citi", "scbl", "bkid",
-     "ibkl",  "mahb", "psib",  "ucba", "jaka",     "airp",     "pytm",   "jiop",   "fino", "cbin", "cosb",
-     "kvbl",  "tmbl", "dlxb",  "csbk", "dcbl",     "esfb",     "ujvn",   "sibl",   "svcb", "sbi",  "pnb",
-     "icici", "axis", "kotak", "idfc", "iciciban", "indusind", "canara", "federal"}));
-
-template <std::size_t count>
-bool isIn(const std::array<Word, count>& words, Word word) {
-    return std::binary_search(words.begin(), words.end(), word);
-}
+constexpr auto known = std::to_array<Known>({
+    {"upi", noise | anywhere},
+    {"dr", noise | anywhere},
+    {"cr", noise | anywhere},
+    {"neft", noise | anywhere},
+    {"imps", noise | anywhere},
+    {"rtgs", noise | anywhere},
+    {"pos", noise | anywhere},
+    {"ach", noise | anywhere},
+    {"nach", noise | anywhere},
+    {"ecs", noise | anywhere},
+    {"atm", noise | anywhere},
+    {"int", noise | anywhere},
+    {"txn", noise | anywhere},
+    {"debit", noise | anywhere},
+    {"credit", noise | anywhere},
+    {"card", noise | anywhere},
+    {"visa", noise | anywhere},
+    {"mastercard", noise | anywhere},
+    {"rupay", noise | anywhere},
+    {"mmt", noise},
+    {"bil", noise},
+    {"onl", noise},
+    {"inft", noise},
+    {"clg", noise},
+    {"mps", noise},
+    {"inb", noise},
+    {"p2a", noise},
+    {"p2m", noise},
+    {"upiout", noise},
+    {"upiar", noise},
+    {"upiin", noise},
+    {"nbsm", noise},
+    {"inward", noise},
+    {"outward", noise},
+    {"sb", noise},
+    {"utr", noise},
+    {"no", noise},
+    {"micr", noise},
+    {"cts", noise},
+    {"ref", noise},
+    {"by", noise},
+    {"to", noise},
+    {"transfer", noise},
+    {"clearing", noise},
+    {"chq", noise},
+    {"cheque", noise},
+    {"paid", noise},
+    {"tpt", noise},
+    {"ib", noise},
+    {"mb", noise},
+    {"ecom", noise},
+    {"pur", noise},
+    {"null", noise},
+    {"c", noise},
+    {"d", noise},
+    {"via", noise},
+    {"billpay", noise},
+    {"si", noise},
+    {"rent", purpose},
+    {"salary", purpose},
+    {"sal", purpose},
+    {"na", purpose},
+    {"payment", purpose},
+    {"pay", purpose},
+    {"paymen", purpose},
+    {"refund", purpose},
+    {"self", purpose},
+    {"bill", purpose},
+    {"person", purpose},
+    {"loan", purpose},
+    {"emi", purpose},
+    {"gift", purpose},
+    {"misc", purpose},
+    {"other", purpose},
+    {"others", purpose},
+    {"attn", purpose},
+    {"amc", purpose},
+    {"advance", purpose},
+    {"invoice", purpose},
+    {"from", purpose},
+    {"ph", purpose},
+    {"phone", purpose},
+    {"for", purpose},
+    {"the", purpose},
+    {"month", purpose},
+    {"of", purpose},
+    {"jan", purpose},
+    {"feb", purpose},
+    {"mar", purpose},
+    {"apr", purpose},
+    {"may", purpose},
+    {"jun", purpose},
+    {"jul", purpose},
+    {"aug", purpose},
+    {"sep", purpose},
+    {"sept", purpose},
+    {"oct", purpose},
+    {"nov", purpose},
+    {"dec", purpose},
+    {"january", purpose},
+    {"february", purpose},
+    {"march", purpose},
+    {"april", purpose},
+    {"june", purpose},
+    {"july", purpose},
+    {"august", purpose},
+    {"september", purpose},
+    {"october", purpose},
+    {"november", purpose},
+    {"december", purpose},
+    {"yesb", bank},
+    {"hdfc", bank},
+    {"icic", bank},
+    {"sbin", bank},
+    {"utib", bank},
+    {"kkbk", bank},
+    {"barb", bank},
+    {"punb", bank},
+    {"cnrb", bank},
+    {"ubin", bank},
+    {"fdrl", bank},
+    {"indb", bank},
+    {"idib", bank},
+    {"idfb", bank},
+    {"ioba", bank},
+    {"ratn", bank},
+    {"aubl", bank},
+    {"dbss", bank},
+    {"hsbc", bank},
+    {"citi", bank},
+    {"scbl", bank},
+    {"bkid", bank},
+    {"ibkl", bank},
+    {"mahb", bank},
+    {"psib", bank},
+    {"ucba", bank},
+    {"jaka", bank},
+    {"airp", bank},
+    {"pytm", bank},
+    {"jiop", bank},
+    {"fino", bank},
+    {"cbin", bank},
+    {"cosb", bank},
+    {"kvbl", bank},
+    {"tmbl", bank},
+    {"dlxb", bank},
+    {"csbk", bank},
+    {"dcbl", bank},
+    {"esfb", bank},
+    {"ujvn", bank},
+    {"sibl", bank},
+    {"svcb", bank},
+    {"sbi", bank},
+    {"pnb", bank},
+    {"icici", bank},
+    {"axis", bank},
+    {"kotak", bank},
+    {"idfc", bank},
+    {"iciciban", bank},
+    {"indusind", bank},
+    {"canara", bank},
+    {"federal", bank},
+});
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-/// "438628XXXXXX1234", "XXXXXXX991HDFCnull", "#1204"; "412345678901".
-bool isNumber(Word word) {
-    std::size_t digits = 0, masks = 0;
-    for (const char c : word) {
-        digits += isDigit(c);
-        masks += c == 'x' || c == '*' || c == '#' || c == '.' || c == ',';
+unsigned char meaningOf(std::string_view word) {
+    static const auto byLetter = [] {
+        std::array<std::vector<Known>, 26> table;
+        for (const Known& one : known) table[static_cast<std::size_t>(one.word.front() - 'a')].push_back(one);
+        return table;
+    }();
+    if (word.empty() || word.front() < 'a' || word.front() > 'z') return ofName;
+    for (const Known& one : byLetter[static_cast<std::size_t>(word.front() - 'a')])
+        if (one.word == word) return one.meaning;
+    return ofName;
+}
+
+/// A word in lower case, looked at once.
+struct Word {
+    std::string_view text;
+    unsigned char meaning = ofName;
+    bool isHandle = false;     ///< "swiggy8@ybl"
+    bool isNumber = false;     ///< "412345678901", "438628XXXXXX1234", "#1204"
+    bool isReference = false;  ///< letters with four digits or more, an IFSC code: YESB0YBLUPI
+    bool isDay = false;        ///< "27apr", "jul25"
+
+    explicit Word(std::string_view word = {}) : text(word) {
+        std::size_t digits = 0, marks = 0;
+        for (const char c : word) {
+            digits += isDigit(c);
+            marks += c == 'x' || c == '*' || c == '#' || c == '.' || c == ',';
+            isHandle = isHandle || c == '@';
+        }
+        isNumber = digits + marks == word.size() || word.starts_with("xxx") || word.find("xxxx") != word.npos;
+        isReference = digits >= 4 ||
+                      (word.size() == 11 && word[4] == '0' && std::none_of(word.begin(), word.begin() + 4, isDigit));
+        meaning = meaningOf(word);
+        if (digits > 0) {
+            const std::size_t first = std::min(word.find_first_not_of("0123456789"), word.size());
+            const std::size_t end = std::min(word.find_first_of("0123456789", first), word.size());
+            isDay = word.find_first_not_of("0123456789", end) == word.npos &&
+                    (first == end || (meaningOf(word.substr(first, end - first)) & purpose) != 0);
+        }
     }
-    return digits + masks == word.size() || word.starts_with("xxx") || word.find("xxxx") != word.npos;
-}
+    [[nodiscard]] bool is(Meaning wanted) const { return (meaning & wanted) != 0; }
+};
 
-/// Letters with four digits or more: a reference, an IFSC code, an account.
-bool isReference(Word word) {
-    const auto digits = std::count_if(word.begin(), word.end(), isDigit);
-    if (digits >= 4) return true;
-    // An IFSC code is four letters, a zero and six more: YESB0YBLUPI.
-    return word.size() == 11 && word[4] == '0' && std::none_of(word.begin(), word.begin() + 4, isDigit);
-}
-
-/// "27apr", "01jul", "jul25"
-bool isDayOrMonth(Word word) {
-    const std::size_t first = word.find_first_not_of("0123456789");
-    if (first == word.npos) return true;
-    const std::size_t end = std::min(word.find_first_of("0123456789", first), word.size());
-    return word.find_first_not_of("0123456789", end) == word.npos && isIn(purposes, word.substr(first, end - first));
-}
-
-bool isHandle(Word word) { return word.find('@') != word.npos; }
-
-std::vector<Word> wordsOf(Word text) {
-    std::vector<Word> words;
-    std::size_t at = 0;
-    while (at < text.size()) {
-        while (at < text.size() && isBlank(text[at])) ++at;
-        std::size_t end = at;
-        while (end < text.size() && !isBlank(text[end])) ++end;
-        if (end > at) words.push_back(text.substr(at, end - at));
-        at = end;
+/// The words of one field, or the first of many.
+class Words {
+public:
+    explicit Words(std::string_view text, std::string_view separators = " \t\n\r") {
+        for (std::size_t at = text.find_first_not_of(separators); at < text.size() && count_ < words_.size();) {
+            const std::size_t end = std::min(text.find_first_of(separators, at), text.size());
+            words_[count_++] = text.substr(at, end - at);
+            at = text.find_first_not_of(separators, end);
+        }
     }
-    return words;
-}
+    [[nodiscard]] bool empty() const { return count_ == 0; }
+    [[nodiscard]] std::size_t size() const { return count_; }
+    [[nodiscard]] std::string_view operator[](std::size_t i) const { return words_[i]; }
+    [[nodiscard]] std::string_view front() const { return words_.front(); }
+    [[nodiscard]] std::string_view back() const { return words_[count_ - 1]; }
+    [[nodiscard]] const std::string_view* begin() const { return words_.data(); }
+    [[nodiscard]] const std::string_view* end() const { return words_.data() + count_; }
+
+private:
+    std::array<std::string_view, 16> words_;
+    std::size_t count_ = 0;
+};
 
 /// In lower case for comparing, byte for byte as long as the text.
 std::string lowered(std::string_view text) {
@@ -103,52 +266,56 @@ std::string lowered(std::string_view text) {
 
 enum class Field { empty, handle, bank, purpose, payee };
 
-Field kindOf(const std::vector<Word>& words) {
-    bool purpose = false, other = false, handle = false;
-    for (const Word word : words) {
-        if (isHandle(word)) {
+Field kindOf(const Words& words) {
+    bool forSomething = false, named = false, handle = false, atBank = false;
+    std::string_view last;
+    for (const std::string_view text : words) {
+        const Word word(text);
+        if (last == "bank" && text == "of") atBank = true;
+        last = text;
+        if (word.isHandle)
             handle = true;
+        else if (word.isNumber || word.is(noise) || word.isReference)
             continue;
-        }
-        if (isNumber(word) || isIn(noise, word) || isReference(word)) continue;
-        (isIn(purposes, word) || isDayOrMonth(word) ? purpose : other) = true;
+        else if (word.is(purpose) || word.isDay)
+            forSomething = true;
+        else
+            named = true;
+        if (words.size() == 1 && word.is(bank)) atBank = true;
     }
     if (handle) return Field::handle;
-    if (!other) return purpose ? Field::purpose : Field::empty;
-    if (words.size() == 1 && isIn(banks, words.front())) return Field::bank;
-    for (std::size_t i = 0; i < words.size(); ++i)
-        if (words[i] == "bank" && (i + 1 == words.size() || words[i + 1] == "of")) return Field::bank;
-    return Field::payee;
+    if (!named) return forSomething ? Field::purpose : Field::empty;
+    return atBank || last == "bank" ? Field::bank : Field::payee;
 }
 
 /// Cash, interest and charges have no payee.
-bool hasNoPayee(const std::vector<Word>& words) {
+bool hasNoPayee(const Words& words) {
     if (words.empty()) return true;
-    const Word first = words.front();
-    const Word second = words.size() > 1 ? words[1] : Word();
+    const std::string_view first = words.front();
+    const std::string_view second = words.size() > 1 ? words[1] : std::string_view();
     if (first == "atw" || first == "eaw" || first == "nwd" || first == "sbint") return true;
     if (first == "atm") return second == "wdl" || second == "wd" || second == "cash" || second.starts_with("withdr");
     if (first == "cash" || second == "cash")
-        for (const Word word : words)
+        for (const std::string_view word : words)
             if (word == "wdl" || word == "dep" || word.starts_with("withdr") || word.starts_with("depos")) return true;
-    for (const Word word : words)
-        if (word == "int.pd" || word == "int.pd.") return true;
+    for (const std::string_view word : words)
+        if (word.starts_with("int.pd")) return true;
     if (first == "interest" || (first == "credit" && second == "interest")) return true;
-    return (words.back() == "charges" || words.back() == "chrg" || words.back() == "chg") && words.size() <= 3;
+    return words.size() <= 3 && (words.back() == "charges" || words.back() == "chrg" || words.back() == "chg");
 }
 
 /// Without what stands around the name: leading modes and numbers, references anywhere, an unclosed bracket.
-std::string cleaned(std::string_view text) {
+std::string cleaned(std::string_view text, std::string_view lower) {
     const std::size_t bracket = text.rfind('(');
     if (bracket != text.npos && bracket > 0 && text.find(')', bracket) == text.npos) text = text.substr(0, bracket);
+    lower = lower.substr(0, text.size());
     std::string result;
-    const std::string lower = lowered(text);
-    for (const Word word : wordsOf(lower)) {
-        const auto at = static_cast<std::size_t>(word.data() - lower.data());
-        const std::string_view printed = Text::trim(text.substr(at, word.size()), ",;:|_-.");
-        if (printed.empty()) continue;
-        if (isNumber(word) || isIn(noiseAnywhere, word) || isReference(word)) continue;
-        if (result.empty() && isIn(noise, word)) continue;
+    for (const std::string_view small : Words(lower)) {
+        const auto at = static_cast<std::size_t>(small.data() - lower.data());
+        const std::string_view printed = Text::trim(text.substr(at, small.size()), ",;:|_-.");
+        const Word word(small);
+        if (printed.empty() || word.isNumber || word.is(anywhere) || word.isReference) continue;
+        if (result.empty() && word.is(noise)) continue;
         if (!result.empty()) result += ' ';
         result += printed;
     }
@@ -157,8 +324,8 @@ std::string cleaned(std::string_view text) {
 
 /// "swiggy.stores@ic" is Swiggy Stores; a phone number is nobody.
 std::string handleName(std::string_view text) {
-    for (const Word word : wordsOf(text)) {
-        if (!isHandle(word)) continue;
+    for (const std::string_view word : Words(text)) {
+        if (word.find('@') == word.npos) continue;
         std::string name(word.substr(0, word.find('@')));
         std::replace_if(name.begin(), name.end(), [](char c) { return c == '.' || c == '_' || c == '*'; }, ' ');
         while (!name.empty() && isDigit(name.back())) name.pop_back();
@@ -179,32 +346,31 @@ std::string_view withoutLead(std::string_view text, std::string_view lower) {
 std::string cleanVendor(std::string_view narration) {
     constexpr std::size_t longest = 400;
     std::string_view text = Text::trim(Text::prefixBytes(Text::trim(narration), longest));
-    text = withoutLead(text, lowered(text));
-    const std::string lower = lowered(text);
+    const std::string all = lowered(text);
+    text = withoutLead(text, all);
+    const std::string_view lower = std::string_view(all).substr(all.size() - text.size());
 
-    std::string handle, purpose, bank;
+    std::string handle, reason, atBank;
     bool first = true;
-    std::string spaced = lower;
-    std::replace_if(
-        spaced.begin(), spaced.end(), [](char c) { return c == '/' || c == '*' || c == '-' || c == ':'; }, ' ');
-    if (hasNoPayee(wordsOf(spaced))) return {};
+    if (hasNoPayee(Words(lower, " \t\n\r/*-:"))) return {};
     for (std::size_t begin = 0; begin < lower.size();) {
         std::size_t end = std::min(lower.find_first_of("/*-:", begin), lower.size());
-        const auto words = wordsOf(std::string_view(lower).substr(begin, end - begin));
+        const Words words(lower.substr(begin, end - begin));
         const Field kind = words.empty() ? Field::empty : kindOf(words);
         // A name that the narration begins with may have a hyphen of its own: Coca-Cola.
         if (first && kind == Field::payee) end = std::min(lower.find_first_of("/*", begin), lower.size());
         const std::string_view field = text.substr(begin, end - begin);
+        const std::string_view small = lower.substr(begin, end - begin);
         if (kind == Field::payee)
-            if (std::string name = cleaned(field); !name.empty()) return name;
+            if (std::string name = cleaned(field, small); !name.empty()) return name;
         if (kind == Field::handle && handle.empty()) handle = handleName(field);
-        if (kind == Field::purpose && purpose.empty()) purpose = cleaned(field);
-        if (kind == Field::bank && bank.empty()) bank = cleaned(field);
+        if (kind == Field::purpose && reason.empty()) reason = cleaned(field, small);
+        if (kind == Field::bank && atBank.empty()) atBank = cleaned(field, small);
         first = false;
         begin = end + 1;
     }
     if (!handle.empty()) return handle;
-    return purpose.empty() ? bank : purpose;
+    return reason.empty() ? atBank : reason;
 }
 
 }  // namespace tamba::BankImport

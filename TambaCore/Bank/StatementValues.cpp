@@ -253,6 +253,7 @@ bool removeSign(std::string_view& text, bool& negative) {
 
 /// Takes "Dr", "(Cr)", "CR." off the end, where a figure, a blank or a bracket stands before it.
 Direction removeMarker(std::string_view& text) {
+    if (isDigit(text.back())) return Direction::unsaid;
     std::string_view rest = text;
     const bool bracket = removeEnd(rest, ")");
     rest = trimmedBlanks(rest);
@@ -382,6 +383,24 @@ char Figures::decimalMark() const {
     return points_ >= commas_ ? '.' : ',';
 }
 
+namespace {
+
+/// A text of digits, points and commas.
+AmountCell figure(std::string_view text, const Currency& currency, char decimalMark, Figures::Style style) {
+    AmountCell result;
+    result.state = AmountCell::State::unreadable;
+    if (text.empty() || text.front() == ',' || std::none_of(text.begin(), text.end(), isDigit)) return result;
+    const Split parts = split(text, currency.exponent, decimalMark, style);
+    result.state = parts.state;
+    if (parts.state != AmountCell::State::amount) return result;
+    const auto minor = scaled(parts, currency.exponent);
+    if (!minor) result.state = AmountCell::State::tooLarge;
+    result.minor = minor.value_or(0);
+    return result;
+}
+
+}  // namespace
+
 AmountCell amountCell(std::string_view cell, const Currency& currency, char decimalMark, Figures::Style style) {
     using State = AmountCell::State;
     AmountCell result;
@@ -390,6 +409,7 @@ AmountCell amountCell(std::string_view cell, const Currency& currency, char deci
         return result;
     result.state = State::unreadable;
     if (text.size() > 64) return result;
+    if (std::all_of(text.begin(), text.end(), isFigureCharacter)) return figure(text, currency, decimalMark, style);
     result.marked = removeMarker(text);
     if (text.size() >= 2 && text.front() == '(' && text.back() == ')') {
         result.negative = true;
@@ -418,7 +438,7 @@ AmountCell amountCell(std::string_view cell, const Currency& currency, char deci
 
     // Blanks and apostrophes between groups of three, where decimals follow: "1 234,56", "1'234.50".
     std::string joined;
-    if (text.find_first_of(" '") != text.npos || text.find("\u00A0") != text.npos || text.find("\u202F") != text.npos) {
+    if (!std::all_of(text.begin(), text.end(), isFigureCharacter)) {
         joined = Text::replaceAll(Text::replaceAll(std::string(text), "\u00A0", " "), "\u202F", " ");
         std::replace(joined.begin(), joined.end(), '\'', ' ');
         const std::size_t decimals = joined.find_first_of(".,");
@@ -427,15 +447,10 @@ AmountCell amountCell(std::string_view cell, const Currency& currency, char deci
         std::erase(joined, ' ');
         text = joined;
     }
-    if (text.empty() || !std::all_of(text.begin(), text.end(), isFigureCharacter) ||
-        std::none_of(text.begin(), text.end(), isDigit) || text.front() == ',')
-        return result;
-    const Split figure = split(text, currency.exponent, decimalMark, style);
-    result.state = figure.state;
-    if (figure.state != State::amount) return result;
-    const auto minor = scaled(figure, currency.exponent);
-    if (!minor) result.state = State::tooLarge;
-    result.minor = minor.value_or(0);
+    if (!std::all_of(text.begin(), text.end(), isFigureCharacter)) return result;
+    const AmountCell bare = figure(text, currency, decimalMark, style);
+    result.state = bare.state;
+    result.minor = bare.minor;
     return result;
 }
 

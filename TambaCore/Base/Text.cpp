@@ -99,6 +99,8 @@ char32_t codePoint(std::string_view text, std::size_t& at) {
 }
 
 std::string_view trim(std::string_view text) {
+    const auto isPlain = [](char c) { return c > ' ' && c < '\x7F'; };
+    if (text.empty() || (isPlain(text.front()) && isPlain(text.back()))) return text;
     std::size_t begin = 0;
     for (std::size_t at = 0; at < text.size(); begin = at)
         if (!isSpace(static_cast<UChar32>(codePoint(text, at)))) break;
@@ -144,6 +146,19 @@ std::string upper(std::string_view text) {
 }
 
 std::string capitalised(std::string_view text) {
+    if (isASCII(text)) {
+        std::string result = lower(text);
+        bool begins = true;
+        for (char& c : result) {
+            if (isSpace(static_cast<UChar32>(c))) {
+                begins = true;
+            } else if (begins && c >= 'a' && c <= 'z') {
+                c = static_cast<char>(c - ('a' - 'A'));
+                begins = false;
+            }
+        }
+        return result;
+    }
     std::string result;
     const auto addWord = [&result](std::string_view word) {
         result += mapCase(word, [](auto source, auto& sink, UErrorCode& status) {
@@ -207,6 +222,11 @@ bool isLetterOrDigit(std::string_view character) {
 
 std::string lettersAndDigits(std::string_view text) {
     std::string result;
+    if (isASCII(text)) {
+        for (const char c : text)
+            if ((c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')) result += c;
+        return result;
+    }
     forEachCharacter(text, [&](std::size_t begin, std::size_t end) {
         const std::string_view character = text.substr(begin, end - begin);
         if (isLetterOrDigit(character)) result += character;

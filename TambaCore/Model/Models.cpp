@@ -3,6 +3,8 @@
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
 
+#include <algorithm>
+
 namespace tamba {
 
 const UnknownKeys::Entries& UnknownKeys::entries() const {
@@ -180,9 +182,32 @@ BankTransaction BankTransaction::make(Day date, std::string text, std::int64_t a
     return line;
 }
 
+namespace {
+
+/// The first 40 letters and digits in lower case. Importing compares every line of the books, and most narrations are
+/// ASCII.
+std::string keptNarration(std::string_view text) {
+    constexpr std::size_t most = 40;
+    std::string kept;
+    kept.reserve(most);
+    for (const char c : text) {
+        if (static_cast<unsigned char>(c) >= 0x80)
+            return std::string(Text::prefix(Text::lettersAndDigits(Text::lower(text)), most));
+        const char small = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+        if ((small >= 'a' && small <= 'z') || (small >= '0' && small <= '9')) kept += small;
+        if (kept.size() > most) break;
+    }
+    kept.resize(std::min(kept.size(), most));
+    return kept;
+}
+
+}  // namespace
+
 std::string BankTransaction::fingerprint() const {
-    const std::string kept = Text::lettersAndDigits(Text::lower(text));
-    return date.iso() + "|" + std::to_string(amount) + "|" + std::string(Text::prefix(kept, 40)) + "|" + reference;
+    std::string result = date.iso();
+    result.reserve(80 + reference.size());
+    result.append("|").append(std::to_string(amount)).append("|").append(keptNarration(text));
+    return result.append("|").append(reference);
 }
 
 bool BankTransaction::isMatched() const { return expenseID || invoiceID || paymentID; }
