@@ -1,0 +1,6 @@
+#include "tests/fuzz/Statement.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tamba::fuzzing::readStatement(data, size, "a.qif");
+    return 0;
+}
