@@ -456,7 +456,7 @@ private:
     std::vector<std::string> titles_;
     std::vector<DateCell> dates_;   // of the rows from begin_ on
     std::vector<Amounts> amounts_;  // of the same
-    UUID file_ = UUID::random();    // new for each reading; the lines' own follow from it
+    FreshIDs ids_;
     char mark_ = 0;
     std::size_t width_ = 0;  // of most rows
     bool leavesOutBlanks_ = false;
