@@ -26,7 +26,7 @@ bool holdsLines(std::string_view header) {
 }
 
 /// "12/19'05" and "8/31' 0": the apostrophe stands for 20, blanks pad. Two digits without one are 1970 to 2069.
-std::string plainDate(std::string_view printed) {
+std::string plainDate(std::string_view printed, DateOrder order) {
     std::string date;
     const bool after2000 = printed.find('\'') != printed.npos;
     for (const char c : printed)
@@ -38,6 +38,7 @@ std::string plainDate(std::string_view printed) {
     const std::string year = date.substr(mark + 1);
     if (year.size() > 2 || year.empty() || year.find_first_not_of("0123456789") != std::string::npos) return date;
     if (date.find_first_of("/-.") > 2) return date;  // the year stands first
+    if (order == DateOrder::ymd && !after2000) return date;
     const std::string twoDigits = year.size() == 1 ? "0" + year : year;
     const bool last = !after2000 && twoDigits >= "70";
     return date.substr(0, mark + 1) + (last ? "19" : "20") + twoDigits;
@@ -109,7 +110,7 @@ Parsed qif(std::string_view text, DateOrder order, const Currency& currency) {
     for (Record& record : all) {
         if (record.amount.empty()) record.amount = record.repeatedAmount;
         figures.see(record.amount);
-        dates.push_back(dateCell(plainDate(record.date), order));
+        dates.push_back(dateCell(plainDate(record.date, order), order));
     }
     ChosenOrder chosen = chooseOrder(dates, order);
     parsed.order = chosen.order;

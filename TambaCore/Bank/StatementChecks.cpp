@@ -13,6 +13,8 @@ constexpr std::array orders{DateOrder::dmy, DateOrder::mdy, DateOrder::ymd};
 struct Trial {
     std::size_t impossible = 0;
     bool oneDirection = true;
+    std::optional<Day> first, last;
+    [[nodiscard]] std::int64_t days() const { return first ? first->daysUntil(*last) : 0; }
 };
 
 Trial attempt(const std::vector<DateCell>& dates, DateOrder order) {
@@ -31,6 +33,8 @@ Trial attempt(const std::vector<DateCell>& dates, DateOrder order) {
             falls = falls || *day < *last;
         }
         last = day;
+        if (!trial.first || *day < *trial.first) trial.first = day;
+        if (!trial.last || *day > *trial.last) trial.last = day;
     }
     trial.oneDirection = !(rises && falls);
     return trial;
@@ -73,9 +77,13 @@ ChosenOrder chooseOrder(const std::vector<DateCell>& dates, DateOrder setting) {
     const Trial asked = attempt(dates, setting);
     const std::string read(words(setting));
     for (const DateOrder other : orders) {
-        if (other == setting || (asked.impossible == 0 && asked.oneDirection)) continue;
+        // A statement of many years is rather one of some weeks whose years stand first.
+        constexpr std::int64_t manyDays = 1500;
+        const bool scattered = asked.days() > manyDays;
+        if (other == setting || (asked.impossible == 0 && asked.oneDirection && !scattered)) continue;
         const Trial trial = attempt(dates, other);
         if (trial.impossible > 0 || !trial.oneDirection) continue;
+        if (asked.impossible == 0 && asked.oneDirection && trial.days() * 4 > asked.days()) continue;
         const std::string instead(words(other));
         if (asked.impossible >= 2)
             return {other,
@@ -83,7 +91,8 @@ ChosenOrder chooseOrder(const std::vector<DateCell>& dates, DateOrder setting) {
                         " of them are no days when read as " + read + ".",
                     std::nullopt};
         return {setting, "Dates were read as " + read + ".",
-                "The dates may be meant as " + instead + ": only then are they all days that run in one direction."};
+                "The dates may be meant as " + instead +
+                    ": then all are days, run in one direction and lie close together."};
     }
     return {setting, "Dates were read as " + read + ".", std::nullopt};
 }

@@ -41,7 +41,8 @@ Footer footer(std::string_view text) {
     if (startsWithAny(bare, {"statement summary", "legend", "end of statement", "this is a computer", "this is an auto",
                              "computer generated", "generated through", "disclaimer"}))
         return Footer::end;
-    if (startsWithAny(bare, {"opening bal", "balance b/f", "brought forward", "balance brought", "b/f"}))
+    if (startsWithAny(bare, {"opening bal", "balance b/f", "brought forward", "balance brought", "b/f",
+                             "balance forward", "previous bal"}))
         return Footer::opening;
     if (startsWithAny(bare,
                       {"closing bal", "transaction total", "grand total", "page total", "sub total", "subtotal",
@@ -61,15 +62,30 @@ bool isUnfinished(std::string_view state) {
     return startsWithAny(state, {"pending", "declined", "failed", "failure", "reverted", "cancel", "rejected"});
 }
 
-/// A quotation mark that was never closed has drawn the following lines into one cell.
+/// A quotation mark that was never closed has drawn the following lines into one cell: one of them has cells of its
+/// own, and a date among them.
 bool swallowsLines(const std::string& cell) {
-    if (cell.size() < 16) return false;
+    constexpr std::size_t shortest = 16, mostCells = 6;
+    if (cell.size() < shortest) return false;
     for (std::size_t at = cell.find('\n'); at != std::string::npos; at = cell.find('\n', at + 1)) {
-        const std::string_view line = std::string_view(cell).substr(at + 1);
-        const std::string_view begin = line.substr(0, line.find_first_of(",;\t\n"));
-        if (begin.size() < line.size() && dateCell(begin, DateOrder::dmy).kind != DateCell::Kind::none) return true;
+        std::string_view line = std::string_view(cell).substr(at + 1);
+        line = line.substr(0, line.find('\n'));
+        for (std::size_t i = 0; i < mostCells; ++i) {
+            const std::size_t end = line.find_first_of(",;\t");
+            const bool alone = i == 0 && end == line.npos;
+            if (!alone && dateCell(line.substr(0, end), DateOrder::dmy).kind != DateCell::Kind::none) return true;
+            if (end == line.npos) break;
+            line.remove_prefix(end + 1);
+        }
     }
     return false;
+}
+
+/// What card issuers print beside money that comes back; spending is never called so.
+bool isRepayment(std::string_view text) {
+    return containsIgnoringCase(text, "thank you") || containsIgnoringCase(text, "payment received") ||
+           containsIgnoringCase(text, "autopay") || containsIgnoringCase(text, "refund") ||
+           containsIgnoringCase(text, "online payment") || containsIgnoringCase(text, "cashback");
 }
 
 /// New identifiers by the thousand: asking the system for each costs more than reading its line. SplitMix64 (Steele,
@@ -122,6 +138,7 @@ public:
         parsed_.transactions.reserve(table_.rows.size() - begin_);
         for (std::size_t r = begin_; r < table_.rows.size(); ++r) row(r);
         explainSigns();
+        explainColumns();
         checkBalances(parsed_, opening_);
         return finished(std::move(parsed_));
     }
@@ -286,13 +303,20 @@ private:
         const Footer kind = footer(firstText(row.cells));
         if (kind == Footer::opening && !opening_) takeOpening(row);
         if (kind == Footer::end) ended_ = true;
-        if (kind != Footer::none || ended_) return;
+        if (kind != Footer::none) return;
+        // Behind the end stand legends, addresses and figures; what has text and an amount may be a line all the same.
+        if (ended_ && (firstText(row.cells).empty() || !hasAmount(row))) return;
         if (columns_.header && looksLikeHeader(rowTitles)) {
             otherHeader_ = row.number;
             return;
         }
         const auto date = cell(row, Role::date);
         skip(row, date.empty() ? "There is no date in this row." : quoted(date) + " is not a date.");
+    }
+
+    [[nodiscard]] bool hasAmount(const Table::Row& row) const {
+        return read(row, Role::debit).isFilled() || read(row, Role::credit).isFilled() ||
+               read(row, Role::amount).isFilled();
     }
 
     void takeOpening(const Table::Row& row) {
@@ -428,9 +452,43 @@ private:
         if (negative_ == 0 && markedIn_ + markedOut_ == 0)
             parsed_.notes.emplace_back(
                 "Nothing in this file says which way the money went: all amounts were read as money in.");
+        const auto repayments =
+            std::count_if(parsed_.transactions.begin(), parsed_.transactions.end(),
+                          [](const BankTransaction& line) { return line.amount < 0 && isRepayment(line.text); });
+        if (signed_ && columns_.signs == Columns::Signs::asPrinted && positive_ > negative_ &&
+            2 * static_cast<std::size_t>(repayments) >= negative_)
+            parsed_.notes.emplace_back(
+                "This looks like a card whose charges are printed as positive amounts: the signs may have to be "
+                "turned.");
         if (signed_ && markedIn_ + markedOut_ > 0 && negativeButIn() > 0)
             parsed_.notes.emplace_back(
                 "Some amounts are negative but marked as money in; the sign was taken, not the mark.");
+    }
+
+    /// Where several columns of amounts are filled, another may be the one that was meant.
+    void explainColumns() {
+        const auto& places = columns_.places;
+        const auto chosen = columns_[Role::amount];
+        if (chosen && *chosen < titles_.size() && titles_[*chosen] == "amount") return;
+        for (std::size_t place = 0; place < titles_.size(); ++place) {
+            const std::string& title = titles_[place];
+            const auto titled = [&](std::string_view word) { return title.find(word) != std::string::npos; };
+            if (std::find(places.begin(), places.end(), place) != places.end()) continue;
+            if (!titled("amount") && !titled("amt") && !titled("debit") && !titled("credit")) continue;
+            if (titled("intl") || titled("foreign") || titled("original") || titled("local")) continue;
+            for (std::size_t r = begin_; r < table_.rows.size(); ++r) {
+                const Table::Row& row = table_.rows[r];
+                if (dates_[r - begin_].kind == DateCell::Kind::none) continue;
+                const AmountCell other = amountCell(at(row, place), currency_, mark_);
+                const Amounts& used = amounts(row);
+                if (!other.isFilled() || other.minor == used.amount.minor || other.minor == used.debit.minor ||
+                    other.minor == used.credit.minor)
+                    continue;
+                parsed_.notes.push_back("The column “" + parsed_.columnTitles[place] +
+                                        "” holds amounts too, which were not read.");
+                return;
+            }
+        }
     }
 
     [[nodiscard]] std::size_t negativeButIn() const {

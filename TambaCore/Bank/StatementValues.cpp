@@ -324,7 +324,11 @@ Split split(std::string_view figure, int exponent, char mark, Figures::Style sty
     const std::size_t decimals = figure.size() - at - 1;
     if (std::count(figure.begin(), figure.end(), only) > 1)
         return mark == only ? Split{State::ambiguous, {}, {}} : thousands(only);
-    if (style == Figures::Style::plain) return decimalsAt(at);
+    if (style == Figures::Style::plain) {
+        // A comma is a decimal mark where others are; alone before three digits it may have been meant for thousands.
+        const bool doubtful = (mark != 0 && mark != only) || (only == ',' && decimals == 3 && mark != ',');
+        return doubtful ? Split{State::ambiguous, {}, {}} : decimalsAt(at);
+    }
     if (decimals == 0) return only == '.' ? decimalsAt(at) : Split{};
     if (decimals != 3) {
         if (mark != 0 && mark != only) return {State::ambiguous, {}, {}};
@@ -393,6 +397,10 @@ AmountCell figure(std::string_view text, const Currency& currency, char decimalM
     const Split parts = split(text, currency.exponent, decimalMark, style);
     result.state = parts.state;
     if (parts.state != AmountCell::State::amount) return result;
+    if (currency.exponent == 0 && parts.fraction.find_first_not_of('0') != std::string::npos) {
+        result.state = AmountCell::State::unreadable;  // there is no half yen
+        return result;
+    }
     const auto minor = scaled(parts, currency.exponent);
     if (!minor) result.state = AmountCell::State::tooLarge;
     result.minor = minor.value_or(0);
