@@ -3,6 +3,7 @@
 #include "TambaCore/Base/Check.h"
 
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace tamba {
@@ -25,17 +26,25 @@ private:
     bool believable_ = true;
 };
 
-/// `DocMath::line` can be worked out and gives figures that can be right. The products fit 128 bits when the factors
-/// are believable, which is asked first.
-bool canBeRight(const Line& line, SupplyType supply) {
+LineTotals untaxed(const Line& line) {
+    LineTotals result;
+    result.gross = MoneyMath::mulDiv(line.qtyMilli, line.priceMinor, 1000);
+    result.discount = MoneyMath::percent(result.gross, line.discountBP);
+    result.taxable = Checked::sub(result.gross, result.discount);
+    return result;
+}
+
+/// The figures of a line that can be worked out and can be right. The products fit 128 bits when the factors are
+/// believable, which is asked first.
+std::optional<LineTotals> believable(const Line& line, SupplyType supply) {
     const auto inRange = [](std::int64_t value, std::int64_t most) { return value >= 0 && value <= most; };
-    if (!inRange(line.qtyMilli, maximumAmount) || !inRange(line.priceMinor, maximumAmount)) return false;
-    if (!inRange(line.discountBP, 10'000) || line.taxBP < 0) return false;
-    if (static_cast<Wide>(line.qtyMilli) * line.priceMinor / 1000 > maximumAmount) return false;
-    Line untaxed = line;
-    untaxed.taxBP = 0;
-    const std::int64_t taxable = DocMath::line(untaxed, supply).taxable;
-    return static_cast<Wide>(taxable) * line.taxBP / 10'000 <= maximumAmount;
+    if (!inRange(line.qtyMilli, maximumAmount) || !inRange(line.priceMinor, maximumAmount)) return {};
+    if (!inRange(line.discountBP, 10'000) || line.taxBP < 0) return {};
+    if (static_cast<Wide>(line.qtyMilli) * line.priceMinor / 1000 > maximumAmount) return {};
+    LineTotals figures = untaxed(line);
+    if (static_cast<Wide>(figures.taxable) * line.taxBP / 10'000 > maximumAmount) return {};
+    figures.tax = TaxSplit::compute(figures.taxable, line.taxBP, supply);
+    return figures;
 }
 
 void add(std::int64_t& sum, std::int64_t figure) { sum = Checked::add(sum, figure); }
@@ -63,10 +72,7 @@ std::string HSNGroup::id() const { return hsn + "|" + std::to_string(rateBP); }
 namespace DocMath {
 
 LineTotals line(const Line& line, SupplyType supply) {
-    LineTotals result;
-    result.gross = MoneyMath::mulDiv(line.qtyMilli, line.priceMinor, 1000);
-    result.discount = MoneyMath::percent(result.gross, line.discountBP);
-    result.taxable = Checked::sub(result.gross, result.discount);
+    LineTotals result = untaxed(line);
     result.tax = TaxSplit::compute(result.taxable, line.taxBP, supply);
     return result;
 }
@@ -110,11 +116,11 @@ bool isBelievable(const Document& document) {
     if (document.rateMicros < 0 || document.rateMicros > maximumAmount) return false;
     BelievableSum quantities, gross, total, settled;
     for (const Line& line : document.lines) {
-        if (!canBeRight(line, document.supply)) return false;
-        const LineTotals figures = DocMath::line(line, document.supply);
+        const auto figures = believable(line, document.supply);
+        if (!figures) return false;
         quantities.add(line.qtyMilli);
-        gross.add(figures.gross);
-        total.add(figures.total());
+        gross.add(figures->gross);
+        total.add(figures->total());
     }
     for (const Payment& payment : document.payments) {
         settled.add(payment.amount);
