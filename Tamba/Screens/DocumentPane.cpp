@@ -128,6 +128,7 @@ QWidget* DocumentPane::makePaper() {
     paper_->setWidgetResizable(true);
     paper_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* content = new QWidget;
+    content->setObjectName(QStringLiteral("desk"));
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -282,7 +283,7 @@ void DocumentPane::fillFacts(const Document& document) {
             connect(remove, &QToolButton::clicked, this,
                     [this, invoice = document.id, payment = *fact.id] { actions_.removePayment(invoice, payment); });
         } else
-            row->addSpacing(24);
+            row->addSpacing(35);  // as wide as what removes a payment
         facts_->addWidget(line);
     }
 }

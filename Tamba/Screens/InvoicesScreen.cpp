@@ -439,8 +439,7 @@ void InvoicesScreen::hideEvent(QHideEvent*) { pane_->commit(); }
 void InvoicesScreen::resizeEvent(QResizeEvent*) { arrange(); }
 
 void InvoicesScreen::arrange() {
-    // The editor's table has its lines in one row each from 690 on.
-    const int wanted = std::clamp(std::max(width() * 60 / 100, std::min(690, width() - 380)), 480, 900);
+    const int wanted = std::clamp(width() * 60 / 100, 480, 900);
     pane_->setPreferredWidth(wanted);
     const int room = width() - (pane_->isHidden() ? 0 : wanted);
     // What gives way first where the client's name would get too little room.

@@ -39,7 +39,7 @@ class ShotsTests : public QObject {
             if (view->isVisible()) QTRY_VERIFY(view->isLoaded());
         for (DocumentPreview* view : widget.findChildren<DocumentPreview*>())
             if (view->isVisible()) QTRY_VERIFY(view->isSettled() && view->pageCount() > 0);
-        QCoreApplication::processEvents();
+        for (int rounds = 0; rounds < 5; ++rounds) QCoreApplication::processEvents();
         const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
         QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
     }
@@ -151,7 +151,7 @@ private slots:
         screen.resize(752, 580);
         shoot(screen, QStringLiteral("invoices-narrow"));
         screen.resize(1072, 700);
-        auto& name = *screen.findChild<QWidget*>(QStringLiteral("line1"))->findChild<QLineEdit*>();
+        auto& name = *screen.findChild<QWidget*>(QStringLiteral("line3"))->findChild<QLineEdit*>();
         name.setFocus();
         QTest::keyClicks(&name, QStringLiteral("i"));
         shoot(screen, QStringLiteral("invoices-typing"));
