@@ -321,8 +321,17 @@ void ClientsScreen::arrange() {
         table_->setColumnWidth(column, width);
         taken += width;
     }
+    // Most books have nothing to say there.
+    const auto& rows = rows_.rows();
+    if (std::all_of(rows.begin(), rows.end(), [](const ClientRow& row) { return row.status.empty(); })) {
+        taken -= table_->columnWidth(Column::status);
+        table_->setColumnHidden(Column::status, true);
+    }
+    overdue_->setVisible(room >= 480);
+    leftOut_->setVisible(room >= 700);
     for (const Column column : {Column::place, Column::late, Column::status, Column::overdue}) {
         if (room - taken >= 180) break;
+        if (table_->isColumnHidden(column)) continue;
         taken -= table_->columnWidth(column);
         table_->setColumnHidden(column, true);
     }

@@ -137,8 +137,8 @@ QWidget* ExpenseInspector::makeFields() {
     row(tr("Rate"), rate_ = line(tr("Exchange rate"), "rate"));
     rateNote_ = Controls::label({}, "caption", this);
     form_->addRow(QString(), rateNote_);
-    convert_ = Controls::button(tr("Convert to %1").arg(toQt(model_.library().business.homeCurrency)), "convertToHome",
-                                Controls::Kind::link, this);
+    convert_ = Controls::button({}, "convertToHome", Controls::Kind::link, this);
+    convert_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     form_->addRow(QString(), convert_);
     connect(convert_, &QPushButton::clicked, this, &ExpenseInspector::convertToHome);
     row(tr("Tax"), tax_ = line(tr("Tax included"), "tax"));
@@ -376,7 +376,7 @@ void ExpenseInspector::setRate(const QString& text) {
 }
 
 void ExpenseInspector::convertToHome() {
-    edit(tr("Convert to %1").arg(toQt(model_.library().business.homeCurrency)),
+    edit(convert_->text(),
          [](const Library& library, Expense e) { return Expenses::convertedToHome(library, std::move(e)); });
 }
 

@@ -119,6 +119,9 @@ void ExpenseInspector::fill(const Expense& e) {
     showRow(split_, !mileage && !split_->text().isEmpty());
     showRow(rate_, foreign && !mileage);
     showRow(rateNote_, foreign && !mileage);
+    const std::string& homeCode = library.business.homeCurrency;
+    convert_->setText(homeCode == "INR" ? tr("Convert to Rupees") : tr("Convert to %1").arg(toQt(homeCode)));
+    convert_->setAccessibleName(convert_->text());
     showRow(convert_, foreign && !mileage && home.has_value());
     currency_->setEnabled(!mileage);
     const std::size_t recurring = e.recurringID ? indexOf(library.recurring, *e.recurringID) : library.recurring.size();

@@ -125,6 +125,7 @@ Document CreditNoteSheet::note() const {
 
 void CreditNoteSheet::refresh() {
     QString problem, outcome;
+    const char* role = "outcome";
     for (const Row& row : rows_) {
         const bool good = !row.box->isChecked() || amountIn(*row.amount, currency_).has_value();
         Controls::markProblem(*row.amount, good ? QString() : tr("Enter an amount such as 1,180.00."));
@@ -138,13 +139,14 @@ void CreditNoteSheet::refresh() {
             const Document* invoice = note.linkedID ? issued.document(*note.linkedID) : nullptr;
             const std::int64_t left = invoice ? Books::balance(issued, *invoice) : 0;
             const auto money = [this](std::int64_t amount) { return toQt(MoneyFormat::string(amount, currency_)); };
+            if (left < 0) role = "field";
             outcome = left > 0   ? tr("Leaves %1 of the invoice to be paid").arg(money(left))
                       : left < 0 ? tr("Makes a refund of %1 due").arg(money(-left))
                                  : tr("Nothing of the invoice is left to be paid");
         } catch (const BooksError& error) {
             problem = toQt(std::string_view(error.what()));
         }
-    setRole(*outcome_, problem.isEmpty() ? "outcome" : "problem");
+    setRole(*outcome_, problem.isEmpty() ? role : "problem");
     outcome_->setText(problem.isEmpty() ? outcome : problem);
     issue_->setEnabled(problem.isEmpty());
     keep_->setEnabled(problem.isEmpty());

@@ -96,7 +96,10 @@ void ClientForm::show(const Client& client, int dueDays) {
         if (present != toQt(text)) set(toQt(text));
     };
     const auto line = [&](QLineEdit* field, const std::string& text) {
-        put(field, text, field->text(), [field](const QString& to) { field->setText(to); });
+        put(field, text, field->text(), [field](const QString& to) {
+            field->setText(to);
+            field->setCursorPosition(0);
+        });
     };
     const auto area = [&](QPlainTextEdit* field, const std::string& text) {
         put(field, text, field->toPlainText(), [field](const QString& to) { field->setPlainText(to); });
