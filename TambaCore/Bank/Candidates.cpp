@@ -26,8 +26,10 @@ enum class Fit { balance, part, close, total };
 constexpr std::array fitScores{55, 35, 30, 45};
 constexpr std::array<const char*, 4> fitReasons{"pays the balance", "part payment", "close to the balance (TDS?)",
                                                 "same as invoice total"};
-// What lets `obvious` look at no invoice that the line does not name.
-static_assert(fitScores[static_cast<std::size_t>(Fit::balance)] + clientNamed < obviousScore);
+constexpr int score(Fit fit) { return fitScores[static_cast<std::size_t>(fit)]; }
+// An invoice that the line does not name is never obvious, and one that is only close never makes another less so.
+static_assert(score(Fit::balance) + clientNamed < obviousScore);
+static_assert(score(Fit::close) + clientNamed < obviousScore - clearLead);
 
 /// How far an expense may be from the line: a whole unit, or 1 % of what is not small.
 std::int64_t tolerance(std::int64_t spent) { return spent < 10'000 ? 100 : spent / 100; }
@@ -60,7 +62,7 @@ std::uint8_t firstByte(const std::string& text) { return static_cast<std::uint8_
 }  // namespace
 
 struct Candidates::InvoiceMatch {
-    std::size_t document;
+    Slot slot;
     Fit fit;
     bool namesNumber, namesClient;
     int score;
@@ -82,18 +84,17 @@ Candidates::Candidates(const Library& library, const std::optional<UUID>& except
         if (document.kind != DocKind::invoice || document.state != DocState::issued) continue;
         const auto standing = standings.of(document);
         if (!standing || standing->balance < 1) continue;
-        Invoice invoice{Text::upper(document.number.value_or("")),
-                        {},
-                        named(clientName(library_, document)),
-                        standing->balance,
-                        standing->totals.total};
-        invoice.squeezedNumber = withoutSpaces(invoice.number);
-        if (const std::string& number = invoice.squeezedNumber; !number.empty()) {
-            byNumber_[number].push_back(i);
-            numberLengths_.insert(number.size());
-            numbersBegin_[firstByte(number)] = true;
+        std::string number = Text::upper(document.number.value_or(""));
+        const std::string squeezed = withoutSpaces(number);
+        if (squeezed.empty()) {
+            number.clear();
+        } else {
+            byNumber_[squeezed].push_back(invoices_.size());
+            numberLengths_.insert(squeezed.size());
+            numbersBegin_[firstByte(squeezed)] = true;
         }
-        invoices_.emplace(i, std::move(invoice));
+        invoices_.push_back({i, standing->balance, standing->totals.total, document.issueDate,
+                             named(clientName(library_, document)), std::move(number)});
     }
 }
 
@@ -149,22 +150,29 @@ void Candidates::addExpenses(View& view) {
     }
 }
 
-void Candidates::addInvoice(View& view, std::size_t document) {
-    const Invoice& invoice = invoices_.at(document);
-    const auto balance = value(view, library_.documents[document], invoice.balance);
-    const auto total = value(view, library_.documents[document], invoice.total);
-    if (!balance || !total || *balance < 1) return;
-    view.due[document] = {*balance, *total};
-    view.byBalance.emplace(*balance, document);
-    view.byTotal.emplace(*total, document);
+Candidates::Slot Candidates::slotOf(std::size_t document) const {
+    const auto found =
+        std::lower_bound(invoices_.begin(), invoices_.end(), document,
+                         [](const Invoice& invoice, std::size_t position) { return invoice.document < position; });
+    if (found == invoices_.end() || found->document != document) fatal("no invoice that can be matched");
+    return static_cast<Slot>(found - invoices_.begin());
 }
 
-void Candidates::removeInvoice(View& view, std::size_t document) {
-    const auto found = view.due.find(document);
-    if (found == view.due.end()) return;
-    view.byBalance.erase({found->second.balance, document});
-    view.byTotal.erase({found->second.total, document});
-    view.due.erase(found);
+void Candidates::addInvoice(View& view, Slot slot) {
+    const Invoice& invoice = invoices_[slot];
+    if (invoice.balance < 1) return;
+    const Document& document = library_.documents[invoice.document];
+    const auto balance = value(view, document, invoice.balance), total = value(view, document, invoice.total);
+    if (!balance || !total || *balance < 1) return;
+    view.due[slot] = {*balance, *total};
+    view.byBalance.emplace(*balance, slot);
+    view.byTotal.emplace(*total, slot);
+}
+
+void Candidates::removeInvoice(View& view, Slot slot) {
+    view.byBalance.erase({view.due[slot].balance, slot});
+    view.byTotal.erase({view.due[slot].total, slot});
+    view.due[slot] = {};
 }
 
 Candidates::View* Candidates::view(const Currency& currency) {
@@ -173,9 +181,9 @@ Candidates::View* Candidates::view(const Currency& currency) {
     if (!isNew) return view ? &*view : nullptr;
     const auto rate = currency.code == home_.code ? 1'000'000 : library_.rate(currency.code);
     if (!rate || *rate < 1) return nullptr;
-    view = View{currency, *rate, {}, {}, {}, {}};
+    view = View{currency, *rate, {}, std::vector<Due>(invoices_.size()), {}, {}};
     addExpenses(*view);
-    for (const auto& [document, invoice] : invoices_) addInvoice(*view, document);
+    for (Slot slot = 0; slot < invoices_.size(); ++slot) addInvoice(*view, slot);
     return &*view;
 }
 
@@ -188,10 +196,7 @@ std::optional<Candidates::Asked> Candidates::ask(const BankTransaction& line) {
     return Asked{line, *seen, *amount};
 }
 
-std::int64_t Candidates::balance(std::size_t document) const {
-    const auto found = invoices_.find(document);
-    return found == invoices_.end() ? 0 : found->second.balance;
-}
+std::int64_t Candidates::balance(std::size_t document) const { return invoices_[slotOf(document)].balance; }
 
 void Candidates::take(std::size_t expense) {
     free_[expense] = false;
@@ -205,18 +210,13 @@ void Candidates::take(std::size_t expense) {
 }
 
 void Candidates::settle(std::size_t document, std::int64_t amount) {
-    const auto found = invoices_.find(document);
-    if (found == invoices_.end()) return;
-    Invoice& invoice = found->second;
-    invoice.balance = Checked::sub(invoice.balance, amount);
-    for (auto& [code, view] : views_)
-        if (view) removeInvoice(*view, document);
-    if (invoice.balance < 1) {
-        invoices_.erase(found);
-        return;
+    const Slot slot = slotOf(document);
+    invoices_[slot].balance = Checked::sub(invoices_[slot].balance, amount);
+    for (auto& [code, view] : views_) {
+        if (!view) continue;
+        removeInvoice(*view, slot);
+        addInvoice(*view, slot);
     }
-    for (auto& [code, view] : views_)
-        if (view) addInvoice(*view, document);
 }
 
 template <class Visit>
@@ -236,16 +236,15 @@ void Candidates::expensesNear(const Asked& asked, int dayWindow, Visit&& visit) 
 
 /// Open invoices whose number the text holds. Each place where a number may begin is looked up at the lengths there
 /// are, which is quicker than to search the text for every number.
-std::vector<std::size_t> Candidates::mentioned(const std::string& squeezedText) const {
-    std::vector<std::size_t> found;
+std::vector<Candidates::Slot> Candidates::mentioned(const std::string& squeezedText) const {
+    std::vector<Slot> found;
     for (std::size_t at = 0; at < squeezedText.size(); ++at) {
         if (!numbersBegin_[static_cast<std::uint8_t>(squeezedText[at])]) continue;
         for (const std::size_t length : numberLengths_) {
             if (length > squeezedText.size() - at) break;
             const auto numbered = byNumber_.find(squeezedText.substr(at, length));
-            if (numbered == byNumber_.end()) continue;
-            for (const std::size_t document : numbered->second)
-                if (invoices_.contains(document)) found.push_back(document);
+            if (numbered != byNumber_.end())
+                found.insert(found.end(), numbered->second.begin(), numbered->second.end());
         }
     }
     std::sort(found.begin(), found.end());
@@ -253,29 +252,26 @@ std::vector<std::size_t> Candidates::mentioned(const std::string& squeezedText) 
     return found;
 }
 
-std::vector<Candidates::InvoiceMatch> Candidates::invoices(Asked& asked, const std::vector<std::size_t>& mentioned) {
+std::vector<Candidates::InvoiceMatch> Candidates::invoices(Asked& asked, const std::vector<Slot>& mentioned,
+                                                           std::int64_t above) {
     const View& view = asked.view;
     const std::int64_t amount = asked.amount;
-    // A balance the line is close to is at most a tenth and a unit above it.
-    const std::int64_t mostBalance = (amount + 100) * 10 / 9 + 1;
-    std::vector<std::size_t> positions = mentioned;
-    for (auto at = view.byBalance.lower_bound({amount, 0}); at != view.byBalance.end() && at->first <= mostBalance;
+    std::vector<Slot> slots = mentioned;
+    for (auto at = view.byBalance.lower_bound({amount, 0}); at != view.byBalance.end() && at->first <= amount + above;
          ++at)
-        positions.push_back(at->second);
+        slots.push_back(at->second);
     for (auto at = view.byTotal.lower_bound({amount, 0}); at != view.byTotal.end() && at->first == amount; ++at)
-        positions.push_back(at->second);
-    std::sort(positions.begin(), positions.end());
-    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
+        slots.push_back(at->second);
+    std::sort(slots.begin(), slots.end());
+    slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
 
     const std::string text = Text::upper(asked.line.text);
     std::vector<InvoiceMatch> result;
-    for (const std::size_t position : positions) {
-        const auto due = view.due.find(position);
-        if (due == view.due.end()) continue;
-        const auto [balance, total] = due->second;
-        const Invoice& invoice = invoices_.at(position);
-        InvoiceMatch match{position, Fit::balance, std::binary_search(mentioned.begin(), mentioned.end(), position),
-                           false, 0};
+    for (const Slot slot : slots) {
+        const auto [balance, total] = view.due[slot];
+        if (balance < 1) continue;
+        const Invoice& invoice = invoices_[slot];
+        InvoiceMatch match{slot, Fit::balance, std::binary_search(mentioned.begin(), mentioned.end(), slot), false, 0};
         if (amount == balance)
             match.fit = Fit::balance;
         else if (amount < balance && match.namesNumber && Text::contains(text, invoice.number))
@@ -287,9 +283,8 @@ std::vector<Candidates::InvoiceMatch> Candidates::invoices(Asked& asked, const s
         else
             continue;
         match.namesClient = sharedWord(asked, invoice.client) != nullptr;
-        match.score = fitScores[static_cast<std::size_t>(match.fit)] + (match.namesNumber ? numberNamed : 0) +
-                      (match.namesClient ? clientNamed : 0);
-        if (asked.line.date < library_.documents[position].issueDate) match.score += beforeIssue;
+        match.score = score(match.fit) + (match.namesNumber ? numberNamed : 0) + (match.namesClient ? clientNamed : 0);
+        if (asked.line.date < invoice.issueDate) match.score += beforeIssue;
         if (match.score < leastScore) continue;
         if (match.score > mostScore) match.score = 100;
         result.push_back(match);
@@ -311,12 +306,15 @@ std::vector<MatchSuggestion> Candidates::suggestions(const BankTransaction& line
                                   expenseReason(exact, days, word)}});
         });
     } else {
-        for (const InvoiceMatch& match : invoices(*asked, mentioned(withoutSpaces(Text::upper(line.text))))) {
-            const Document& invoice = library_.documents[match.document];
+        // A balance the line is close to is at most a ninth of the line and a little above it.
+        const std::int64_t above = (asked->amount + 1000) / 9 + 1;
+        for (const InvoiceMatch& match : invoices(*asked, mentioned(withoutSpaces(Text::upper(line.text))), above)) {
+            const std::size_t position = invoices_[match.slot].document;
+            const Document& invoice = library_.documents[position];
             std::string reason = fitReasons[static_cast<std::size_t>(match.fit)];
             if (match.namesNumber) reason += ", mentions " + *invoice.number;
             if (match.namesClient) reason += ", from " + clientName(library_, invoice);
-            found.push_back({match.document, {{Kind::invoice, invoice.id}, match.score, std::move(reason)}});
+            found.push_back({position, {{Kind::invoice, invoice.id}, match.score, std::move(reason)}});
         }
     }
     std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) {
@@ -351,7 +349,8 @@ std::optional<Candidates::Found> Candidates::obvious(const BankTransaction& line
     } else {
         const auto named = mentioned(withoutSpaces(Text::upper(line.text)));
         if (named.empty()) return {};
-        for (const InvoiceMatch& match : invoices(*asked, named)) offer(match.score, Kind::invoice, match.document);
+        for (const InvoiceMatch& match : invoices(*asked, named, 0))
+            offer(match.score, Kind::invoice, invoices_[match.slot].document);
     }
     // Scores are above 0, so that a second of 0 is none.
     return found && best >= obviousScore && (second == 0 || second < best - clearLead) ? found : std::nullopt;

@@ -35,7 +35,7 @@ public:
     /// The one suggestion that is strong and clearly ahead of the next, `obviousDays` around the line.
     [[nodiscard]] std::optional<Found> obvious(const BankTransaction& line);
 
-    /// Due on the invoice in its own currency; 0 for one that is no candidate.
+    /// Due on an invoice that was found, in its own currency.
     [[nodiscard]] std::int64_t balance(std::size_t document) const;
     /// The expense has been matched; it is no candidate any more.
     void take(std::size_t expense);
@@ -52,21 +52,23 @@ private:
         std::vector<std::size_t> members;  // positions, in the order of the books
     };
     struct Invoice {
-        std::string number;          // upper-cased
-        std::string squeezedNumber;  // and without spaces; empty when there is none
-        Name client;
+        std::size_t document;         // its position
         std::int64_t balance, total;  // in its own currency
+        Day issueDate;
+        Name client;
+        std::string number;  // upper-cased; empty when there is none
     };
     struct Due {
-        std::int64_t balance, total;  // in the home currency
+        std::int64_t balance = 0, total = 0;  // in the home currency; no candidate while the balance is 0
     };
+    using Slot = std::size_t;  // in `invoices_`
     /// What the records are worth to lines in one currency, in minor units of the home currency.
     struct View {
         Currency currency;
         std::int64_t rateMicros;
         std::map<std::int64_t, std::vector<Group>> days;  // by day number; groups by value
-        std::unordered_map<std::size_t, Due> due;         // open invoices by position
-        std::set<std::pair<std::int64_t, std::size_t>> byBalance, byTotal;
+        std::vector<Due> due;                             // by slot
+        std::set<std::pair<std::int64_t, Slot>> byBalance, byTotal;
     };
     /// A line as it is compared.
     struct Asked {
@@ -87,20 +89,23 @@ private:
     [[nodiscard]] std::optional<std::int64_t> value(const View& view, const Document& invoice,
                                                     std::int64_t amount) const;
     void addExpenses(View& view);
-    void addInvoice(View& view, std::size_t document);
-    static void removeInvoice(View& view, std::size_t document);
+    [[nodiscard]] Slot slotOf(std::size_t document) const;
+    void addInvoice(View& view, Slot slot);
+    static void removeInvoice(View& view, Slot slot);
 
     /// Calls `visit(group, days apart)` for the expenses within amount and window.
     template <class Visit>
     void expensesNear(const Asked& asked, int dayWindow, Visit&& visit);
-    [[nodiscard]] std::vector<std::size_t> mentioned(const std::string& squeezedText) const;
-    [[nodiscard]] std::vector<InvoiceMatch> invoices(Asked& asked, const std::vector<std::size_t>& mentioned);
+    [[nodiscard]] std::vector<Slot> mentioned(const std::string& squeezedText) const;
+    /// Whose balance or total is the line's amount, and of those mentioned and within `above` of it, those that fit.
+    [[nodiscard]] std::vector<InvoiceMatch> invoices(Asked& asked, const std::vector<Slot>& mentioned,
+                                                     std::int64_t above);
 
     const Library library_;  // as it was; records are shared with the books
     const Currency home_;
-    std::vector<bool> free_;                             // by position: no line is matched to the expense
-    std::unordered_map<std::size_t, Invoice> invoices_;  // open ones, by position
-    std::unordered_map<std::string, std::vector<std::size_t>> byNumber_;  // by squeezed number
+    std::vector<bool> free_;                                       // by position: no line is matched to the expense
+    std::vector<Invoice> invoices_;                                // that were open, in the order of the books
+    std::unordered_map<std::string, std::vector<Slot>> byNumber_;  // by number without spaces
     std::set<std::size_t> numberLengths_;
     std::array<bool, 256> numbersBegin_{};              // bytes that numbers begin with
     std::map<std::string, std::optional<View>> views_;  // by currency code; none without a rate
