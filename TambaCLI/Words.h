@@ -67,5 +67,8 @@ void addClientCommands(CLI::App& app, Command& c);
 /// business, series
 void addSettingCommands(CLI::App& app, Command& c);
 void addBankCommands(CLI::App& app, Command& c);
+/// What `bank` does with lines that are in the books.
+void addMatchCommands(CLI::App& bank, Command& c);
+void addRuleCommands(CLI::App& app, Command& c);
 
 }  // namespace tamba::cli

@@ -95,6 +95,7 @@ int main(int argc, char** argv) {
     addClientCommands(app, c);
     addSettingCommands(app, c);
     addBankCommands(app, c);
+    addRuleCommands(app, c);
     addBackupCommands(app, c);
 
     try {
