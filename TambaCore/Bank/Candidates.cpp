@@ -28,8 +28,8 @@ constexpr std::array<const char*, 4> fitReasons{"pays the balance", "part paymen
                                                 "same as invoice total"};
 constexpr int score(Fit fit) { return fitScores[static_cast<std::size_t>(fit)]; }
 // An invoice that the line does not name is never obvious, and one that is only close never makes another less so.
-static_assert(score(Fit::balance) + clientNamed < obviousScore);
-static_assert(score(Fit::close) + clientNamed < obviousScore - clearLead);
+constexpr int mostUnnamed = score(Fit::balance) + clientNamed;
+static_assert(mostUnnamed < obviousScore && score(Fit::close) + clientNamed < obviousScore - clearLead);
 
 /// How far an expense may be from the line: a whole unit, or 1 % of what is not small.
 std::int64_t tolerance(std::int64_t spent) { return spent < 10'000 ? 100 : spent / 100; }
@@ -252,23 +252,28 @@ std::vector<Candidates::Slot> Candidates::mentioned(const std::string& squeezedT
     return found;
 }
 
-std::vector<Candidates::InvoiceMatch> Candidates::invoices(Asked& asked, const std::vector<Slot>& mentioned,
-                                                           std::int64_t above) {
+std::vector<Candidates::Slot> Candidates::priced(const Asked& asked, std::int64_t above) {
     const View& view = asked.view;
-    const std::int64_t amount = asked.amount;
-    std::vector<Slot> slots = mentioned;
-    for (auto at = view.byBalance.lower_bound({amount, 0}); at != view.byBalance.end() && at->first <= amount + above;
+    std::vector<Slot> found;
+    for (auto at = view.byBalance.lower_bound({asked.amount, 0});
+         at != view.byBalance.end() && at->first <= asked.amount + above; ++at)
+        found.push_back(at->second);
+    for (auto at = view.byTotal.lower_bound({asked.amount, 0}); at != view.byTotal.end() && at->first == asked.amount;
          ++at)
-        slots.push_back(at->second);
-    for (auto at = view.byTotal.lower_bound({amount, 0}); at != view.byTotal.end() && at->first == amount; ++at)
-        slots.push_back(at->second);
+        found.push_back(at->second);
+    return found;
+}
+
+std::vector<Candidates::InvoiceMatch> Candidates::fitting(Asked& asked, std::vector<Slot> slots,
+                                                          const std::vector<Slot>& mentioned) {
+    slots.insert(slots.end(), mentioned.begin(), mentioned.end());
     std::sort(slots.begin(), slots.end());
     slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
-
+    const std::int64_t amount = asked.amount;
     const std::string text = Text::upper(asked.line.text);
     std::vector<InvoiceMatch> result;
     for (const Slot slot : slots) {
-        const auto [balance, total] = view.due[slot];
+        const auto [balance, total] = asked.view.due[slot];
         if (balance < 1) continue;
         const Invoice& invoice = invoices_[slot];
         InvoiceMatch match{slot, Fit::balance, std::binary_search(mentioned.begin(), mentioned.end(), slot), false, 0};
@@ -308,7 +313,8 @@ std::vector<MatchSuggestion> Candidates::suggestions(const BankTransaction& line
     } else {
         // A balance the line is close to is at most a ninth of the line and a little above it.
         const std::int64_t above = (asked->amount + 1000) / 9 + 1;
-        for (const InvoiceMatch& match : invoices(*asked, mentioned(withoutSpaces(Text::upper(line.text))), above)) {
+        const auto named = mentioned(withoutSpaces(Text::upper(line.text)));
+        for (const InvoiceMatch& match : fitting(*asked, priced(*asked, above), named)) {
             const std::size_t position = invoices_[match.slot].document;
             const Document& invoice = library_.documents[position];
             std::string reason = fitReasons[static_cast<std::size_t>(match.fit)];
@@ -348,9 +354,11 @@ std::optional<Candidates::Found> Candidates::obvious(const BankTransaction& line
         });
     } else {
         const auto named = mentioned(withoutSpaces(Text::upper(line.text)));
-        if (named.empty()) return {};
-        for (const InvoiceMatch& match : invoices(*asked, named, 0))
+        for (const InvoiceMatch& match : fitting(*asked, {}, named))
             offer(match.score, Kind::invoice, invoices_[match.slot].document);
+        if (best >= obviousScore && best - clearLead <= mostUnnamed)
+            for (const InvoiceMatch& match : fitting(*asked, priced(*asked, 0), named))
+                if (!match.namesNumber) second = std::max(second, match.score);
     }
     // Scores are above 0, so that a second of 0 is none.
     return found && best >= obviousScore && (second == 0 || second < best - clearLead) ? found : std::nullopt;

@@ -97,9 +97,11 @@ private:
     template <class Visit>
     void expensesNear(const Asked& asked, int dayWindow, Visit&& visit);
     [[nodiscard]] std::vector<Slot> mentioned(const std::string& squeezedText) const;
-    /// Whose balance or total is the line's amount, and of those mentioned and within `above` of it, those that fit.
-    [[nodiscard]] std::vector<InvoiceMatch> invoices(Asked& asked, const std::vector<Slot>& mentioned,
-                                                     std::int64_t above);
+    /// Invoices whose total is the line's amount, or whose balance is up to `above` more than it.
+    [[nodiscard]] static std::vector<Slot> priced(const Asked& asked, std::int64_t above);
+    /// Those of the invoices that fit, in the order of the books.
+    [[nodiscard]] std::vector<InvoiceMatch> fitting(Asked& asked, std::vector<Slot> slots,
+                                                    const std::vector<Slot>& mentioned);
 
     const Library library_;  // as it was; records are shared with the books
     const Currency home_;
