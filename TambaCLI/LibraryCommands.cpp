@@ -1,6 +1,7 @@
 #include "TambaCLI/Arguments.h"
 #include "TambaCLI/Output.h"
 #include "TambaCore/Base/Text.h"
+#include "TambaCore/Documents/DocumentCheck.h"
 #include "TambaCore/Fixtures.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/LibraryCheck.h"
@@ -81,7 +82,9 @@ int makeSample(const Context& context, const std::filesystem::path& folder) {
 
 int checkBooks(const Context& context) {
     const LibrarySession session(context.folder, LibrarySession::Access::read);
-    const LibraryCheck::Report report = LibraryCheck::check(existing(session), session.store());
+    LibraryCheck::Report report = LibraryCheck::check(existing(session), session.store());
+    for (LibraryCheck::Problem& problem : DocumentCheck::problems(*session.loaded()))
+        report.problems.push_back(std::move(problem));
     if (context.json) {
         JSON counts = JSON::object();
         for (const auto& [list, count] : report.counts) counts.add(list, static_cast<std::int64_t>(count));
@@ -98,7 +101,7 @@ int checkBooks(const Context& context) {
     std::vector<std::pair<std::string, std::string>> lines;
     for (const auto& [list, count] : report.counts) lines.emplace_back(list, std::to_string(count));
     std::cout << details(lines) << "\n";
-    for (const LibraryCheck::Problem& problem : report.problems) std::cout << problem.sentence << "\n";
+    for (const LibraryCheck::Problem& problem : report.problems) std::cout << oneLine(problem.sentence) << "\n";
     if (report.problems.empty())
         std::cout << "No problems.\n";
     else

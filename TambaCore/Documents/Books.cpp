@@ -64,7 +64,7 @@ std::optional<std::string> lineProblem(const Line& line, SupplyType supply, std:
 Library rebilled(Library library, const Document& draft) {
     std::unordered_set<UUID> billed;
     for (const Line& line : draft.lines)
-        if (line.expenseID) billed.insert(*line.expenseID);
+        refuseIf(line.expenseID && !billed.insert(*line.expenseID).second, BooksError::Code::alreadyBilled);
     for (std::size_t i = 0; i < library.expenses.size(); ++i) {
         const Expense& expense = library.expenses[i];
         const bool wanted = billed.contains(expense.id);

@@ -56,7 +56,7 @@ std::string sentence(BooksError::Code code, std::string_view detail) {
         case alreadyConverted:
             return "This estimate has already become an invoice.";
         case alreadyBilled:
-            return "That expense is already on another invoice.";
+            return "That expense is already on an invoice.";
         case nothingDue:
             return "Nothing is due on this invoice any more.";
         case lineMatched:

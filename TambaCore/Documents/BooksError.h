@@ -31,7 +31,7 @@ public:
         paidBeforeIssue,  ///< a payment dated before its invoice
         notEstimate,
         alreadyConverted,  ///< the estimate has become an invoice
-        alreadyBilled,     ///< the expense is on another invoice
+        alreadyBilled,     ///< the expense is on another invoice, or twice on this one
         inUse,             ///< what others refer to; the detail names it and who
         nothingDue,        ///< a reminder for an invoice that is paid
         lineMatched,       ///< the bank line is linked already

@@ -195,6 +195,130 @@ struct Merger {
     }
 };
 
+using Documents = Index<Document>;
+
+const Document* found(const Documents& index, const std::optional<UUID>& id) {
+    const auto place = id ? index.find(*id) : index.end();
+    return place == index.end() ? nullptr : place->second.get();
+}
+
+bool isStandingInvoice(const Document* document) {
+    return document && document->kind == DocKind::invoice && document->state != DocState::void_;
+}
+
+/// Every expense on lines of invoices that are not void, with the invoices; issued ones first.
+std::unordered_map<UUID, std::vector<UUID>> billing(const Library& library) {
+    std::unordered_map<UUID, std::vector<UUID>> invoices;
+    for (const bool issued : {true, false})
+        for (const Document& document : library.documents)
+            if (isStandingInvoice(&document) && document.isIssued() == issued)
+                for (const Line& line : document.lines)
+                    if (line.expenseID) invoices[*line.expenseID].push_back(document.id);
+    return invoices;
+}
+
+/// What merging record by record leaves at odds between records: each side's change was right beside what it knew.
+class Settler {
+public:
+    Settler(const Library& base, const Library& ours, const Library& theirs, Merged& merged)
+        : base_(base), ours_(ours), theirs_(theirs), merged_(merged) {}
+
+    void run() {
+        if (ours_.documents.sharesAllWith(theirs_.documents) && ours_.expenses.sharesAllWith(theirs_.expenses)) return;
+        keepBothIssued();
+        keepWhatIsPaid();
+        keepEstimatesConverted();
+        keepExpensesBilledOnce();
+    }
+
+private:
+    /// One draft issued on both sides, but not as the same document: both are with a client, so both are kept. Payments
+    /// stay on the one.
+    void keepBothIssued() {
+        const auto same = [](const Document& a, const Document& b) {
+            return a.number == b.number && a.clientID == b.clientID && a.lines == b.lines && a.currency == b.currency &&
+                   a.supply == b.supply && a.roundOff == b.roundOff;
+        };
+        const Documents before = indexed(base_.documents), mine = indexed(ours_.documents),
+                        others = indexed(theirs_.documents);
+        Documents present = indexed(merged_.library.documents);
+        for (const auto& [id, kept] : Documents(present)) {
+            const Document *our = found(mine, id), *their = found(others, id), *old = found(before, id);
+            if (!our || !their || !old || old->number || !our->number || !their->number) continue;
+            if (same(*our, *their)) continue;
+            Document other = same(*kept, *our) ? *their : *our;
+            other.id = UUID::derived(id, *other.number);
+            other.payments.clear();
+            if (!present.contains(other.id)) added_.push_back(std::move(other));
+        }
+        std::sort(added_.begin(), added_.end(), [](const Document& a, const Document& b) { return a.id < b.id; });
+        for (Document& document : added_) merged_.library.documents.append(std::move(document));
+    }
+
+    /// Nobody voids an invoice that is paid or credited, so one that was voided before that was known stands.
+    void keepWhatIsPaid() {
+        std::unordered_map<UUID, bool> credited;
+        for (const Document& note : merged_.library.documents)
+            if (note.kind == DocKind::creditNote && note.isIssued() && note.linkedID) credited[*note.linkedID] = true;
+        const Documents mine = indexed(ours_.documents), others = indexed(theirs_.documents);
+        List<Document>& documents = merged_.library.documents;
+        for (std::size_t i = 0; i < documents.size(); ++i) {
+            const Document& document = documents[i];
+            if (document.kind != DocKind::invoice || document.state != DocState::void_) continue;
+            if (document.payments.empty() && !credited.contains(document.id)) continue;
+            const Document *our = found(mine, document.id), *their = found(others, document.id);
+            if (!our || !their || our->isIssued() == their->isIssued()) continue;
+            const Document& standing = our->isIssued() ? *our : *their;
+            merged_.conflicts.push_back({"documents", text(document.id), "state", fieldText(our->state),
+                                         fieldText(their->state), &standing == their});
+            documents.update(i, [&standing](Document& kept) {
+                kept.state = standing.state;
+                kept.reason = standing.reason;
+            });
+        }
+    }
+
+    /// An estimate whose invoice one side deleted or voided and the other kept has still become that invoice.
+    void keepEstimatesConverted() {
+        const Documents before = indexed(base_.documents), present = indexed(merged_.library.documents);
+        List<Document>& documents = merged_.library.documents;
+        for (std::size_t i = 0; i < documents.size(); ++i) {
+            if (documents[i].kind != DocKind::estimate || documents[i].linkedID) continue;
+            const Document* old = found(before, documents[i].id);
+            if (!old || !isStandingInvoice(found(present, old->linkedID))) continue;
+            documents.update(i, [old](Document& estimate) { estimate.linkedID = old->linkedID; });
+        }
+    }
+
+    /// Marks what merging unmarked, so that it is not billed again, and frees what is on no invoice any more. Marks
+    /// that were at odds with the lines before are left.
+    void keepExpensesBilledOnce() {
+        const auto agrees = [](const auto& invoices, const Expense& expense) {
+            const auto place = invoices.find(expense.id);
+            if (!expense.rebilledInvoiceID) return place == invoices.end();
+            if (place == invoices.end()) return false;
+            return std::find(place->second.begin(), place->second.end(), *expense.rebilledInvoiceID) !=
+                   place->second.end();
+        };
+        const auto mine = billing(ours_), others = billing(theirs_), now = billing(merged_.library);
+        const Index<Expense> our = indexed(ours_.expenses), their = indexed(theirs_.expenses);
+        List<Expense>& expenses = merged_.library.expenses;
+        for (std::size_t i = 0; i < expenses.size(); ++i) {
+            const UUID& id = expenses[i].id;
+            if (agrees(now, expenses[i])) continue;
+            const auto before = lookUp(our, id), beside = lookUp(their, id);
+            if ((before && !agrees(mine, *before)) || (beside && !agrees(others, *beside))) continue;
+            const auto invoices = now.find(id);
+            const auto mark = invoices == now.end() ? std::nullopt : std::optional(invoices->second.front());
+            expenses.update(i, [&mark](Expense& expense) { expense.rebilledInvoiceID = mark; });
+        }
+    }
+
+    const Library &base_, &ours_, &theirs_;
+    Merged& merged_;
+    std::vector<Document> added_;
+};
+
 }  // namespace
 
 Changes Changes::between(const Library& before, const Library& after) {
@@ -236,7 +360,9 @@ Merged merge(const Library& base, const Library& ours, const Library& theirs) {
     const auto earlier = [](const BankTransaction& a, const BankTransaction& b) { return a.date < b.date; };
     if (!std::is_sorted(merged.transactions.begin(), merged.transactions.end(), earlier))
         merged.transactions.sort(earlier);
-    return {std::move(merged), std::move(merger.conflicts)};
+    Merged result{std::move(merged), std::move(merger.conflicts)};
+    Settler(base, ours, theirs, result).run();
+    return result;
 }
 
 template <class Record>

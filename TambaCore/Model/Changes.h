@@ -29,7 +29,7 @@ struct Changes {
 };
 
 /// One field that both sides changed to different values. The merge keeps ours, except for a draft that the other side
-/// issued; a person may decide otherwise.
+/// issued and an invoice that it was paid on; a person may decide otherwise.
 struct Conflict {
     std::string list;          ///< "expenses"; "business" for the settings
     std::string id;            ///< UUID text, or the currency of a rate; empty for the settings
@@ -46,7 +46,9 @@ struct Merged {
 
 /// Three-way merge, record by record and, inside a record both changed, field by field. A record that one side removed
 /// and the other changed is kept as changed. A draft that one side issued is kept whole as issued: what went to the
-/// client is never mixed with later edits. Records keep the order of `ours`, theirs appended.
+/// client is never mixed with later edits; where both issued it, with other numbers or lines, both documents are kept.
+/// An invoice that one side voided stands when the other has payments or credit notes on it, which is a conflict of its
+/// `state`. Expenses stay billed on the invoices that have them. Records keep the order of `ours`, theirs appended.
 [[nodiscard]] Merged merge(const Library& base, const Library& ours, const Library& theirs);
 
 /// "vendor: “Chai” → “Chai Point”": the fields in which two versions of a record differ, for history and questions.

@@ -271,7 +271,8 @@ private:
         if (!document.number)
             problem(Kind::missingNumber,
                     "The " + kind + " of " + document.issueDate.iso() + " is no draft, but has no number.");
-        else if (!numbers_.insert(kind + " " + Text::lower(*document.number)).second)
+        else if (document.state != DocState::void_ &&  // a void one keeps its number: the matter is mended
+                 !numbers_.insert(kind + " " + Text::lower(*document.number)).second)
             problem(Kind::duplicateNumber, "More than one " + kind + " has the number “" + *document.number +
                                                "”. Void one of them and issue it again.");
     }
@@ -320,9 +321,9 @@ private:
 }  // namespace
 
 std::string_view word(Kind kind) {
-    static constexpr std::array<std::string_view, 7> words{"duplicateID",  "danglingReference", "missingFile",
-                                                           "fileOutside",  "outOfRange",        "duplicateNumber",
-                                                           "missingNumber"};
+    static constexpr std::array<std::string_view, 10> words{
+        "duplicateID",     "danglingReference", "missingFile", "fileOutside", "outOfRange",
+        "duplicateNumber", "missingNumber",     "voidSettled", "overSettled", "billedTwice"};
     return words[static_cast<std::size_t>(kind)];
 }
 

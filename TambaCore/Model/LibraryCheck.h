@@ -32,7 +32,11 @@ enum class Kind {
     fileOutside,
     outOfRange,
     duplicateNumber,
-    missingNumber
+    missingNumber,
+    // found by DocumentCheck
+    voidSettled,
+    overSettled,
+    billedTwice
 };
 /// The name of the case, for JSON: "missingFile".
 [[nodiscard]] std::string_view word(Kind kind);
