@@ -43,6 +43,8 @@ int writePDF(const Context& context, const PageOptions& options) {
     const Document& document = documentOf(library, options.document);
     if (!document.number && options.output.empty())
         throw Refusal("The PDF of a draft is not kept with the books. Name a file for it with --output.");
+    if (context.json && options.output == "-")
+        throw Refusal("Standard output holds the PDF or JSON, not both. Name a file with --output.");
     const std::string pdf = pdfOf(library, document, session.store());
     std::string kept;
     if (document.number) kept = session.store().keepInvoice(Books::fileName(library, document), pdf);
@@ -68,16 +70,20 @@ int writeMail(const Context& context, const PageOptions& options) {
                                                     : Reminders::sending(library, document, context.today);
     const std::string message =
         Reminders::message(draft, sender(library.business), pdfOf(library, document, session.store()), context.now);
-    write(options.output.empty() ? "-" : options.output, message);
+    const bool toFile = !options.output.empty() && options.output != "-";
+    if (toFile || !context.json) write(toFile ? options.output : "-", message);
     if (options.sent)
         save(session, options.reminder ? Reminders::recordReminder(library, document.id, context.today)
                                        : Books::markSent(library, document.id, context.today));
-    if (options.output.empty() || options.output == "-") return 0;
     if (context.json)
-        std::cout << JSON::object().add("file", options.output).add("to", draft.to).text() << "\n";
-    else
+        std::cout << JSON::object()
+                         .add(toFile ? "file" : "message", toFile ? options.output : message)
+                         .add("to", draft.to)
+                         .text()
+                  << "\n";
+    else if (toFile)
         std::cout << "Wrote " << oneLine(options.output)
-                  << (draft.to.empty() ? ". It has no address yet." : " to " + draft.to + ".") << "\n";
+                  << (draft.to.empty() ? ". It has no address yet." : " to " + oneLine(draft.to) + ".") << "\n";
     return 0;
 }
 

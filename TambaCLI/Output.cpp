@@ -77,7 +77,7 @@ std::string details(const std::vector<std::pair<std::string, std::string>>& line
         if (!value.empty()) width = std::max(width, displayWidth(name));
     std::string text;
     for (const auto& [name, value] : lines)
-        if (!value.empty()) text += "  " + name + padding(width + 2, name) + oneLine(value) + "\n";
+        if (!value.empty()) text += "  " + oneLine(name) + padding(width + 2, name) + oneLine(value) + "\n";
     return text;
 }
 

@@ -19,7 +19,10 @@ constexpr double footY = 796;
 constexpr double footTextWidth = width - 96;
 
 /// The text, or as much of its first line as leaves room for "…".
-std::string oneLine(const std::string& text, double width, const PDFCanvas::Style& style) {
+std::string oneLine(const std::string& whole, double width, const PDFCanvas::Style& style) {
+    constexpr std::size_t most = 1000;  // bytes: more than any line holds
+    if (whole.size() > most) return oneLine(std::string(Text::prefixBytes(whole, most)), width, style);
+    const std::string& text = whole;
     if (PDFCanvas::width(text, style) <= width && !Text::contains(text, "\n")) return text;
     const double line = PDFCanvas::measure("…", width, style) + 2;
     const std::size_t bytes = PDFCanvas::fitting(text, width - PDFCanvas::width("…", style), style, line);

@@ -101,7 +101,8 @@ Row head(const Subject& subject, const Look& look, const std::optional<Image>& l
         const std::string name = InvoiceTexts::seller(subject.library, subject.document).name;
         PDFCanvas::Style style = look.heading;
         const double twoLines = PDFCanvas::measure("A\nB", maker.width, style);
-        while (style.font.size > look.strong.font.size && PDFCanvas::measure(name, maker.width, style) > twoLines)
+        const std::string_view beginning = Text::prefixBytes(name, 1000);  // already more than two lines hold
+        while (style.font.size > look.strong.font.size && PDFCanvas::measure(beginning, maker.width, style) > twoLines)
             style.font.size -= 1;
         add(maker, name, style);
     }

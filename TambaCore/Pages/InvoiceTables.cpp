@@ -13,7 +13,8 @@ namespace tamba::InvoiceParts {
 namespace {
 
 constexpr double columnGap = 13;
-constexpr double padding = 6;  // above and below the text of a row
+constexpr std::size_t mostOnLine = 1000;  // bytes: more than any line holds
+constexpr double padding = 6;             // above and below the text of a row
 
 /// One column of a table, its cells from top to bottom.
 struct Field {
@@ -36,7 +37,8 @@ double arrange(std::vector<Field>& fields, const Look& look, double size) {
     double x = right;
     for (auto field = fields.rbegin(); field != std::prev(fields.rend()); ++field) {
         double asked = std::max(field->least, PDFCanvas::width(field->title, look.label));
-        for (const std::string& cell : field->cells) asked = std::max(asked, PDFCanvas::width(cell, style));
+        for (const std::string& cell : field->cells)
+            asked = std::max(asked, cell.size() > mostOnLine ? field->most : PDFCanvas::width(cell, style));
         field->width = std::min(asked, field->most);
         field->x = x - field->width;
         x = field->x - columnGap;

@@ -87,8 +87,9 @@ Layout laidOut(std::string_view text, int width, const PDFCanvas::Style& style) 
     pango_attr_list_unref(attributes);
 
     std::string clean = Text::repairedUTF8(text);
-    // Lines with tabs, or with blanks at their end, do not keep to the width.
-    std::replace(clean.begin(), clean.end(), '\t', ' ');
+    // Lines with tabs, or with blanks at their end, do not keep to the width, and the text engine takes a zero for the
+    // end.
+    std::replace_if(clean.begin(), clean.end(), [](char c) { return c == '\t' || c == '\0'; }, ' ');
     clean.erase(clean.find_last_not_of(' ') + 1);
     if (width == oneLine) {
         std::replace_if(clean.begin(), clean.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');

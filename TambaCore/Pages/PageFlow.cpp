@@ -46,6 +46,27 @@ Piece cutText(Piece& piece, double width, double height) {
     return head;
 }
 
+/// The time to break a text into lines grows with the square of its length, so what fills pages is laid out part by
+/// part: cut at the end of a line, else at a blank, else anywhere.
+constexpr std::size_t longestPart = 20'000;  // bytes
+
+void part(std::vector<Piece>& pieces) {
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        if (pieces[i].drawing || pieces[i].text.size() <= longestPart) continue;
+        const std::string_view whole = pieces[i].text, first = whole.substr(0, longestPart);
+        std::size_t end = first.find_last_of('\n');
+        if (end == first.npos) end = first.find_last_of(' ');
+        const bool between = end != first.npos && end > 0;
+        if (!between) end = std::max<std::size_t>(1, Text::prefixBytes(whole, longestPart).size());
+        Piece rest = pieces[i];
+        rest.text.erase(0, between ? end + 1 : end);
+        rest.label.clear();
+        rest.above = 0;
+        pieces[i].text.resize(end);
+        pieces.insert(pieces.begin() + static_cast<std::ptrdiff_t>(i) + 1, std::move(rest));
+    }
+}
+
 }  // namespace
 
 double Column::height() const {
@@ -132,6 +153,7 @@ void Flow::space(double points) {
 void Flow::add(Row row) {
     const double page = area_.bottom - area_.top - reserved_;
     const std::size_t before = begun_;
+    for (Column& column : row.columns) part(column.pieces);
     for (;;) {
         if (fresh_ && !entering_) row.above = 0;
         const double room = area_.bottom - reserved_ - y_;

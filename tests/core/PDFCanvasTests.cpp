@@ -129,6 +129,13 @@ TEST(PDFCanvas, tabsAndBlanksAtTheEndKeepToTheWidth) {
     }
 }
 
+TEST(PDFCanvas, losesNothingAfterAZero) {
+    auto canvas = PDFCanvas::pdf({200, 100}, "", "", Instant{});
+    canvas.beginPage();
+    canvas.text(std::string_view("before\0after", 12), 10, 10, 180, {});
+    EXPECT_NE(readBack("pdftotext", *canvas.finish(), "-").find("before after"), std::string::npos);
+}
+
 TEST(PDFCanvas, cutsATextWhereTheRoomEnds) {
     const Style style{.font = PDFCanvas::systemFont(10)};
     const std::string text = "First paragraph, which goes on for two lines.\nSecond paragraph\nThird: हिन्दी";
