@@ -219,7 +219,9 @@ std::string LibraryStore::importLogo(const Path& file) const {
 }
 
 std::optional<LibraryStore::Path> LibraryStore::logo(const Business& business) const {
-    return business.logoFile ? Files::inside(assetsFolder(), *business.logoFile) : std::nullopt;
+    const auto file = business.logoFile ? Files::inside(assetsFolder(), *business.logoFile) : std::nullopt;
+    // A folder or a pipe has no size; reading a pipe would wait for ever.
+    return file && Files::size(*file).value_or(largestLogo + 1) <= largestLogo ? file : std::nullopt;
 }
 
 void LibraryStore::copyTo(const Path& destination) const {

@@ -75,7 +75,8 @@ public:
     [[nodiscard]] std::string keepInvoice(std::string_view name, std::string_view pdf) const;
     /// Copies a picture to Assets/ and gives its name for `Business::logoFile`. Throws `notAFile`, `unwritable`.
     [[nodiscard]] std::string importLogo(const Path& file) const;
-    /// Where the business's logo lies; nothing when it has none or its path leaves the folder.
+    /// Where the business's logo lies; nothing when it has none, its path leaves the folder or
+    /// is no file that can be one.
     [[nodiscard]] std::optional<Path> logo(const Business& business) const;
     /// Copies every top-level item to `destination`; refuses, before copying anything more, when one is there already
     /// or the destination lies within the folder itself.

@@ -6,6 +6,7 @@
 #include "tests/support/Books.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -256,7 +257,8 @@ TEST(LibraryStore, takesOnlyPicturesForALogo) {
     EXPECT_EQ(store.logo(business), std::nullopt);
     business.logoFile = "logo.png";
     EXPECT_EQ(store.logo(business), store.assetsFolder() / "logo.png");
-    for (const char* outside : {"../tamba.json", "/etc/passwd", ""}) {
+    ASSERT_EQ(::mkfifo((store.assetsFolder() / "pipe").c_str(), 0600), 0);
+    for (const char* outside : {"../tamba.json", "/etc/passwd", "", ".", "pipe"}) {
         business.logoFile = outside;
         EXPECT_EQ(store.logo(business), std::nullopt) << outside;
     }
