@@ -48,7 +48,7 @@ Piece cutText(Piece& piece, double width, double height) {
 
 /// The time to break a text into lines grows with the square of its length, so what fills pages is laid out part by
 /// part: cut at the end of a line, else at a blank, else anywhere.
-constexpr std::size_t longestPart = 20'000;  // bytes
+constexpr std::size_t longestPart = 6000;  // bytes
 
 void part(std::vector<Piece>& pieces) {
     for (std::size_t i = 0; i < pieces.size(); ++i) {
