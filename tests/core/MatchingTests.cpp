@@ -108,6 +108,15 @@ TEST_F(MatchingTest, oneReceiptPaysSeveralInvoices) {
     EXPECT_EQ(library, before);
 }
 
+TEST_F(MatchingTest, obviousLinesSeeTheLinksBeforeThem) {
+    const std::string number = *library.document(invoices[0])->number;
+    const UUID first = line(60'000, number + " SAFFRON"), second = line(60'000, "SAFFRON " + number);
+    const auto [after, count] = Bank::autoMatch(library);
+    EXPECT_EQ(count, 2) << "the expense, and the first of the two";
+    EXPECT_EQ(find(after.transactions, first)->invoiceID, invoices[0]);
+    EXPECT_TRUE(find(after.transactions, second)->isOpen()) << "only ₹400.00 are left to be paid";
+}
+
 TEST_F(MatchingTest, refusesWhatCannotBe) {
     const UUID other = line(-50'000, "x"), nobody = UUID::random(), draft = UUID::random();
     Document drafted = aDraft(library, DocKind::invoice, {Line::make("Design", 1000, 100'000, 0)});
@@ -172,7 +181,7 @@ TEST_F(MatchingTest, convertsMoneyOfOtherCurrencies) {
     EXPECT_EQ(paid(received(8'325'000, 0), invoices[0]), 100'000);  // ₹83,250.00 at the invoice's rate
     EXPECT_EQ(paid(received(4'162'500, 0), invoices[0]), 50'000);
     EXPECT_EQ(paid(received(1'000, 1), invoices[1]), 84'000);  // $10.00 at the kept rate
-    inDollars(invoices[2], 1'600);                             // 1,000.00 are ₹1.60, which 625 minor units are, too
+    inDollars(invoices[2], 1'603);  // the whole balance is ₹1.60, which alone would be 998.13
     EXPECT_EQ(paid(received(160, 0), invoices[2]), 100'000);
     library.rates = {};
     EXPECT_EQ(refusal([&] { return Bank::matchToInvoice(library, received(1'000, 1), invoices[1], Remainder::due); }),
