@@ -225,28 +225,24 @@ public:
 
     void run() {
         if (ours_.documents.sharesAllWith(theirs_.documents) && ours_.expenses.sharesAllWith(theirs_.expenses)) return;
-        keepBothIssued();
+        keepBothNumbers();
         keepWhatIsPaid();
         keepEstimatesConverted();
         keepExpensesBilledOnce();
     }
 
 private:
-    /// One draft issued on both sides, but not as the same document: both are with a client, so both are kept. Payments
-    /// stay on the one.
-    void keepBothIssued() {
-        const auto same = [](const Document& a, const Document& b) {
-            return a.number == b.number && a.clientID == b.clientID && a.lines == b.lines && a.currency == b.currency &&
-                   a.supply == b.supply && a.roundOff == b.roundOff;
-        };
+    /// One draft issued on both sides with two numbers: both numbers are with a client, so both documents are kept.
+    /// Payments stay on the one. With one number for both, the lines that lost are a conflict.
+    void keepBothNumbers() {
         const Documents before = indexed(base_.documents), mine = indexed(ours_.documents),
                         others = indexed(theirs_.documents);
         Documents present = indexed(merged_.library.documents);
         for (const auto& [id, kept] : Documents(present)) {
             const Document *our = found(mine, id), *their = found(others, id), *old = found(before, id);
             if (!our || !their || !old || old->number || !our->number || !their->number) continue;
-            if (same(*our, *their)) continue;
-            Document other = same(*kept, *our) ? *their : *our;
+            if (our->number == their->number) continue;
+            Document other = kept->number == our->number ? *their : *our;
             other.id = UUID::derived(id, *other.number);
             other.payments.clear();
             if (!present.contains(other.id)) added_.push_back(std::move(other));

@@ -227,7 +227,7 @@ std::set<UUID> payments(const Library& library) {
 std::set<std::string> numbers(const Library& library) {
     std::set<std::string> all;
     for (const Document& document : library.documents)
-        if (document.number) all.insert(*document.number + " of " + std::to_string(DocMath::totals(document).total));
+        if (document.number) all.insert(*document.number);
     return all;
 }
 
