@@ -70,7 +70,6 @@ private:
     void chooseProject();
     void refill();
     [[nodiscard]] const Expense* expense() const;
-    static void fillCategories(QComboBox& combo, const Library& library);
 
     AppModel& model_;
     Prompts& prompts_;

@@ -62,14 +62,6 @@ void ExpenseInspector::setBeside(bool beside) {
     }
 }
 
-void ExpenseInspector::fillCategories(QComboBox& combo, const Library& library) {
-    combo.clear();
-    combo.addItem(Icons::icon(QStringLiteral("category-none"), &Colors::faint), tr("No category"), QString());
-    for (const Category& category : library.categories)
-        combo.addItem(Icons::categoryIcon(category.symbol, category.colorHex), toQt(category.name),
-                      toQt(category.id.text()));
-}
-
 void ExpenseInspector::fill(const Expense& e) {
     const QScopedValueRollback guard(filling_, true);
     const Library& library = model_.library();

@@ -1,5 +1,6 @@
 #include "Tamba/Widgets/Form.h"
 
+#include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
@@ -148,6 +149,14 @@ void fillCountries(QComboBox& combo, const std::string& present) {
 QString countryName(const QString& code) {
     const QLocale::Territory territory = code.size() == 2 ? QLocale::codeToTerritory(code) : QLocale::AnyTerritory;
     return territory == QLocale::AnyTerritory ? code : QLocale::territoryToString(territory);
+}
+
+void fillCategories(QComboBox& combo, const Library& library) {
+    combo.clear();
+    combo.addItem(Icons::icon(QStringLiteral("category-none"), &Colors::faint), QObject::tr("No category"), QString());
+    for (const Category& category : library.categories)
+        combo.addItem(Icons::categoryIcon(category.symbol, category.colorHex), toQt(category.name),
+                      toQt(category.id.text()));
 }
 
 void fillCurrencies(QComboBox& combo, const std::string& present) {

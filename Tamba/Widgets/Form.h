@@ -1,7 +1,6 @@
 #pragma once
 
-#include "TambaCore/Model/Day.h"
-#include "TambaCore/Model/Money.h"
+#include "TambaCore/Model/Models.h"
 
 #include <QFormLayout>
 #include <QString>
@@ -57,6 +56,8 @@ void fillStates(QComboBox& combo, const QString& none);
 void fillCountries(QComboBox& combo, const std::string& present);
 /// The English name of a country by its ISO code; the text itself where it is none.
 [[nodiscard]] QString countryName(const QString& code);
+/// "No category" and the books' own, each with its glyph and its id as data.
+void fillCategories(QComboBox& combo, const Library& library);
 /// The known currencies, and `present` when it is none of them.
 void fillCurrencies(QComboBox& combo, const std::string& present);
 /// The amount a field holds, a sum such as 3*1200 worked out; nothing when it holds none.
