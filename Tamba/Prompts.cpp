@@ -3,6 +3,7 @@
 #include "Tamba/MailProgram.h"
 #include "Tamba/Printing.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Sheets/AccountSheet.h"
 #include "Tamba/Sheets/BackupSheet.h"
 #include "Tamba/Sheets/BillableSheet.h"
 #include "Tamba/Sheets/ClientSheet.h"
@@ -14,6 +15,7 @@
 #include "Tamba/Sheets/RecurringSheet.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/Sheets/Sheet.h"
+#include "Tamba/Sheets/SplitSheet.h"
 #include "Tamba/Sheets/VoidSheet.h"
 #include "Tamba/Widgets/Controls.h"
 #include "TambaCore/Base/Text.h"
@@ -125,6 +127,18 @@ std::optional<Client> DialogPrompts::newClient(const Library& library) {
     ClientSheet sheet(&window_, library);
     if (sheet.exec() != QDialog::Accepted) return {};
     return sheet.client();
+}
+
+std::optional<BankAccount> DialogPrompts::bankAccount(const Library& library, const BankAccount& account) {
+    AccountSheet sheet(&window_, library, account);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.account();
+}
+
+std::vector<Bank::Share> DialogPrompts::shares(const Library& library, const BankTransaction& line) {
+    SplitSheet sheet(&window_, library, line);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.shares();
 }
 
 std::optional<Day> DialogPrompts::issue(const Library& library, const Document& draft, Day today) {

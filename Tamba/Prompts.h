@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TambaCore/Bank/Matching.h"
 #include "TambaCore/Documents/Reminders.h"
 #include "TambaCore/Model/LibrarySession.h"
 #include "TambaCore/Model/Models.h"
@@ -70,6 +71,11 @@ public:
     [[nodiscard]] virtual std::optional<std::string> newName(const QString& title) = 0;
     /// A new client with all that documents need to know.
     [[nodiscard]] virtual std::optional<Client> newClient(const Library& library) = 0;
+    /// A bank account with another name or currency; a new one where the books do not hold it.
+    [[nodiscard]] virtual std::optional<BankAccount> bankAccount(const Library& library,
+                                                                 const BankAccount& account) = 0;
+    /// How one receipt of money is shared among invoices; none when given up.
+    [[nodiscard]] virtual std::vector<Bank::Share> shares(const Library& library, const BankTransaction& line) = 0;
 
     /// The date a draft is issued on.
     [[nodiscard]] virtual std::optional<Day> issue(const Library& library, const Document& draft, Day today) = 0;
@@ -108,6 +114,8 @@ public:
     std::optional<SettingsEdit> settings(const Library& library, const std::optional<Path>& logo, Day today) override;
     std::optional<std::string> newName(const QString& title) override;
     std::optional<Client> newClient(const Library& library) override;
+    std::optional<BankAccount> bankAccount(const Library& library, const BankAccount& account) override;
+    std::vector<Bank::Share> shares(const Library& library, const BankTransaction& line) override;
     std::optional<Day> issue(const Library& library, const Document& draft, Day today) override;
     std::optional<Payment> payment(const Library& library, const Document& invoice, Day today) override;
     std::optional<CreditNote> creditNote(const Library& library, const Document& draft) override;

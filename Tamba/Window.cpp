@@ -2,6 +2,7 @@
 
 #include "Tamba/DocumentActions.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
@@ -100,6 +101,7 @@ void Window::makePages() {
     expenses_ = new ExpensesScreen(model_, *prompts_, pages_);
     invoices_ = new InvoicesScreen(model_, *prompts_, *documents_, pages_);
     clients_ = new ClientsScreen(model_, *prompts_, *documents_, pages_);
+    bank_ = new BankScreen(model_, *prompts_, pages_);
     const auto page = [this](Screen screen) -> Page& { return screens_[static_cast<std::size_t>(screen)]; };
     page(Screen::expenses) = {expenses_,
                               tr("&New Expense"),
@@ -119,6 +121,12 @@ void Window::makePages() {
                              [this] { clients_->focusSearch(); },
                              [this] { clients_->deleteSelected(); },
                              {}};
+    page(Screen::bank) = {bank_,
+                          tr("&New Bank Account…"),
+                          [this] { bank_->addAccount(); },
+                          [this] { bank_->focusSearch(); },
+                          [this] { bank_->deleteSelected(); },
+                          {}};
     for (const Page& each : screens_) pages_->addWidget(each.widget);
 }
 
@@ -134,6 +142,13 @@ void Window::connectScreens() {
     connect(expenses_, &ExpensesScreen::recurringChosen, this, &Window::editRecurring);
     connect(clients_, &ClientsScreen::removed, this, &Window::showRemoved);
     connect(invoices_, &InvoicesScreen::removed, this, &Window::showRemoved);
+    connect(bank_, &BankScreen::matched, this, &Window::showRemoved);
+    connect(bank_, &BankScreen::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
+    connect(bank_, &BankScreen::expenseChosen, this, [this](const UUID& id) {
+        showScreen(Screen::expenses);
+        expenses_->select({id});
+    });
+    connect(bank_, &BankScreen::documentChosen, documents_, &DocumentActions::documentChosen);
     connect(invoices_, &InvoicesScreen::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
 }
 

@@ -18,6 +18,7 @@ class QStackedWidget;
 namespace tamba {
 
 class ActivityStrip;
+class BankScreen;
 class ClientsScreen;
 class DocumentActions;
 class DropOverlay;
@@ -72,6 +73,7 @@ private:
     void makeFileMenu();
     void makeEditMenu();
     void makeViewMenu();
+    void makeBankMenu();
     void fillDocumentMenu();
     void refreshMenus();
 
@@ -98,6 +100,7 @@ private:
     ExpensesScreen* expenses_;
     InvoicesScreen* invoices_;
     ClientsScreen* clients_;
+    BankScreen* bank_;
     std::array<Page, std::size(allScreens)> screens_;
     Screen screen_ = Screen::expenses;
     EmptyState* problem_;

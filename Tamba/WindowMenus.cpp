@@ -1,6 +1,7 @@
 #include "Tamba/DocumentActions.h"
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
@@ -20,6 +21,7 @@ void Window::makeMenus() {
     documentMenu_->setObjectName(QStringLiteral("documentMenu"));
     needBooks_.push_back(documentMenu_->menuAction());
     connect(documentMenu_, &QMenu::aboutToShow, this, &Window::fillDocumentMenu);
+    makeBankMenu();
     refreshMenus();
 }
 
@@ -99,6 +101,23 @@ void Window::makeViewMenu() {
         invoices_->showKind(DocKind::creditNote);
     });
     needBooks_.insert(needBooks_.end(), {check, estimates, notes});
+}
+
+void Window::makeBankMenu() {
+    QMenu* bank = menuBar()->addMenu(tr("&Bank"));
+    needBooks_.push_back(bank->menuAction());
+    const auto add = [&](const QString& text, void (BankScreen::*work)()) {
+        QAction* action = bank->addAction(text, this, [this, work] {
+            showScreen(Screen::bank);
+            (bank_->*work)();
+        });
+        needBooks_.push_back(action);
+        return action;
+    };
+    add(tr("&Match the Obvious Ones"), &BankScreen::matchObvious)->setShortcut(QKeySequence(Qt::Key_F5));
+    bank->addSeparator();
+    add(tr("&Add Account…"), &BankScreen::addAccount);
+    add(tr("&Change Account…"), &BankScreen::renameAccount);
 }
 
 void Window::fillDocumentMenu() {

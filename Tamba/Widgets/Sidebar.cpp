@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/BankRows.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "TambaCore/Base/Text.h"
@@ -124,6 +125,8 @@ QString title(Screen screen) {
             return QObject::tr("Invoices");
         case Screen::clients:
             return QObject::tr("Clients");
+        case Screen::bank:
+            return QObject::tr("Bank");
     }
     return {};
 }
@@ -155,8 +158,10 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
     items_->setSpacing(0);
     layout->addLayout(items_);
     for (const Screen screen : allScreens) {
-        static constexpr std::pair<const char*, const char*> looks[] = {
-            {"receipt", "screenExpenses"}, {"document", "screenInvoices"}, {"people", "screenClients"}};
+        static constexpr std::pair<const char*, const char*> looks[] = {{"receipt", "screenExpenses"},
+                                                                        {"document", "screenInvoices"},
+                                                                        {"people", "screenClients"},
+                                                                        {"category-bank", "screenBank"}};
         const auto& [icon, name] = looks[static_cast<std::size_t>(screen)];
         SidebarItem* item = addItem(icon, title(screen), name, false);
         item->setToolTip(tr("Ctrl+%1").arg(static_cast<int>(screen) + 1));
@@ -274,6 +279,10 @@ void Sidebar::refresh() {
     SidebarItem* invoices = screens_[static_cast<std::size_t>(Screen::invoices)];
     invoices->setCount(static_cast<std::size_t>(overdue));
     invoices->setAccessibleDescription(overdue == 0 ? QString() : tr("%1 overdue").arg(overdue));
+    const std::size_t open = openLines(library);
+    SidebarItem* bank = screens_[static_cast<std::size_t>(Screen::bank)];
+    bank->setCount(open);
+    bank->setAccessibleDescription(open == 0 ? QString() : tr("%1 to match").arg(open));
     refreshSaving();
     update();
 }

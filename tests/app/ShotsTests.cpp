@@ -1,4 +1,5 @@
 #include "Tamba/Icons.h"
+#include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
@@ -13,6 +14,7 @@
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/ReceiptView.h"
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Fixtures.h"
@@ -168,6 +170,66 @@ private slots:
         shoot(screen, QStringLiteral("estimates"));
         screen.showKind(DocKind::creditNote);
         shoot(screen, QStringLiteral("credit-notes"));
+        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
+    }
+
+    void bank_data() { pictures_data(); }
+    void bank() {
+        QFETCH(bool, dark);
+        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
+        QDir().mkpath(folder_);
+        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
+        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        OpenBooks books;
+        Window window(books.model, std::make_unique<TestPrompts>());
+        window.resize(1440, 880);
+        window.showScreen(Screen::bank);
+        shoot(window, QStringLiteral("bank-empty"));
+        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
+        books.model.open(books.path() / "Studio");
+        auto& screen = *window.findChild<BankScreen*>();
+        shoot(window, QStringLiteral("bank"));
+        const auto choose = [&](auto&& wanted) {
+            for (const BankTransaction& line : books.model.library().transactions)
+                if (wanted(line)) return screen.select(line.id);
+        };
+        books.model.perform(QStringLiteral("Receipt"), [](Library library, Day today) {
+            const Document& invoice = documentWith(library, DocStatus::overdue, today);
+            BankTransaction line = BankTransaction::make(today, "NEFT CR-HDFC0000001-4471", 0);
+            line.text += "-" + Text::upper(invoice.billTo->name) + "-" + invoice.displayNumber();
+            line.amount = Books::balance(library, invoice) * 9 / 10;
+            line.accountID = library.accounts[0].id;
+            line.counterparty = invoice.billTo->name;
+            line.reference = "N4471";
+            library.transactions.append(line);
+            return library;
+        });
+        screen.select(books.model.library().transactions.back().id);
+        shoot(window, QStringLiteral("bank-receipt"));
+        choose([](const BankTransaction& line) { return line.isOpen() && line.amount == -6000; });
+        window.resize(960, 620);
+        shoot(window, QStringLiteral("bank-small"));
+        window.resize(1440, 880);
+        screen.showList(BankList::all);
+        choose([](const BankTransaction& line) { return line.expenseID.has_value(); });
+        screen.matchObvious();
+        shoot(window, QStringLiteral("bank-all"));
+        books.model.perform(QStringLiteral("Aside"), [](Library library, Day) {
+            for (std::size_t i = 0; i < library.transactions.size(); ++i)
+                if (library.transactions[i].isOpen())
+                    library.transactions.update(i, [](BankTransaction& line) { line.ignored = true; });
+            return library;
+        });
+        screen.showList(BankList::open);
+        shoot(window, QStringLiteral("bank-done"));
+        BankTransaction receipt = BankTransaction::make(testDay, "NEFT CR", 15'000'000);
+        Library library = books.model.library();
+        library.transactions.append(receipt);
+        SplitSheet split(&window, library, receipt);
+        split.findChild<QPushButton*>(QStringLiteral("takeAll0"))->click();
+        shoot(split, QStringLiteral("sheet-split"));
+        AccountSheet account(&window, library, library.accounts[0]);
+        shoot(account, QStringLiteral("sheet-account"));
         Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 

@@ -3,10 +3,12 @@
 #include "Tamba/AppModel.h"
 #include "Tamba/Prompts.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Sheets/AccountSheet.h"
 #include "Tamba/Sheets/CreditNoteSheet.h"
 #include "Tamba/Sheets/IssueSheet.h"
 #include "Tamba/Sheets/MailSheet.h"
 #include "Tamba/Sheets/PaymentSheet.h"
+#include "Tamba/Sheets/SplitSheet.h"
 #include "Tamba/Sheets/VoidSheet.h"
 #include "Tamba/Window.h"
 
@@ -57,6 +59,14 @@ struct TestPrompts : Prompts {
     }
     std::optional<std::string> newName(const QString&) override { return {}; }
     std::optional<Client> newClient(const Library&) override { return client; }
+    std::optional<BankAccount> bankAccount(const Library& library, const BankAccount& account) override {
+        AccountSheet sheet(nullptr, library, account);
+        return accepted(sheet) ? std::optional(sheet.account()) : std::nullopt;
+    }
+    std::vector<Bank::Share> shares(const Library& library, const BankTransaction& line) override {
+        SplitSheet sheet(nullptr, library, line);
+        return accepted(sheet) ? sheet.shares() : std::vector<Bank::Share>();
+    }
     std::optional<Day> issue(const Library& library, const Document& draft, Day today) override {
         IssueSheet sheet(nullptr, library, draft, today);
         return accepted(sheet) ? std::optional(sheet.date()) : std::nullopt;

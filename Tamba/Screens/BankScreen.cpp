@@ -1,0 +1,454 @@
+#include "Tamba/Screens/BankScreen.h"
+
+#include "Tamba/Icons.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Screens/SuggestionsPane.h"
+#include "Tamba/Style.h"
+#include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/EmptyState.h"
+#include "Tamba/Widgets/Form.h"
+#include "Tamba/Widgets/PeriodPicker.h"
+#include "Tamba/Widgets/RowDelegate.h"
+
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTableView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace tamba {
+namespace {
+
+enum Column { date, name, amount, matched, status };
+
+}  // namespace
+
+std::vector<BankScreen::Model::Column> BankScreen::columns() {
+    return {
+        {tr("Date"), Qt::AlignLeft,
+         [](const BankRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.date);
+             return {};
+         }},
+        {tr("Line"), Qt::AlignLeft,
+         [](const BankRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.name);
+             if (role == RowDelegate::Strong) return true;
+             if (role == RowDelegate::Second) return toQt(row.narration);
+             if (role == Qt::ToolTipRole) return toQt(row.narration.empty() ? row.name : row.narration);
+             if (role == Qt::AccessibleTextRole) return toQt(row.name + ", " + row.narration);
+             return {};
+         }},
+        {tr("Amount"), Qt::AlignRight,
+         [](const BankRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole) return toQt(row.amount);
+             if (role == Qt::ForegroundRole && row.in) return Colors::current().success;
+             if (role == RowDelegate::Second) return toQt(row.balance);
+             if (role == Qt::AccessibleTextRole) return toQt(row.amount + ", " + row.balance);
+             return {};
+         }},
+        {tr("Matched to"), Qt::AlignLeft,
+         [](const BankRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.matched);
+             return {};
+         }},
+        {tr("Status"), Qt::AlignLeft,
+         [](const BankRow& row, int role) -> QVariant {
+             if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.status);
+             if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
+             return {};
+         }},
+    };
+}
+
+BankScreen::BankScreen(AppModel& model, Prompts& prompts, QWidget* parent)
+    : QWidget(parent), model_(model), prompts_(prompts), rows_(columns()) {
+    setObjectName(QStringLiteral("bankScreen"));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addWidget(makeHeader());
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(0);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(0);
+    makeTable();
+    empty_ = new EmptyState(this);
+    pages_ = new QStackedWidget(this);
+    pages_->setMinimumWidth(200);  // the empty place would ask for more than the list needs
+    pages_->addWidget(table_);
+    pages_->addWidget(empty_);
+    left->addWidget(pages_, 1);
+    left->addWidget(footer_ = makeFooter());
+    columns->addLayout(left, 1);
+    pane_ = new SuggestionsPane(model_, prompts_, this);
+    columns->addWidget(pane_);
+    rows->addLayout(columns, 1);
+    makeConnections();
+    fillAccounts();
+    refresh();
+}
+
+QWidget* BankScreen::makeHeader() {
+    auto* header = new QFrame(this);
+    header->setObjectName(QStringLiteral("screenHeader"));
+    header->setFixedHeight(108);
+    auto* rows = new QVBoxLayout(header);
+    rows->setContentsMargins(20, 12, 16, 12);
+    rows->setSpacing(10);
+    auto* top = new QHBoxLayout;
+    top->setSpacing(8);
+    lists_ = new QTabBar(header);
+    Controls::name(*lists_, "bankLists", tr("Which bank lines"));
+    lists_->setDrawBase(false);
+    lists_->setExpanding(false);
+    lists_->setElideMode(Qt::ElideNone);
+    for (const BankList list : allBankLists) lists_->addTab(toQt(title(list)));
+    import_ = Controls::button(tr("Import Statement…"), "importStatement", Controls::Kind::plain, header);
+    obvious_ = Controls::button(tr("Match the Obvious Ones"), "matchObvious", Controls::Kind::primary, header);
+    obvious_->setToolTip(tr("Match every line that has one clear counterpart (F5)"));
+    top->addWidget(lists_, 1, Qt::AlignLeft);
+    top->addWidget(import_);
+    top->addWidget(obvious_);
+    rows->addLayout(top);
+    auto* tools = new QHBoxLayout;
+    tools->setSpacing(12);
+    search_ = new QLineEdit(header);
+    Controls::name(*search_, "bankSearch", tr("Search bank lines"));
+    search_->setPlaceholderText(tr("Search name, narration, amount"));
+    search_->setClearButtonEnabled(true);
+    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    account_ = makeChoice(header);
+    Controls::name(*account_, "bankAccount", tr("Account"));
+    account_->setFixedWidth(160);
+    accounts_ = Controls::iconButton(QStringLiteral("more"), tr("Add or rename accounts"), "bankAccounts", header);
+    period_ = new PeriodPicker(model_.today(), 4, header);
+    tools->addWidget(search_, 1);
+    auto* account = new QHBoxLayout;
+    account->setSpacing(2);
+    account->addWidget(account_);
+    account->addWidget(accounts_);
+    tools->addLayout(account);
+    tools->addWidget(period_);
+    rows->addLayout(tools);
+    return header;
+}
+
+QWidget* BankScreen::makeFooter() {
+    auto* footer = new QFrame(this);
+    footer->setObjectName(QStringLiteral("footer"));
+    footer->setFixedHeight(40);
+    auto* layout = new QHBoxLayout(footer);
+    layout->setContentsMargins(20, 0, 20, 0);
+    layout->setSpacing(18);
+    count_ = Controls::label({}, "field", footer);
+    count_->setObjectName(QStringLiteral("bankCount"));
+    in_ = Controls::label({}, "field", footer);
+    out_ = Controls::label({}, "field", footer);
+    layout->addWidget(count_);
+    layout->addStretch(1);
+    layout->addWidget(in_);
+    layout->addWidget(out_);
+    return footer;
+}
+
+void BankScreen::makeTable() {
+    table_ = new QTableView(this);
+    Controls::name(*table_, "bankLines", tr("Bank lines"));
+    table_->setModel(&rows_);
+    table_->setItemDelegate(new RowDelegate(table_));
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setShowGrid(false);
+    table_->setWordWrap(false);
+    table_->setTabKeyNavigation(false);
+    table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table_->verticalHeader()->hide();
+    table_->verticalHeader()->setMinimumSectionSize(RowDelegate::tallRowHeight);
+    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::tallRowHeight);
+    QHeaderView* header = table_->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicator(Column::date, Qt::DescendingOrder);
+    header->setSectionResizeMode(QHeaderView::Fixed);
+    header->setSectionResizeMode(Column::name, QHeaderView::Stretch);
+    header->setFixedHeight(32);
+    keepSelection(*table_, rows_);
+    table_->installEventFilter(this);
+    connect(header, &QHeaderView::sectionClicked, this, &BankScreen::sortBy);
+    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &BankScreen::selectionChanged);
+}
+
+void BankScreen::makeConnections() {
+    connect(lists_, &QTabBar::currentChanged, this, [this](int index) { showList(allBankLists[index]); });
+    connect(import_, &QPushButton::clicked, this, &BankScreen::importChosen);
+    connect(obvious_, &QPushButton::clicked, this, &BankScreen::matchObvious);
+    connect(search_, &QLineEdit::textChanged, this, &BankScreen::refresh);
+    connect(account_, &QComboBox::activated, this, &BankScreen::refresh);
+    connect(accounts_, &QToolButton::clicked, this, &BankScreen::accountMenu);
+    connect(period_, &PeriodPicker::chosen, this, &BankScreen::refresh);
+    connect(empty_, &EmptyState::actionChosen, this, [this] {
+        if (model_.library().transactions.empty()) return void(emit importChosen());
+        clearFilters();
+        if (filter_.list != BankList::open || openLines(model_.library()) == 0) showList(BankList::all);
+    });
+    connect(pane_, &SuggestionsPane::settled, this, &BankScreen::selectNextOpen);
+    connect(pane_, &SuggestionsPane::expenseChosen, this, &BankScreen::expenseChosen);
+    connect(pane_, &SuggestionsPane::documentChosen, this, &BankScreen::documentChosen);
+    connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {
+        if (before.accounts != after.accounts) fillAccounts();
+        refresh();
+    });
+    connect(&model_, &AppModel::opened, this, [this] {
+        lastRow_ = 0;
+        fillAccounts();
+        clearFilters();
+        showList(BankList::open);
+    });
+}
+
+void BankScreen::showList(BankList list) {
+    filter_.list = list;
+    {
+        const QSignalBlocker quiet(lists_);
+        lists_->setCurrentIndex(static_cast<int>(list));
+    }
+    refresh();
+}
+
+void BankScreen::fillAccounts() {
+    const QVariant chosen = account_->currentData();
+    account_->clear();
+    account_->addItem(tr("All accounts"), QString());
+    for (const BankAccount& account : model_.library().accounts)
+        account_->addItem(toQt(account.name), toQt(account.id.text()));
+    chooseData(*account_, chosen.toString());
+}
+
+const BankAccount* BankScreen::chosenAccount() const {
+    const auto id = UUID::parse(toStd(account_->currentData().toString()));
+    return id ? tamba::find(model_.library().accounts, *id) : nullptr;
+}
+
+void BankScreen::refresh() {
+    if (filling_) return;
+    const Library& library = model_.library();
+    period_->setYearStart(library.fyStart());
+    filter_.days = period_->days();
+    filter_.search = toStd(search_->text());
+    const BankAccount* account = chosenAccount();
+    filter_.account = account ? std::optional(account->id) : std::nullopt;
+
+    BankTable table = bankTable(library, filter_);
+    for (std::size_t i = 0; i < std::size(allBankLists); ++i)
+        lists_->setTabText(static_cast<int>(i),
+                           QStringLiteral("%1  %2").arg(toQt(title(allBankLists[i]))).arg(table.counts[i]));
+    const bool none = table.rows.empty();
+    {
+        const QScopedValueRollback guard(filling_, true);
+        rows_.setRows(std::move(table.rows));
+        const auto shown = pane_->line();
+        if (shown && rows_.rowOf(*shown))
+            selectIds(*table_, rows_, {*shown});
+        else if (!none)  // the line after the one that left the list is in its place now
+            selectIds(*table_, rows_, {rows_.id(std::min(lastRow_, rows_.rowCount() - 1))});
+    }
+    if (none) pane_->setLine({});
+    selectionChanged();
+    count_->setText(toQt(table.count));
+    in_->setText(table.in.empty() ? QString() : tr("In %1").arg(toQt(table.in)));
+    out_->setText(table.out.empty() ? QString() : tr("Out %1").arg(toQt(table.out)));
+    const bool any = !library.transactions.empty();
+    obvious_->setEnabled(openLines(library) > 0);
+    footer_->setVisible(any);
+    pane_->setVisible(any);
+    pages_->setCurrentWidget(none ? static_cast<QWidget*>(empty_) : table_);
+    if (none) refreshEmptyState();
+    arrange();
+}
+
+void BankScreen::refreshEmptyState() {
+    const Library& library = model_.library();
+    if (library.transactions.empty())
+        return empty_->set(QStringLiteral("category-bank"), tr("Bring in your bank statement"),
+                           tr("Download it from your bank’s site as CSV, Excel or OFX; every line is then matched with "
+                              "an expense or an invoice."),
+                           tr("Import Statement…"), {});
+    if (filter_.list == BankList::open && openLines(library) == 0)
+        return empty_->set(QStringLiteral("done"), tr("Everything is matched."),
+                           tr("New lines appear here when you import the next statement."), tr("Show All Lines"), {});
+    empty_->set(QStringLiteral("search"), tr("Nothing here"),
+                tr("No bank line fits this list, search, account and period."), tr("Show All Lines"), {});
+}
+
+void BankScreen::clearFilters() {
+    {
+        const QScopedValueRollback guard(filling_, true);
+        search_->clear();
+        account_->setCurrentIndex(0);
+        period_->choose(Span::all, model_.today());
+    }
+    refresh();
+}
+
+void BankScreen::selectionChanged() {
+    if (filling_) return;
+    const auto ids = selectedIds(*table_, rows_);
+    if (ids.empty()) return;
+    lastRow_ = rows_.rowOf(ids.front()).value_or(0);
+    pane_->setLine(ids.front());
+}
+
+void BankScreen::select(const UUID& line) {
+    const BankTransaction* wanted = tamba::find(model_.library().transactions, line);
+    if (!wanted) return;
+    if (!rows_.rowOf(line)) clearFilters();
+    if (!rows_.rowOf(line)) showList(BankList::all);
+    selectIds(*table_, rows_, {line});
+}
+
+std::optional<UUID> BankScreen::selected() const { return pane_->line(); }
+
+void BankScreen::selectNextOpen(const UUID& after) {
+    const auto row = rows_.rowOf(after);
+    if (!row) return;  // it has left the list, and the next is selected already
+    const int count = rows_.rowCount();
+    for (int step = 1; step < count; ++step) {
+        const int next = (*row + step) % count;
+        if (rows_.rows()[static_cast<std::size_t>(next)].open) return selectIds(*table_, rows_, {rows_.id(next)});
+    }
+}
+
+void BankScreen::matchObvious() {
+    int count = 0;
+    const bool done = model_.perform(tr("Match the Obvious Ones"), [&count](Library library, Day) {
+        Bank::AutoMatched result = Bank::autoMatch(std::move(library));
+        count = result.count;
+        return result.library;
+    });
+    if (!done) return;
+    if (count == 0)
+        emit noticed(openLines(model_.library()) == 0 ? tr("Everything is matched.")
+                                                      : tr("Nothing is obvious: look through the open lines."));
+    else
+        emit matched(count == 1 ? tr("1 line matched") : tr("%1 lines matched").arg(count));
+}
+
+void BankScreen::addAccount() {
+    const auto account =
+        prompts_.bankAccount(model_.library(), BankAccount::make({}, model_.library().business.homeCurrency));
+    if (!account) return;
+    const bool done = model_.perform(tr("Add Account"), [&account](Library library, Day) {
+        library.accounts.append(*account);
+        return library;
+    });
+    if (!done) return;
+    chooseData(*account_, toQt(account->id.text()));
+    refresh();
+}
+
+void BankScreen::renameAccount() {
+    const BankAccount* chosen = chosenAccount();
+    if (!chosen && model_.library().accounts.size() == 1) chosen = &model_.library().accounts[0];
+    if (!chosen) return void(emit noticed(tr("Choose the account first.")));
+    const auto account = prompts_.bankAccount(model_.library(), *chosen);
+    if (!account) return;
+    model_.perform(tr("Change Account"), [&account](Library library, Day) {
+        const std::size_t index = indexOf(library.accounts, account->id);
+        if (index < library.accounts.size())
+            library.accounts.update(index, [&account](BankAccount& present) {
+                present.name = account->name;
+                present.currency = account->currency;
+            });
+        return library;
+    });
+}
+
+void BankScreen::accountMenu() {
+    QMenu menu(this);
+    menu.addAction(Icons::icon(QStringLiteral("plus"), &Colors::muted), tr("Add Account…"), this,
+                   &BankScreen::addAccount);
+    menu.addAction(tr("Change This Account…"), this, &BankScreen::renameAccount);
+    menu.exec(accounts_->mapToGlobal(QPoint(0, accounts_->height())));
+}
+
+void BankScreen::deleteSelected() {
+    emit noticed(tr("Bank lines are not deleted: set aside the ones that belong to nothing."));
+}
+
+void BankScreen::focusSearch() {
+    search_->setFocus(Qt::ShortcutFocusReason);
+    search_->selectAll();
+}
+
+void BankScreen::sortBy(int column) {
+    if (column > Column::amount)
+        return table_->horizontalHeader()->setSortIndicator(
+            static_cast<int>(filter_.order), filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    static constexpr BankOrder orders[] = {BankOrder::date, BankOrder::name, BankOrder::amount};
+    const BankOrder order = orders[column];
+    // Figures and dates begin with the largest, words with A.
+    filter_.ascending = order == filter_.order ? !filter_.ascending : order == BankOrder::name;
+    filter_.order = order;
+    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    refresh();
+}
+
+bool BankScreen::takeKey(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    return modifiers == Qt::NoModifier && !event.isAutoRepeat() && pane_->takeKey(event.key());
+}
+
+void BankScreen::keyPressEvent(QKeyEvent* event) {
+    if (!takeKey(*event)) QWidget::keyPressEvent(event);
+}
+
+bool BankScreen::eventFilter(QObject* watched, QEvent* event) {
+    // Before the table looks for a row that begins with the letter.
+    if (watched == table_ && event->type() == QEvent::KeyPress && takeKey(*static_cast<QKeyEvent*>(event))) return true;
+    return QWidget::eventFilter(watched, event);
+}
+
+void BankScreen::resizeEvent(QResizeEvent*) { arrange(); }
+
+void BankScreen::arrange() {
+    const int room = width() - (pane_->isHidden() ? 0 : pane_->width());
+    // What gives way first where the line itself would get too little room; no open line is matched to anything.
+    const bool anyMatched = filter_.list == BankList::matched || filter_.list == BankList::all;
+    const bool several = filter_.list == BankList::all;
+    struct Step {
+        Column column;
+        int width;
+        bool wanted;
+    };
+    const Step steps[] = {{Column::status, 100, several},
+                          {Column::matched, room >= 900 ? 260 : 190, anyMatched},
+                          {Column::date, 104, true},
+                          {Column::amount, 150, true}};
+    int taken = 0;
+    for (const auto& [column, width, wanted] : steps) {
+        table_->setColumnHidden(column, !wanted);
+        table_->setColumnWidth(column, width);
+        if (wanted) taken += width;
+    }
+    for (const auto& [column, width, wanted] : steps) {
+        if (room - taken >= 130) break;
+        if (!wanted) continue;
+        table_->setColumnHidden(column, true);
+        taken -= width;
+    }
+}
+
+}  // namespace tamba

@@ -1,0 +1,278 @@
+#include "Tamba/Screens/BankScreen.h"
+#include "TambaCore/Documents/Books.h"
+#include "TambaCore/Documents/Expenses.h"
+#include "TambaCore/Documents/Standing.h"
+#include "tests/app/Support.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTableView>
+
+namespace tamba {
+namespace {
+
+/// A month of a small studio. The lines, newest first: tea that was had twice for one sum, a receipt that leaves a
+/// tenth, one that pays two invoices, a transfer to itself, rent of which the books know nothing, and a fare the books
+/// know exactly.
+struct Month {
+    Library library = Library::make();
+    UUID partInvoice, firstInvoice, secondInvoice, fare;
+
+    Month() {
+        Client client = Client::make("Saffron Labs");
+        client.stateCode = "27";
+        library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
+        library.clients.append(client);
+        partInvoice = issued(10'000'000);
+        firstInvoice = issued(1'100'000);
+        secondInvoice = issued(2'300'000);
+        expense("Chai Point", {2026, 11, 18}, 25'000);
+        expense("Chai Point", {2026, 11, 19}, 25'000);
+        fare = expense("Deccan Cabs", {2026, 11, 2}, 64'000);
+        line({2026, 11, 2}, "UPI/DR/1/DECCAN CABS/YESB", -64'000);
+        line({2026, 11, 3}, "NEFT DR-KARVE ESTATES-RENT", -4'000'000).counterparty = "KARVE ESTATES";
+        line({2026, 11, 4}, "TRF TO SAVINGS 0042", -5'000'000);
+        line({2026, 11, 9}, "NEFT CR-77-SAFFRON LABS", 3'400'000);
+        line({2026, 11, 11}, "NEFT CR-78-SAFFRON LABS", 9'000'000);
+        line({2026, 11, 19}, "UPI/DR/2/CHAI POINT", -25'000);
+    }
+    UUID issued(std::int64_t price) {
+        Document draft = Books::newDocument(library, DocKind::invoice, library.clients[0].id, {2026, 11, 1});
+        draft.lines = {Line::make("Design", 1000, price, 0)};
+        library = Books::issue(Books::addDraft(std::move(library), draft), draft.id, {2026, 11, 1});
+        return draft.id;
+    }
+    UUID expense(std::string vendor, Day day, std::int64_t amount) {
+        Expense e = Expense::make(day);
+        e.vendor = std::move(vendor);
+        e.amount = amount;
+        e.categoryID = library.categories[0].id;
+        library = Expenses::add(std::move(library), e);
+        return e.id;
+    }
+    BankTransaction& line(Day day, std::string text, std::int64_t amount) {
+        lines.push_back(BankTransaction::make(day, std::move(text), amount));
+        lines.back().accountID = library.accounts[0].id;
+        return lines.back();
+    }
+    Library books() {
+        for (const BankTransaction& each : lines) library.transactions.append(each);
+        return library;
+    }
+    std::vector<BankTransaction> lines;
+};
+
+}  // namespace
+
+/// The screen as somebody uses it who never touches the mouse, against what the books hold afterwards.
+class BankScreenTests : public QObject {
+    Q_OBJECT
+
+    struct Open : OpenBooks {
+        Month month;
+        TestPrompts prompts;
+        BankScreen screen{model, prompts};
+        QTableView& table = *screen.findChild<QTableView*>(QStringLiteral("bankLines"));
+
+        Open() {
+            model.perform(QStringLiteral("Sample"), [this](Library, Day) { return month.books(); });
+            screen.resize(1232, 760);
+            screen.show();
+            screen.activateWindow();
+            if (!QTest::qWaitForWindowActive(&screen)) qFatal("the screen gets no keys");
+            table.setFocus();
+        }
+        void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+        [[nodiscard]] const BankTransaction& line(std::size_t index) const {
+            return model.library().transactions[index];
+        }
+        [[nodiscard]] std::string selectedText() const {
+            const BankTransaction* found = find(model.library().transactions, *screen.selected());
+            return found ? found->text : std::string();
+        }
+        [[nodiscard]] std::int64_t balance(const UUID& invoice) const {
+            return Books::balance(model.library(), *model.library().document(invoice));
+        }
+        [[nodiscard]] QString tab(BankList list) const {
+            return screen.findChild<QTabBar*>(QStringLiteral("bankLists"))->tabText(static_cast<int>(list));
+        }
+    };
+
+private slots:
+    void aMonthIsDoneByKeyboardAlone() {
+        Open open;
+        QCOMPARE(open.selectedText(), std::string("UPI/DR/2/CHAI POINT"));
+        open.press(Qt::Key_1);  // the tea of the same day, ahead of yesterday's for the same sum
+        QCOMPARE(open.line(5).expenseID, std::optional(open.model.library().expenses[1].id));
+
+        QCOMPARE(open.selectedText(), std::string("NEFT CR-78-SAFFRON LABS"));
+        open.press(Qt::Key_1);  // the missing tenth is what clients deduct
+        const Document& paid = *open.model.library().document(open.month.partInvoice);
+        QCOMPARE(paid.payments.size(), std::size_t(1));
+        QCOMPARE(paid.payments[0].amount, std::int64_t(9'000'000));
+        QCOMPARE(paid.payments[0].tds, std::int64_t(1'000'000));
+
+        QCOMPARE(open.selectedText(), std::string("NEFT CR-77-SAFFRON LABS"));
+        open.prompts.drive = [](QDialog& sheet) {
+            const auto click = [&](const char* name) {
+                sheet.findChild<QPushButton*>(QString::fromLatin1(name))->click();
+            };
+            const auto* outcome = sheet.findChild<QLabel*>(QStringLiteral("splitOutcome"));
+            click("takeAll0");
+            QCOMPARE(outcome->text(), QStringLiteral("₹23,000.00 still to share"));
+            sheet.findChild<QLineEdit*>(QStringLiteral("share1"))->setText(QStringLiteral("24000"));
+            QCOMPARE(outcome->text(), QStringLiteral("₹1,000.00 more than the line"));
+            click("takeAll1");
+            QCOMPARE(outcome->text(), QStringLiteral("All of it is shared."));
+        };
+        open.press(Qt::Key_S);
+        QCOMPARE(open.balance(open.month.firstInvoice), std::int64_t(0));
+        QCOMPARE(open.balance(open.month.secondInvoice), std::int64_t(0));
+
+        QCOMPARE(open.selectedText(), std::string("TRF TO SAVINGS 0042"));
+        open.press(Qt::Key_I);
+        QVERIFY(open.line(2).ignored);
+
+        QCOMPARE(open.selectedText(), std::string("NEFT DR-KARVE ESTATES-RENT"));
+        open.press(Qt::Key_E);
+        const Expense& rent = open.model.library().expenses[3];
+        QCOMPARE(rent.vendor, std::string("KARVE ESTATES"));
+        QCOMPARE(rent.amount, std::int64_t(4'000'000));
+        QCOMPARE(open.line(1).expenseID, std::optional(rent.id));
+
+        QCOMPARE(open.selectedText(), std::string("UPI/DR/1/DECCAN CABS/YESB"));
+        open.press(Qt::Key_1);
+        QCOMPARE(open.line(0).expenseID, std::optional(open.month.fare));
+        QCOMPARE(openLines(open.model.library()), std::size_t(0));
+        QCOMPARE(open.screen.selected(), std::optional<UUID>());
+        QVERIFY(open.prompts.alerts.isEmpty());
+
+        // Six decisions, six steps back.
+        for (int i = 0; i < 6; ++i) open.model.undo();
+        QCOMPARE(openLines(open.model.library()), std::size_t(6));
+    }
+
+    void theObviousOnesAreOneStepThatCanBeTakenBack() {
+        Open open;
+        const Library before = open.model.library();
+        QSignalSpy notices(&open.screen, &BankScreen::matched);
+        open.screen.matchObvious();
+        // The fare is plain; two teas for one sum, a receipt with a tenth missing and the rest are for a person.
+        QCOMPARE(notices.value(0).value(0).toString(), QStringLiteral("1 line matched"));
+        QCOMPARE(open.line(0).expenseID, std::optional(open.month.fare));
+        QCOMPARE(open.tab(BankList::matched), QStringLiteral("Matched  1"));
+        open.model.undo();
+        QVERIFY(open.model.library() == before);
+        QCOMPARE(open.tab(BankList::matched), QStringLiteral("Matched  0"));
+    }
+
+    void whatWasMatchedIsTakenBackAndOtherListsMoveOn() {
+        Open open;
+        open.screen.showList(BankList::all);
+        open.screen.select(open.line(0).id);
+        open.press(Qt::Key_1);
+        // The last line: the next open one is sought from the top.
+        QCOMPARE(open.selectedText(), std::string("UPI/DR/2/CHAI POINT"));
+        open.press(Qt::Key_Down);
+        open.press(Qt::Key_2);  // part payment: the tenth stays due
+        QCOMPARE(open.balance(open.month.partInvoice), std::int64_t(1'000'000));
+        open.screen.select(open.line(4).id);
+        open.press(Qt::Key_U);
+        QCOMPARE(open.balance(open.month.partInvoice), std::int64_t(10'000'000));
+        QVERIFY(open.line(4).isOpen());
+        open.press(Qt::Key_U);  // nothing left to take back
+        open.press(Qt::Key_9);  // and no ninth suggestion
+        QVERIFY(open.line(4).isOpen());
+    }
+
+    void aCorrectedCategoryBecomesARuleByOneKey() {
+        Open open;
+        open.screen.select(open.line(1).id);
+        auto& category = *open.screen.findChild<QComboBox*>(QStringLiteral("lineCategory"));
+        QCOMPARE(category.currentIndex(), 0);
+        category.setCurrentIndex(3);
+        open.press(Qt::Key_E);
+        const UUID chosen = open.model.library().categories[2].id;
+        QCOMPARE(open.model.library().expenses[3].categoryID, std::optional(chosen));
+        // Offered while the next line is looked at already.
+        QVERIFY(open.screen.selected() != std::optional(open.line(1).id));
+        const auto* offer = open.screen.findChild<QPushButton*>(QStringLiteral("addRule"));
+        QVERIFY(offer->isVisible());
+        open.press(Qt::Key_R);
+        QVERIFY(!offer->isVisible());
+        QCOMPARE(open.model.library().rules.size(), std::size_t(1));
+        QCOMPARE(open.model.library().rules[0].contains, std::string("KARVE ESTATES"));
+        QCOMPARE(open.model.library().rules[0].categoryID, chosen);
+    }
+
+    void aRefusalIsSaidAndTheLineStays() {
+        Open open;
+        QSignalSpy refused(&open.model, &AppModel::refused);
+        open.model.perform(QStringLiteral("Line"), [](Library library, Day) {
+            library.transactions.append(BankTransaction::make({2026, 10, 30}, "SAFFRON LABS ADVANCE", 1'100'000));
+            return library;
+        });
+        open.screen.select(open.line(6).id);
+        open.press(Qt::Key_1);
+        QCOMPARE(refused.count(), 1);  // money that came before the invoice was issued
+        QVERIFY(open.line(6).isOpen());
+        QCOMPARE(open.screen.selected(), std::optional(open.line(6).id));
+    }
+
+    void rowsAreFilteredCountedAndSummed() {
+        Open open;
+        const Library& library = open.model.library();
+        const BankTable all = bankTable(library, {.list = BankList::all});
+        QCOMPARE(all.rows.front().amount, std::string("−₹250.00"));
+        QCOMPARE(all.in, std::string("₹1,24,000.00"));
+        QCOMPARE(all.out, std::string("−₹90,890.00"));
+        struct Case {
+            BankFilter filter;
+            std::size_t rows;
+        };
+        const Case cases[] = {
+            {{.list = BankList::matched}, 0},  {{.days = Period::month({2026, 10, 1})}, 0},
+            {{.search = "saffron 90,000"}, 1}, {{.search = "RENT karve"}, 1},
+            {{.account = UUID::random()}, 0},
+        };
+        for (const Case& each : cases) QCOMPARE(bankTable(library, each.filter).rows.size(), each.rows);
+        // A receipt that pays several says so, wherever the books keep the links.
+        open.model.perform(QStringLiteral("Split"), [&](Library now, Day) {
+            return Bank::splitReceipt(std::move(now), open.line(3).id,
+                                      {{open.month.firstInvoice, 1'100'000}, {open.month.secondInvoice, 2'300'000}});
+        });
+        const BankTable matched = bankTable(open.model.library(), {.list = BankList::matched});
+        QCOMPARE(matched.rows.at(0).matched, std::string("2 invoices"));
+        QCOMPARE(linksOf(open.model.library(), open.line(3)).size(), std::size_t(2));
+    }
+
+    void accountsAreAddedAndRenamed() {
+        Open open;
+        open.prompts.drive = [](QDialog& sheet) {
+            QVERIFY(!sheet.findChild<QPushButton*>(QStringLiteral("sheetMain"))->isEnabled());
+            sheet.findChild<QLineEdit*>(QStringLiteral("accountName"))->setText(QStringLiteral(" Dollar account "));
+            auto& currency = *sheet.findChild<QComboBox*>(QStringLiteral("accountCurrency"));
+            currency.setCurrentIndex(currency.findData(QStringLiteral("USD")));
+        };
+        open.screen.addAccount();
+        const Library& library = open.model.library();
+        QCOMPARE(library.accounts.size(), std::size_t(2));
+        QCOMPARE(library.accounts[1].name, std::string("Dollar account"));
+        QCOMPARE(library.accounts[1].currency, std::string("USD"));
+        // The new one is chosen; it is the one that is renamed.
+        open.prompts.drive = [](QDialog& sheet) {
+            sheet.findChild<QLineEdit*>(QStringLiteral("accountName"))->setText(QStringLiteral("Export account"));
+        };
+        open.screen.renameAccount();
+        QCOMPARE(library.accounts[1].name, std::string("Export account"));
+        QCOMPARE(library.accounts[1].currency, std::string("USD"));
+        QCOMPARE(library.accounts.size(), std::size_t(2));
+    }
+};
+
+static const TestClass<BankScreenTests> registered;
+
+}  // namespace tamba
+
+#include "BankScreenTests.moc"
