@@ -179,7 +179,11 @@ Table textTable(std::string text) {
         std::count_if(text.begin(), text.end(), [](char c) { return c == ',' || c == ';' || c == '\t' || c == '\n'; });
     if (text.size() > maximumCells && static_cast<std::size_t>(marks) > maximumCells)
         throw ImportError(ImportError::Code::tooLarge);
+    std::vector<std::string> notes;
+    if (std::count(text.begin(), text.end(), '"') % 2 != 0)
+        notes.emplace_back("A quotation mark in this file has no partner: rows behind it may be missing or misread.");
     Table table = cleaned(text, 0);
+    table.notes = notes;
     if (isReadable(table)) return table;
     for (const std::size_t start : headerLines(text)) {
         const std::string_view rest = std::string_view(text).substr(start);
@@ -189,6 +193,7 @@ Table textTable(std::string text) {
         Table below = cleaned(rest, static_cast<std::size_t>(lines));
         if (!isReadable(below)) continue;
         std::move(below.rows.begin(), below.rows.end(), std::back_inserter(above.rows));
+        above.notes = notes;
         return above;
     }
     return table;

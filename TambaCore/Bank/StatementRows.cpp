@@ -34,6 +34,7 @@ enum class Footer { none, row, opening, end };
 
 /// Rows that belong to the statement's frame. Behind its `end` stand legends and addresses only.
 Footer footer(std::string_view text) {
+    if (text.empty()) return Footer::none;
     const std::string_view bare = Text::trim(text, "*-=_# :.\t");
     if (bare.empty()) return Footer::row;  // a rule of asterisks
     // Most narrations begin with another letter than any of the phrases below.
@@ -139,6 +140,7 @@ public:
         for (std::size_t r = begin_; r < table_.rows.size(); ++r) row(r);
         explainSigns();
         explainColumns();
+        explainMarkers();
         checkBalances(parsed_, opening_);
         return finished(std::move(parsed_));
     }
@@ -190,7 +192,7 @@ private:
         std::size_t most = 0, all = 0, narrow = 0;
         for (const auto& [width, count] : widths) {
             all += count;
-            if (count > most) most = count, width_ = width;
+            if (count >= most) most = count, width_ = width;
         }
         for (const auto& [width, count] : widths)
             if (width < width_) narrow += count;
@@ -201,6 +203,7 @@ private:
             const Table::Row& row = table_.rows[r];
             amounts_[r - begin_] = {read(row, Role::debit), read(row, Role::credit), read(row, Role::amount)};
             surveyAmounts(row);
+            hasBalances_ = hasBalances_ || read(row, Role::balance).state == State::amount;
         }
         signed_ = negative_ > 0 && positiveButOut_ == 0;
     }
@@ -335,12 +338,14 @@ private:
         return read(row, Role::balance).state != State::amount;
     }
 
-    /// A lost delimiter pulls all later cells one place back. Some banks leave out blanks at the end of rows; then many
-    /// rows are short.
+    /// A lost delimiter pulls all later cells one place back, a balance into the amount's. Some banks leave out blanks
+    /// at the end of rows; then many rows are short, but a balance is never blank.
     [[nodiscard]] bool isTooNarrow(const Table::Row& row) const {
-        if (row.cells.size() >= width_ || leavesOutBlanks_) return false;
-        return std::any_of(columns_.places.begin(), columns_.places.end(),
-                           [&](const auto& place) { return place && *place >= row.cells.size() && *place < width_; });
+        if (row.cells.size() >= width_) return false;
+        if (hasBalances_) return read(row, Role::balance).state != State::amount;
+        return !leavesOutBlanks_ && std::any_of(columns_.places.begin(), columns_.places.end(), [&](const auto& place) {
+            return place && *place >= row.cells.size() && *place < width_;
+        });
     }
 
     /// The signed amount, or the reason why there is none.
@@ -491,6 +496,24 @@ private:
         }
     }
 
+    /// Two columns of "Dr" and "Cr": one is the balance's, and only their places tell which.
+    void explainMarkers() {
+        const auto chosen = columns_[Role::type], place = columns_[Role::amount];
+        if (twoSided() || !chosen || !place || *chosen == *place + 1 || markedIn_ + markedOut_ == 0) return;
+        for (std::size_t other = 0; other < titles_.size(); ++other) {
+            if (other == *chosen || other == *place) continue;
+            for (std::size_t r = begin_; r < table_.rows.size(); ++r) {
+                const Table::Row& row = table_.rows[r];
+                const Direction said = direction(at(row, other));
+                if (said == Direction::unsaid || said == direction(at(row, chosen))) continue;
+                parsed_.notes.push_back("Two columns could say which way the money went; “" +
+                                        parsed_.columnTitles[*chosen] + "”, column " + std::to_string(*chosen + 1) +
+                                        ", was taken.");
+                return;
+            }
+        }
+    }
+
     [[nodiscard]] std::size_t negativeButIn() const {
         std::size_t count = 0;
         for (std::size_t r = begin_; r < table_.rows.size(); ++r) {
@@ -517,7 +540,7 @@ private:
     FreshIDs ids_;
     char mark_ = 0;
     std::size_t width_ = 0;  // of most rows
-    bool leavesOutBlanks_ = false;
+    bool leavesOutBlanks_ = false, hasBalances_ = false;
     Signs debits_, credits_;
     std::size_t negative_ = 0, positive_ = 0, positiveButOut_ = 0, markedIn_ = 0, markedOut_ = 0, unmarked_ = 0;
     bool signed_ = false;
