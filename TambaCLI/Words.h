@@ -70,5 +70,7 @@ void addBankCommands(CLI::App& app, Command& c);
 /// What `bank` does with lines that are in the books.
 void addMatchCommands(CLI::App& bank, Command& c);
 void addRuleCommands(CLI::App& app, Command& c);
+/// report, gst
+void addReportCommands(CLI::App& app, Command& c);
 
 }  // namespace tamba::cli

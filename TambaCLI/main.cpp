@@ -96,6 +96,7 @@ int main(int argc, char** argv) {
     addSettingCommands(app, c);
     addBankCommands(app, c);
     addRuleCommands(app, c);
+    addReportCommands(app, c);
     addBackupCommands(app, c);
 
     try {
