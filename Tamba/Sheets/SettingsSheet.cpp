@@ -5,6 +5,7 @@
 #include "Tamba/Sheets/Settings/InvoicePages.h"
 #include "Tamba/Sheets/Settings/ListPages.h"
 #include "Tamba/Sheets/Settings/NumberingPage.h"
+#include "Tamba/Sheets/Settings/RulesPage.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 
@@ -39,6 +40,7 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
     add("tag", tr("Items"), new ItemsPage(library, this));
     add("exchange", tr("Exchange rates"), new RatesPage(library, today, this));
     add("receipt", tr("Expenses"), new ExpensesPage(business, this));
+    add("category-tray", tr("Rules"), new RulesPage(library, this));
     save_ = addButtons(tr("Save"), tr("Cancel"));
     connect(titles_, &QListWidget::currentRowChanged, stack_, &QStackedWidget::setCurrentIndex);
     titles_->setCurrentRow(0);
