@@ -247,7 +247,7 @@ BankLineFacts factsOf(const Library& library, const BankTransaction& line) {
     facts.name = nameOf(line);
     facts.narration = narrationOf(line);
     facts.amount = MoneyFormat::string(line.amount, currency);
-    facts.day = line.date.formatted("EEEE, d MMMM yyyy");
+    facts.day = line.date.formatted("EEE, d MMM yyyy");
     if (account) facts.account = account->name;
     facts.status = statusOf(list);
     facts.tone = toneOf(list);

@@ -31,7 +31,7 @@ enum Column { date, name, amount, matched, status };
 
 }  // namespace
 
-std::vector<BankScreen::Model::Column> BankScreen::columns() {
+std::vector<BankScreen::Model::Column> BankScreen::columns() const {
     return {
         {tr("Date"), Qt::AlignLeft,
          [](const BankRow& row, int role) -> QVariant {
@@ -39,10 +39,10 @@ std::vector<BankScreen::Model::Column> BankScreen::columns() {
              return {};
          }},
         {tr("Line"), Qt::AlignLeft,
-         [](const BankRow& row, int role) -> QVariant {
+         [this](const BankRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole) return toQt(row.name);
              if (role == RowDelegate::Strong) return true;
-             if (role == RowDelegate::Second) return toQt(row.narration);
+             if (role == RowDelegate::Second) return toQt(narrow_ ? row.date : row.narration);
              if (role == Qt::ToolTipRole) return toQt(row.narration.empty() ? row.name : row.narration);
              if (role == Qt::AccessibleTextRole) return toQt(row.name + ", " + row.narration);
              return {};
@@ -209,7 +209,7 @@ void BankScreen::makeConnections() {
     connect(pane_, &SuggestionsPane::documentChosen, this, &BankScreen::documentChosen);
     connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {
         if (before.accounts != after.accounts) fillAccounts();
-        refresh();
+        if (isVisible()) refresh();  // comparing lines with the books takes too long for a screen nobody sees
     });
     connect(&model_, &AppModel::opened, this, [this] {
         lastRow_ = 0;
@@ -322,6 +322,7 @@ void BankScreen::select(const UUID& line) {
 std::optional<UUID> BankScreen::selected() const { return pane_->line(); }
 
 void BankScreen::selectNextOpen(const UUID& after) {
+    table_->setFocus();  // a click on a suggestion has taken it
     const auto row = rows_.rowOf(after);
     if (!row) return;  // it has left the list, and the next is selected already
     const int count = rows_.rowCount();
@@ -423,6 +424,12 @@ bool BankScreen::eventFilter(QObject* watched, QEvent* event) {
 
 void BankScreen::resizeEvent(QResizeEvent*) { arrange(); }
 
+void BankScreen::showEvent(QShowEvent*) {
+    refresh();
+    // The keys are for the lines at once.
+    table_->setFocus();
+}
+
 void BankScreen::arrange() {
     const int room = width() - (pane_->isHidden() ? 0 : pane_->width());
     // What gives way first where the line itself would get too little room; no open line is matched to anything.
@@ -444,11 +451,15 @@ void BankScreen::arrange() {
         if (wanted) taken += width;
     }
     for (const auto& [column, width, wanted] : steps) {
-        if (room - taken >= 130) break;
+        if (room - taken >= 200) break;
         if (!wanted) continue;
         table_->setColumnHidden(column, true);
         taken -= width;
     }
+    narrow_ = table_->isColumnHidden(Column::date);
+    // The tabs need the room.
+    obvious_->setText(width() < 860 ? tr("Match Obvious") : tr("Match the Obvious Ones"));
+    import_->setText(width() < 860 ? tr("Import…") : tr("Import Statement…"));
 }
 
 }  // namespace tamba

@@ -55,12 +55,13 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     using Model = RowsModel<BankRow>;
-    [[nodiscard]] static std::vector<Model::Column> columns();
+    [[nodiscard]] std::vector<Model::Column> columns() const;
     QWidget* makeHeader();
     QWidget* makeFooter();
     void makeTable();
@@ -82,7 +83,8 @@ private:
     BankFilter filter_;
     Model rows_;
     bool filling_ = false;
-    int lastRow_ = 0;  // where the selected line is, or was when it left the list
+    bool narrow_ = false;  // the date has no column and goes below the name
+    int lastRow_ = 0;      // where the selected line is, or was when it left the list
     QTabBar* lists_;
     QPushButton* import_;
     QPushButton* obvious_;

@@ -61,11 +61,11 @@ protected:
         painter.setFont(Style::textFont(13, QFont::DemiBold));
         const QString amount = toQt(choice_.amount);
         const int wide = painter.fontMetrics().horizontalAdvance(amount);
-        painter.drawText(QRect(right - wide, 10, wide, 20), Qt::AlignVCenter | Qt::AlignRight, amount);
-        drawWords(painter, QRect(left, 10, right - left - wide - 10, 20), toQt(choice_.title));
+        drawWords(painter, QRect(left, 9, right - left, 20), toQt(choice_.title));
+        painter.drawText(QRect(right - wide, 27, wide, 18), Qt::AlignVCenter | Qt::AlignRight, amount);
         painter.setFont(Style::textFont(11, choice_.outcome.empty() ? QFont::Normal : QFont::DemiBold));
-        painter.setPen(choice_.outcome.empty() ? colors.muted : colors.text);
-        drawWords(painter, QRect(left, 29, right - left, 16),
+        painter.setPen(choice_.outcome.empty() ? colors.muted : colors.accent);
+        drawWords(painter, QRect(left, 28, right - left - wide - 10, 16),
                   toQt(choice_.outcome.empty() ? choice_.detail : choice_.outcome));
         painter.setFont(Style::textFont(11));
         painter.setPen(colors.muted);
@@ -95,6 +95,9 @@ QString breakable(const std::string& narration) {
         text.replace(QChar(mark), QString(QChar(mark)) + QChar(0x200B));
     return text;
 }
+
+/// Text for a button, where "&" would mark a key.
+QString asCaption(QString text) { return text.replace(QLatin1Char('&'), QStringLiteral("&&")); }
 
 void clear(QVBoxLayout& list) {
     while (QLayoutItem* item = list.takeAt(0)) {
@@ -130,7 +133,10 @@ SuggestionsPane::SuggestionsPane(AppModel& model, Prompts& prompts, QWidget* par
     keys_->setObjectName(QStringLiteral("bankKeys"));
     keys_->setContentsMargins(20, 8, 16, 12);
     rows->addWidget(keys_);
-    connect(&model_, &AppModel::changed, this, &SuggestionsPane::refresh);
+    connect(&model_, &AppModel::changed, this, [this] {
+        stale_ = true;
+        if (isVisible()) refresh();
+    });
     connect(&model_, &AppModel::opened, this, [this] {
         created_.reset();
         setLine({});
@@ -229,12 +235,13 @@ const Expense* SuggestionsPane::matchedExpense() const {
 }
 
 void SuggestionsPane::setLine(const std::optional<UUID>& id) {
-    if (id == id_ && id) return;
+    if (id == id_ && id && !stale_) return;
     id_ = id;
     refresh();
 }
 
 void SuggestionsPane::refresh() {
+    stale_ = false;
     const BankTransaction* line = shown();
     head_->setVisible(line != nullptr);
     body_->setVisible(line != nullptr);
@@ -293,12 +300,17 @@ void SuggestionsPane::fillList(const BankTransaction& line) {
             auto* row = new QWidget(this);
             auto* columns = new QHBoxLayout(row);
             columns->setContentsMargins(0, 0, 0, 0);
-            auto* button = Controls::button(toQt(link.text), "matchedTo", Controls::Kind::link, row);
-            button->setStyleSheet(QStringLiteral("margin-left: -7px; text-align: left"));
-            button->setMinimumWidth(0);
-            button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-            columns->addWidget(button, 1);
-            columns->addWidget(new QLabel(toQt(link.amount), row));
+            auto* amount = new QLabel(toQt(link.amount), row);
+            const QString text = toQt(link.text);
+            const int room = wordsWidth - amount->sizeHint().width() - 24;
+            auto* button = Controls::button({}, "matchedTo", Controls::Kind::link, row);
+            button->setText(asCaption(button->fontMetrics().elidedText(text, Qt::ElideRight, room)));
+            button->setToolTip(text);
+            button->setAccessibleName(text);
+            button->setStyleSheet(QStringLiteral("margin-left: -7px"));
+            columns->addWidget(button);
+            columns->addStretch(1);
+            columns->addWidget(amount);
             connect(button, &QPushButton::clicked, this, [this, target = link.target] {
                 if (target.kind == MatchSuggestion::Target::Kind::expense)
                     emit expenseChosen(target.id);
@@ -354,7 +366,7 @@ void SuggestionsPane::fillOffer() {
     const Category* category = library.category(offer_->rule.categoryID);
     offerText_->setText(tr("%1 is filed under %2.").arg(toQt(expense->vendor), toQt(category->name)));
     const QString text = toQt(offer_->text);
-    addRule_->setText(addRule_->fontMetrics().elidedText(text, Qt::ElideMiddle, wordsWidth - 60));
+    addRule_->setText(asCaption(addRule_->fontMetrics().elidedText(text, Qt::ElideMiddle, wordsWidth - 60)));
     addRule_->setAccessibleName(text);
     addRule_->setToolTip(tr("%1 (R)").arg(text));
 }

@@ -62,6 +62,7 @@ private:
     AppModel& model_;
     Prompts& prompts_;
     std::optional<UUID> id_;
+    bool stale_ = false;  // the books have changed while nobody saw it
     std::vector<MatchChoice> choices_;
     std::optional<RuleOffer> offer_;
     std::optional<UUID> proposed_;  // the category that the line's expense would get by itself

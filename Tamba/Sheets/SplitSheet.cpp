@@ -43,7 +43,7 @@ SplitSheet::SplitSheet(QWidget* parent, const Library& library, const BankTransa
     outcome_->setMinimumHeight(36);
     body().addWidget(outcome_);
     main_ = addButtons(tr("Split"), tr("Cancel"));
-    setFixedWidth(620);
+    setFixedWidth(700);
     if (!rows_.empty()) rows_.front().amount->setFocus();
     refresh();
 }
@@ -54,9 +54,9 @@ QWidget* SplitSheet::makeRow(const OpenInvoice& invoice) {
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(10);
     const std::size_t index = rows_.size();
-    auto* title = new QLabel(toQt(invoice.title), widget);
-    title->setMinimumWidth(0);
-    title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    auto* title = new QLabel(widget);
+    title->setFixedWidth(264);
+    title->setText(title->fontMetrics().elidedText(toQt(invoice.title), Qt::ElideRight, title->width()));
     title->setToolTip(toQt(invoice.title));
     auto* due = Controls::button(tr("%1 due").arg(toQt(invoice.due)), "takeAll", Controls::Kind::link, widget);
     due->setObjectName(QStringLiteral("takeAll%1").arg(index));
@@ -71,7 +71,8 @@ QWidget* SplitSheet::makeRow(const OpenInvoice& invoice) {
     auto* tds = new QCheckBox(tr("Rest is TDS"), widget);
     tds->setObjectName(QStringLiteral("shareTDS%1").arg(index));
     tds->setToolTip(tr("The client held the rest back as tax"));
-    columns->addWidget(title, 1);
+    columns->addWidget(title);
+    columns->addStretch(1);
     columns->addWidget(due);
     columns->addWidget(amount);
     columns->addWidget(tds);

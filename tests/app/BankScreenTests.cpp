@@ -1,4 +1,5 @@
 #include "Tamba/Screens/BankScreen.h"
+#include "Tamba/Sheets/Settings/RulesPage.h"
 #include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Documents/Standing.h"
@@ -73,7 +74,6 @@ class BankScreenTests : public QObject {
         Month month;
         TestPrompts prompts;
         BankScreen screen{model, prompts};
-        QTableView& table = *screen.findChild<QTableView*>(QStringLiteral("bankLines"));
 
         Open() {
             model.perform(QStringLiteral("Sample"), [this](Library, Day) { return month.books(); });
@@ -81,7 +81,6 @@ class BankScreenTests : public QObject {
             screen.show();
             screen.activateWindow();
             if (!QTest::qWaitForWindowActive(&screen)) qFatal("the screen gets no keys");
-            table.setFocus();
         }
         void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
         [[nodiscard]] const BankTransaction& line(std::size_t index) const {
@@ -135,7 +134,8 @@ private slots:
         QVERIFY(open.line(2).ignored);
 
         QCOMPARE(open.selectedText(), std::string("NEFT DR-KARVE ESTATES-RENT"));
-        open.press(Qt::Key_E);
+        open.screen.findChild<QPushButton*>(QStringLiteral("createExpense"))->setFocus();
+        open.press(Qt::Key_E);  // wherever the keys go within the screen
         const Expense& rent = open.model.library().expenses[3];
         QCOMPARE(rent.vendor, std::string("KARVE ESTATES"));
         QCOMPARE(rent.amount, std::int64_t(4'000'000));
@@ -162,8 +162,11 @@ private slots:
         QCOMPARE(notices.value(0).value(0).toString(), QStringLiteral("1 line matched"));
         QCOMPARE(open.line(0).expenseID, std::optional(open.month.fare));
         QCOMPARE(open.tab(BankList::matched), QStringLiteral("Matched  1"));
+        // Also what happens while another screen is looked at.
+        open.screen.hide();
         open.model.undo();
         QVERIFY(open.model.library() == before);
+        open.screen.show();
         QCOMPARE(open.tab(BankList::matched), QStringLiteral("Matched  0"));
     }
 
@@ -245,6 +248,25 @@ private slots:
         const BankTable matched = bankTable(open.model.library(), {.list = BankList::matched});
         QCOMPARE(matched.rows.at(0).matched, std::string("2 invoices"));
         QCOMPARE(linksOf(open.model.library(), open.line(3)).size(), std::size_t(2));
+    }
+
+    void rulesAreOrderedAndRemovedInTheSettings() {
+        Library library = Library::make();
+        const auto add = [&](std::string contains) {
+            library.rules.append(CategoryRule::make(std::move(contains), library.categories[0].id, ""));
+        };
+        for (const char* contains : {"amazon", "chai", "uber"}) add(contains);
+        RulesPage page(library, nullptr);
+        const auto click = [&](const char* name) { page.findChild<QToolButton*>(QString::fromLatin1(name))->click(); };
+        click("ruleUp");  // the first stays where it is
+        click("ruleDown");
+        click("ruleDown");
+        page.findChild<QListWidget*>(QStringLiteral("rules"))->setCurrentRow(0);
+        click("ruleRemove");
+        page.store(library);
+        QCOMPARE(library.rules.size(), std::size_t(2));
+        QCOMPARE(library.rules[0].contains, std::string("uber"));
+        QCOMPARE(library.rules[1].contains, std::string("amazon"));
     }
 
     void accountsAreAddedAndRenamed() {

@@ -228,6 +228,9 @@ private slots:
         SplitSheet split(&window, library, receipt);
         split.findChild<QPushButton*>(QStringLiteral("takeAll0"))->click();
         shoot(split, QStringLiteral("sheet-split"));
+        SettingsSheet settings(&window, library, testDay);
+        settings.showPage(8);
+        shoot(settings, QStringLiteral("sheet-rules"));
         AccountSheet account(&window, library, library.accounts[0]);
         shoot(account, QStringLiteral("sheet-account"));
         Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
