@@ -3,11 +3,13 @@
 #include "Tamba/MailProgram.h"
 #include "Tamba/Printing.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Remembered.h"
 #include "Tamba/Sheets/AccountSheet.h"
 #include "Tamba/Sheets/BackupSheet.h"
 #include "Tamba/Sheets/BillableSheet.h"
 #include "Tamba/Sheets/ClientSheet.h"
 #include "Tamba/Sheets/CreditNoteSheet.h"
+#include "Tamba/Sheets/ImportSheet.h"
 #include "Tamba/Sheets/IssueSheet.h"
 #include "Tamba/Sheets/MailSheet.h"
 #include "Tamba/Sheets/MileageSheet.h"
@@ -60,6 +62,25 @@ std::vector<Prompts::Path> DialogPrompts::receiptFiles() {
     for (const QString& file : QFileDialog::getOpenFileNames(&window_, QObject::tr("Add Receipts"), {}, kinds))
         paths.push_back(toPath(file));
     return paths;
+}
+
+std::vector<Prompts::Path> DialogPrompts::statementFiles() {
+    std::vector<std::filesystem::path> paths;
+    const QString kinds = QObject::tr("Bank statements") +
+                          QStringLiteral(
+                              " (*.csv *.tsv *.txt *.ofx *.qfx *.qif *.xlsx *.xls *.json *.html *.htm *.CSV *.TXT "
+                              "*.OFX *.QIF *.XLSX *.XLS);;") +
+                          QObject::tr("All files") + QStringLiteral(" (*)");
+    for (const QString& file : QFileDialog::getOpenFileNames(&window_, QObject::tr("Import Statement"), {}, kinds))
+        paths.push_back(toPath(file));
+    return paths;
+}
+
+std::optional<StatementEdit> DialogPrompts::statement(const Library& library, const StatementFile& file) {
+    ImportSheet sheet(&window_, library, file, Remembered::layout(file.layout));
+    if (sheet.exec() != QDialog::Accepted) return {};
+    Remembered::setLayout(file.layout, sheet.kept());
+    return sheet.edit();
 }
 
 std::optional<Prompts::Path> DialogPrompts::libraryFolder(const Path& present) {

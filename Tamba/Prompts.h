@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tamba/Rows/ImportRows.h"
 #include "TambaCore/Bank/Matching.h"
 #include "TambaCore/Documents/Reminders.h"
 #include "TambaCore/Model/LibrarySession.h"
@@ -57,6 +58,9 @@ public:
     /// Files the books hold already. True: add them once more.
     [[nodiscard]] virtual bool addAgain(const QStringList& files) = 0;
     [[nodiscard]] virtual std::vector<Path> receiptFiles() = 0;
+    [[nodiscard]] virtual std::vector<Path> statementFiles() = 0;
+    /// How a statement is to come into the books.
+    [[nodiscard]] virtual std::optional<StatementEdit> statement(const Library& library, const StatementFile& file) = 0;
     [[nodiscard]] virtual std::optional<Path> pictureFile() = 0;
     [[nodiscard]] virtual std::optional<Path> libraryFolder(const Path& present) = 0;
     /// Where a new file is to go; an existing one of that name may be replaced.
@@ -105,6 +109,8 @@ public:
     bool confirm(const QString& title, const QString& text, const QString& action) override;
     bool addAgain(const QStringList& files) override;
     std::vector<Path> receiptFiles() override;
+    std::vector<Path> statementFiles() override;
+    std::optional<StatementEdit> statement(const Library& library, const StatementFile& file) override;
     std::optional<Path> pictureFile() override;
     std::optional<Path> libraryFolder(const Path& present) override;
     std::optional<Path> saveFile(const QString& title, const std::string& name) override;

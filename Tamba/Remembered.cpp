@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 #include <QSettings>
 #include <QWidget>
@@ -15,6 +16,12 @@ QSettings settings() { return QSettings(QStringLiteral("tamba"), QStringLiteral(
 
 const QString folderKey = QStringLiteral("folder"), screenKey = QStringLiteral("screen"),
               sizeKey = QStringLiteral("window");
+
+/// The titles of a statement hold characters that settings take for groups.
+QString layoutName(const std::string& key) {
+    const QByteArray hash = QCryptographicHash::hash(QByteArrayView(key), QCryptographicHash::Sha1);
+    return QStringLiteral("statements/") + QString::fromLatin1(hash.toHex());
+}
 
 }  // namespace
 
@@ -36,5 +43,13 @@ void setScreen(Screen screen) { settings().setValue(screenKey, static_cast<int>(
 bool restoreSize(QWidget& window) { return window.restoreGeometry(settings().value(sizeKey).toByteArray()); }
 
 void setSize(const QWidget& window) { settings().setValue(sizeKey, window.saveGeometry()); }
+
+std::string layout(const std::string& key) {
+    return key.empty() ? std::string() : toStd(settings().value(layoutName(key)).toString());
+}
+
+void setLayout(const std::string& key, const std::string& reading) {
+    if (!key.empty()) settings().setValue(layoutName(key), toQt(reading));
+}
 
 }  // namespace tamba::Remembered

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 class QWidget;
 
@@ -20,5 +21,10 @@ void setScreen(Screen screen);
 /// False, with the window as it was, when nothing is remembered.
 [[nodiscard]] bool restoreSize(QWidget& window);
 void setSize(const QWidget& window);
+
+/// How the statements of one layout were read last; empty when none came in.
+[[nodiscard]] std::string layout(const std::string& key);
+/// Nothing is kept for an empty key.
+void setLayout(const std::string& key, const std::string& reading);
 
 }  // namespace tamba::Remembered

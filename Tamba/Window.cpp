@@ -6,6 +6,7 @@
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/StatementImport.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "TambaCore/Base/Files.h"
@@ -21,6 +22,8 @@
 #include <QThread>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tamba {
 namespace {
@@ -42,6 +45,7 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     setAcceptDrops(true);
     setMinimumSize(960, 620);
     receipts_ = new ReceiptQueue(model_, std::move(scan), this);
+    statements_ = new StatementImport(model_, *prompts_, this);
 
     auto* frame = new QWidget(this);
     auto* columns = new QHBoxLayout(frame);
@@ -65,9 +69,10 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     overlay_ = new DropOverlay(this);
     makeMenus();
     connectReceipts();
+    connectStatements();
     connectScreens();
     connectDocuments();
-    // A file dropped on a field is a receipt, too, not a text to be typed there.
+    // A file dropped on a field is read, too, and no text to be typed there.
     for (QWidget* widget : frame->findChildren<QWidget*>()) widget->setAcceptDrops(false);
 
     connect(problem_, &EmptyState::actionChosen, this, [this] {
@@ -142,6 +147,7 @@ void Window::connectScreens() {
     connect(expenses_, &ExpensesScreen::recurringChosen, this, &Window::editRecurring);
     connect(clients_, &ClientsScreen::removed, this, &Window::showRemoved);
     connect(invoices_, &InvoicesScreen::removed, this, &Window::showRemoved);
+    connect(bank_, &BankScreen::importChosen, this, [this] { statements_->add(prompts_->statementFiles()); });
     connect(bank_, &BankScreen::matched, this, &Window::showRemoved);
     connect(bank_, &BankScreen::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
     connect(bank_, &BankScreen::expenseChosen, this, [this](const UUID& id) {
@@ -181,6 +187,33 @@ void Window::connectReceipts() {
     });
     connect(receipts_, &ReceiptQueue::finished, this, &Window::finished);
     connect(strip_, &ActivityStrip::cancelled, receipts_, &ReceiptQueue::cancel);
+}
+
+void Window::connectStatements() {
+    connect(statements_, &StatementImport::reading, this, [this](const QString& file) {
+        strip_->show(tr("Reading %1").arg(file), 0, 0);
+        strip_->setCancellable(true);
+    });
+    connect(statements_, &StatementImport::readingEnded, this, &Window::hideStrip);
+    connect(strip_, &ActivityStrip::cancelled, statements_, &StatementImport::cancel);
+    connect(statements_, &StatementImport::imported, this, [this](const QString& sentence) {
+        toast_->show(sentence, tr("Match the Obvious Ones"), [this] {
+            showScreen(Screen::bank);
+            bank_->matchObvious();
+        });
+    });
+}
+
+void Window::hideStrip() {
+    if (!receipts_->isBusy()) strip_->hide();
+}
+
+void Window::addFiles(const std::vector<std::filesystem::path>& files) {
+    std::vector<std::filesystem::path> statements, receipts;
+    std::partition_copy(files.begin(), files.end(), std::back_inserter(statements), std::back_inserter(receipts),
+                        isStatement);
+    addReceipts(receipts);
+    statements_->add(statements);
 }
 
 void Window::addReceipts(const std::vector<std::filesystem::path>& files) { receipts_->add(files); }
@@ -320,7 +353,8 @@ void Window::dragEnterEvent(QDragEnterEvent* event) {
     if (files.empty() || model_.state() != AppModel::State::open) return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    overlay_->show(static_cast<int>(files.size()));
+    const auto statements = std::count_if(files.begin(), files.end(), isStatement);
+    overlay_->show(static_cast<int>(std::ssize(files) - statements), static_cast<int>(statements));
 }
 
 void Window::dragLeaveEvent(QDragLeaveEvent*) { overlay_->hide(); }
@@ -331,7 +365,7 @@ void Window::dropEvent(QDropEvent* event) {
     if (files.empty() || model_.state() != AppModel::State::open) return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    addReceipts(files);
+    addFiles(files);
 }
 
 }  // namespace tamba

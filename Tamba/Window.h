@@ -25,9 +25,10 @@ class DropOverlay;
 class EmptyState;
 class ExpensesScreen;
 class InvoicesScreen;
+class StatementImport;
 class Toast;
 
-/// The one window: menus, sidebar, screens, activity strip; takes dropped receipts anywhere.
+/// The one window: menus, sidebar, screens, activity strip; takes dropped receipts and statements anywhere.
 class Window : public QMainWindow {
     Q_OBJECT
 
@@ -40,6 +41,8 @@ public:
     /// Reads these files and adds them as expenses.
     void addReceipts(const std::vector<std::filesystem::path>& files);
     [[nodiscard]] ReceiptQueue& receipts() { return *receipts_; }
+    /// Statements become bank lines, all others expenses.
+    void addFiles(const std::vector<std::filesystem::path>& files);
     void showScreen(Screen screen);
     [[nodiscard]] Screen screen() const { return screen_; }
     /// Where the person's own books are, while the sample books are open.
@@ -80,6 +83,8 @@ private:
     void connectScreens();
     void connectDocuments();
     void connectReceipts();
+    void connectStatements();
+    void hideStrip();
     void refreshHistory();
     void refreshState();
     void finished(const ReceiptQueue::Summary& summary);
@@ -93,6 +98,7 @@ private:
     AppModel& model_;
     std::unique_ptr<Prompts> prompts_;
     ReceiptQueue* receipts_;
+    StatementImport* statements_;
     std::filesystem::path ownFolder_;
     Sidebar* sidebar_;
     QStackedWidget* pages_;

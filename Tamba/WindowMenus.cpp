@@ -5,6 +5,7 @@
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/StatementImport.h"
 #include "Tamba/Window.h"
 
 #include <QDesktopServices>
@@ -46,6 +47,9 @@ void Window::makeFileMenu() {
     add(more, tr("E&stimate"), {}, [this] { documents_->create(DocKind::estimate); }, true);
     add(more, tr("&Client"), {}, [this] { showScreen(Screen::clients), clients_->newClient(); }, true);
     add(file, tr("&Add Receipts…"), QKeySequence::Open, [this] { addReceipts(prompts_->receiptFiles()); }, true);
+    add(
+        file, tr("&Import Statement…"), QKeySequence(Qt::CTRL | Qt::Key_I),
+        [this] { statements_->add(prompts_->statementFiles()); }, true);
     add(file, tr("Re&curring Expenses…"), {}, [this] { editRecurring(); }, true);
     file->addSeparator();
     print_ = add(file, tr("&Print…"), QKeySequence::Print, [this] { page().print(); }, false);

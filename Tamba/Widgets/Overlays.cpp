@@ -105,12 +105,28 @@ DropOverlay::DropOverlay(QWidget* parent) : QWidget(parent) {
     hide();
 }
 
-void DropOverlay::show(int files) {
-    files_ = files;
+void DropOverlay::show(int receipts, int statements) {
+    receipts_ = receipts;
+    statements_ = statements;
     setGeometry(parentWidget()->rect());
-    setAccessibleName(tr("Drop to add receipts"));
+    setAccessibleName(title());
     setVisible(true);
     raise();
+}
+
+QString DropOverlay::title() const {
+    const QString receipts = receipts_ == 1 ? tr("1 receipt") : tr("%1 receipts").arg(receipts_);
+    const QString statements = statements_ == 1 ? tr("1 statement") : tr("%1 statements").arg(statements_);
+    if (receipts_ > 0 && statements_ > 0) return tr("Drop to add %1 and import %2").arg(receipts, statements);
+    if (statements_ > 0)
+        return statements_ == 1 ? tr("Drop to import this statement") : tr("Drop to import %1").arg(statements);
+    return receipts_ == 1 ? tr("Drop to add this receipt") : tr("Drop to add %1").arg(receipts);
+}
+
+QString DropOverlay::words() const {
+    if (receipts_ > 0 && statements_ > 0) return tr("Receipts become expenses, statements become bank lines.");
+    return statements_ > 0 ? tr("You see each line before it comes into the books. What is there already stays out.")
+                           : tr("Each photo, PDF or saved e-mail is read and becomes an expense.");
 }
 
 void DropOverlay::paintEvent(QPaintEvent*) {
@@ -130,16 +146,15 @@ void DropOverlay::paintEvent(QPaintEvent*) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(colors.accent);
     painter.drawEllipse(middle - QPointF(0, 46), 32, 32);
-    Icons::paint(painter, QRectF(middle.x() - 15, middle.y() - 61, 30, 30), QStringLiteral("receipt-add"),
+    Icons::paint(painter, QRectF(middle.x() - 15, middle.y() - 61, 30, 30),
+                 statements_ > 0 && receipts_ == 0 ? QStringLiteral("category-bank") : QStringLiteral("receipt-add"),
                  colors.onAccent);
     painter.setPen(colors.text);
     painter.setFont(Style::titleFont(20));
-    painter.drawText(QRectF(frame.left(), middle.y(), frame.width(), 32), Qt::AlignCenter,
-                     files_ == 1 ? tr("Drop to add this receipt") : tr("Drop to add %1 receipts").arg(files_));
+    painter.drawText(QRectF(frame.left(), middle.y(), frame.width(), 32), Qt::AlignCenter, title());
     painter.setPen(colors.muted);
     painter.setFont(Style::textFont(13));
-    painter.drawText(QRectF(frame.left(), middle.y() + 32, frame.width(), 24), Qt::AlignCenter,
-                     tr("Each photo, PDF or saved e-mail is read and becomes an expense."));
+    painter.drawText(QRectF(frame.left(), middle.y() + 32, frame.width(), 24), Qt::AlignCenter, words());
 }
 
 }  // namespace tamba

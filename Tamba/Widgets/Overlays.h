@@ -57,13 +57,16 @@ class DropOverlay : public QWidget {
 
 public:
     explicit DropOverlay(QWidget* parent);
-    void show(int files);
+    void show(int receipts, int statements = 0);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    int files_ = 0;
+    [[nodiscard]] QString title() const;
+    [[nodiscard]] QString words() const;
+    int receipts_ = 0;
+    int statements_ = 0;
 };
 
 }  // namespace tamba

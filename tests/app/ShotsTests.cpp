@@ -21,6 +21,7 @@
 #include "tests/app/Support.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QCompleter>
 #include <QTableView>
 
@@ -108,6 +109,30 @@ class ShotsTests : public QObject {
         passing.expenses.update(1, [&](Expense& e) { e.billable = true, e.clientID.reset(); });
         BillableSheet billable(&window, passing, draft);
         shoot(billable, QStringLiteral("sheet-billable"));
+    }
+
+    void shootImport(Window& window, const Library& library) {
+        const auto file = [](const char* name) {
+            return StatementFile::of(Files::read(std::filesystem::path(TEST_DATA "/statements") / name), name);
+        };
+        ImportSheet first(&window, Library(), file("hdfc.csv"), {});
+        shoot(first, QStringLiteral("sheet-import-new-account"));
+        ImportSheet skipped(&window, library, file("bad-rows.csv"), {});
+        skipped.showList(ImportList::skipped);
+        shoot(skipped, QStringLiteral("sheet-import-skipped"));
+        const StatementFile icici = file("icici.csv");
+        const StatementReading reading{icici.columns, DateOrder::dmy, library.accounts[0].id};
+        const auto lines = parsed(icici, reading, Currency::inr()).transactions;
+        const Library with = Bank::addTransactions(library, {lines[0]}, library.accounts[0].id).library;
+        ImportSheet held(&window, with, icici, remembered(reading));
+        held.showList(ImportList::held);
+        shoot(held, QStringLiteral("sheet-import-held"));
+        ImportSheet broken(&window, library, icici, remembered(reading));
+        broken.findChild<QComboBox*>(QStringLiteral("columnUse5"))->setCurrentIndex(0);
+        broken.showList(ImportList::breaks);
+        shoot(broken, QStringLiteral("sheet-import-broken"));
+        ImportSheet ofx(&window, library, file("sgml.ofx"), {});
+        shoot(ofx, QStringLiteral("sheet-import-ofx"));
     }
 
     void shootSettings(Window& window, const Library& library, const AppModel& model) {
@@ -285,10 +310,13 @@ private slots:
         window.findChild<QLineEdit*>(QStringLiteral("search"))->clear();
         window.findChild<DropOverlay*>()->show(5);
         shoot(window, QStringLiteral("drop"));
+        window.findChild<DropOverlay*>()->show(2, 1);
+        shoot(window, QStringLiteral("drop-both"));
         window.findChild<DropOverlay*>()->hide();
 
         shootClients(window, library);
         shootSheets(window, library);
+        shootImport(window, library);
         shootSettings(window, library, books.model);
         BackupSheet backups(&window, books.model.backups());
         shoot(backups, QStringLiteral("sheet-backups"));

@@ -5,6 +5,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Sheets/AccountSheet.h"
 #include "Tamba/Sheets/CreditNoteSheet.h"
+#include "Tamba/Sheets/ImportSheet.h"
 #include "Tamba/Sheets/IssueSheet.h"
 #include "Tamba/Sheets/MailSheet.h"
 #include "Tamba/Sheets/PaymentSheet.h"
@@ -17,6 +18,7 @@
 #include <QtTest>
 
 #include <functional>
+#include <map>
 
 namespace tamba {
 
@@ -29,6 +31,7 @@ struct TestPrompts : Prompts {
     std::optional<MileageTrip> trip;
     std::optional<Client> client;
     std::optional<Path> file;  // where to save
+    std::map<std::string, std::string> keptLayouts;
     std::function<SettingsEdit(const Library&)> changeSettings;
     std::function<RecurringEdit(const Library&)> changeRecurring;
     // Answers with the very sheets that people see: each is shown, driven, and closed with what it then holds.
@@ -41,6 +44,13 @@ struct TestPrompts : Prompts {
         return again;
     }
     std::vector<Path> receiptFiles() override { return {}; }
+    std::vector<Path> statementFiles() override { return {}; }
+    std::optional<StatementEdit> statement(const Library& library, const StatementFile& file) override {
+        ImportSheet sheet(nullptr, library, file, keptLayouts[file.layout]);
+        if (!accepted(sheet)) return {};
+        keptLayouts[file.layout] = sheet.kept();
+        return sheet.edit();
+    }
     std::optional<Path> pictureFile() override { return file; }
     std::optional<Path> libraryFolder(const Path&) override { return {}; }
     std::optional<Path> saveFile(const QString&, const std::string& name) override {
