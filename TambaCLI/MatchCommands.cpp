@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <utility>
 
 namespace tamba::cli {
 namespace {
@@ -140,7 +141,13 @@ int importStatement(const Context& context, const ImportOptions& options) {
     const auto account = accountOf(library, options.account);
     const Currency currency = account ? Currency::of(find(library.accounts, *account)->currency) : library.home();
     const auto read = statementOf(options.file, options.order.value_or(library.business.receiptDateOrder), currency);
-    const auto result = Bank::addTransactions(library, read.transactions, account);
+    auto result = Bank::addTransactions(library, read.transactions, account);
+    if (options.anyway)
+        for (const auto& [line, equal] : std::exchange(result.skippedLines, {})) {
+            result.library = Bank::addAnyway(std::move(result.library), line, account);
+            ++result.added;
+            --result.skipped;
+        }
     if (result.added > 0) save(session, result.library);
     if (context.json) {
         std::cout << JSON::object()
@@ -159,6 +166,9 @@ int importStatement(const Context& context, const ImportOptions& options) {
         std::cout << " " << lines(result.skipped) << (result.skipped == 1 ? " was" : " were")
                   << " in the books already.";
     std::cout << "\n";
+    for (const auto& [line, equal] : result.skippedLines)
+        std::cout << "  Left out: " << line.date.formatted("d MMM yyyy") << ", "
+                  << MoneyFormat::string(line.amount, currency) << ", " << oneLine(line.text) << "\n";
     for (const auto& row : read.skippedRows) std::cerr << "Row " << row.row << " was left out: " << row.reason << "\n";
     for (const auto& one : read.balanceBreaks)
         std::cerr << "Row " << one.row << ": the balance should be " << MoneyFormat::string(one.expected, currency)

@@ -13,6 +13,7 @@ namespace tamba::cli {
 struct ImportOptions {
     std::string file, account;  ///< without an account, the only one
     std::optional<DateOrder> order;
+    bool anyway = false;  ///< lines that the books hold already come in once more
 };
 int importStatement(const Context& context, const ImportOptions& options);
 

@@ -21,6 +21,7 @@ void addMatchCommands(CLI::App& bank, Command& c) {
     import->add_option("FILE", statement.file, "The statement")->required();
     addText(import, "--account", statement.account, "Bank account (the only one)");
     addWord(import, "--order", statement.order, "How the statement writes dates (as the business does)");
+    import->add_flag("--anyway", statement.anyway, "Also add the lines that are in the books already");
 
     auto& filter = c.options<LineFilter>();
     auto* list = c.add(&bank, "list", "List bank lines and what they are matched with",
