@@ -8,6 +8,7 @@
 #include "TambaCore/Documents/Expenses.h"
 
 #include <algorithm>
+#include <tuple>
 #include <unordered_map>
 
 namespace tamba {
