@@ -135,8 +135,9 @@ BankRow rowOf(const Entry& entry) {
     return row;
 }
 
-void addSums(BankTable& table, const std::vector<Entry>& entries, const Currency& home) {
-    const Currency& currency = entries.empty() ? home : entries.front().currency;
+void addSums(BankTable& table, const std::vector<Entry>& entries) {
+    if (entries.empty()) return;
+    const Currency& currency = entries.front().currency;
     std::int64_t in = 0, out = 0;
     for (const Entry& entry : entries) {
         std::int64_t& sum = entry.line->amount > 0 ? in : out;
@@ -231,7 +232,7 @@ BankTable bankTable(const Library& library, const BankFilter& filter) {
     table.rows.reserve(entries.size());
     for (const Entry& entry : entries) table.rows.push_back(rowOf(entry));
     table.count = std::to_string(entries.size()) + (entries.size() == 1 ? " line" : " lines");
-    addSums(table, entries, home);
+    addSums(table, entries);
     return table;
 }
 

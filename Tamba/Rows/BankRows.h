@@ -48,7 +48,8 @@ struct BankRow {
 struct BankTable {
     std::vector<BankRow> rows;
     std::array<std::size_t, std::size(allBankLists)> counts{};  ///< of each list, with the rest of the filter
-    /// "42 lines", "₹1,23,456.00", "−₹12,345.00"; the sums are empty where the lines are in several currencies.
+    /// "42 lines", "₹1,23,456.00", "−₹12,345.00"; the sums are empty without lines and where those are in several
+    /// currencies.
     std::string count, in, out;
 };
 [[nodiscard]] BankTable bankTable(const Library& library, const BankFilter& filter);
