@@ -7,6 +7,7 @@
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Form.h"
+#include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/PeriodPicker.h"
 #include "Tamba/Widgets/RowDelegate.h"
 
@@ -98,14 +99,7 @@ BankScreen::BankScreen(AppModel& model, Prompts& prompts, QWidget* parent)
 }
 
 QWidget* BankScreen::makeHeader() {
-    auto* header = new QFrame(this);
-    header->setObjectName(QStringLiteral("screenHeader"));
-    header->setFixedHeight(108);
-    auto* rows = new QVBoxLayout(header);
-    rows->setContentsMargins(20, 12, 16, 12);
-    rows->setSpacing(10);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(8);
+    const auto [header, top, tools] = ListParts::header(ListParts::Heading::tabs, this);
     lists_ = new QTabBar(header);
     Controls::name(*lists_, "bankLists", tr("Which bank lines"));
     lists_->setDrawBase(false);
@@ -118,14 +112,7 @@ QWidget* BankScreen::makeHeader() {
     top->addWidget(lists_, 1, Qt::AlignLeft);
     top->addWidget(import_);
     top->addWidget(obvious_);
-    rows->addLayout(top);
-    auto* tools = new QHBoxLayout;
-    tools->setSpacing(12);
-    search_ = new QLineEdit(header);
-    Controls::name(*search_, "bankSearch", tr("Search bank lines"));
-    search_->setPlaceholderText(tr("Search name, narration, amount"));
-    search_->setClearButtonEnabled(true);
-    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    search_ = ListParts::search("bankSearch", tr("Search bank lines"), tr("Search name, narration, amount"), header);
     account_ = makeChoice(header);
     Controls::name(*account_, "bankAccount", tr("Account"));
     account_->setFixedWidth(160);
@@ -138,17 +125,11 @@ QWidget* BankScreen::makeHeader() {
     account->addWidget(accounts_);
     tools->addLayout(account);
     tools->addWidget(period_);
-    rows->addLayout(tools);
     return header;
 }
 
 QWidget* BankScreen::makeFooter() {
-    auto* footer = new QFrame(this);
-    footer->setObjectName(QStringLiteral("footer"));
-    footer->setFixedHeight(40);
-    auto* layout = new QHBoxLayout(footer);
-    layout->setContentsMargins(20, 0, 20, 0);
-    layout->setSpacing(18);
+    const auto [footer, layout] = ListParts::footer(this);
     count_ = Controls::label({}, "field", footer);
     count_->setObjectName(QStringLiteral("bankCount"));
     in_ = Controls::label({}, "field", footer);
@@ -161,33 +142,15 @@ QWidget* BankScreen::makeFooter() {
 }
 
 void BankScreen::makeTable() {
-    table_ = new QTableView(this);
-    Controls::name(*table_, "bankLines", tr("Bank lines"));
-    table_->setModel(&rows_);
-    table_->setItemDelegate(new RowDelegate(table_));
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setShowGrid(false);
-    table_->setWordWrap(false);
-    table_->setTabKeyNavigation(false);
-    table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setMinimumSectionSize(RowDelegate::tallRowHeight);
-    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::tallRowHeight);
-    QHeaderView* header = table_->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionsClickable(true);
-    header->setSortIndicatorShown(true);
-    header->setSortIndicator(Column::date, Qt::DescendingOrder);
-    header->setSectionResizeMode(QHeaderView::Fixed);
-    header->setSectionResizeMode(Column::name, QHeaderView::Stretch);
-    header->setFixedHeight(32);
+    table_ = ListParts::table(rows_, "bankLines", tr("Bank lines"),
+                              {.rowHeight = RowDelegate::tallRowHeight,
+                               .stretched = Column::name,
+                               .sorted = Column::date,
+                               .order = Qt::DescendingOrder},
+                              this);
     keepSelection(*table_, rows_);
     table_->installEventFilter(this);
-    connect(header, &QHeaderView::sectionClicked, this, &BankScreen::sortBy);
+    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &BankScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &BankScreen::selectionChanged);
 }
 

@@ -7,6 +7,7 @@
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Form.h"
+#include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/RowDelegate.h"
 #include "TambaCore/Documents/Clients.h"
 
@@ -112,42 +113,23 @@ ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions&
 }
 
 QWidget* ClientsScreen::makeHeader() {
-    auto* header = new QFrame(this);
-    header->setObjectName(QStringLiteral("screenHeader"));
-    header->setFixedHeight(108);
-    auto* rows = new QVBoxLayout(header);
-    rows->setContentsMargins(20, 14, 16, 12);
-    rows->setSpacing(10);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(8);
+    const auto [header, top, tools] = ListParts::header(ListParts::Heading::title, this);
     auto* title = Controls::label(tr("Clients"), "title", header);
     new_ = Controls::button(tr("New Client"), "newClient", Controls::Kind::primary, header);
     new_->setToolTip(tr("New client (Ctrl+N)"));
     top->addWidget(title, 1);
     top->addWidget(new_);
-    rows->addLayout(top);
-    auto* tools = new QHBoxLayout;
-    tools->setSpacing(12);
-    search_ = new QLineEdit(header);
-    Controls::name(*search_, "searchClients", tr("Search clients"));
-    search_->setPlaceholderText(tr("Search name, contact, e-mail, GSTIN, notes"));
-    search_->setClearButtonEnabled(true);
-    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    search_ = ListParts::search("searchClients", tr("Search clients"), tr("Search name, contact, e-mail, GSTIN, notes"),
+                                header);
     archived_ = new QCheckBox(tr("Show archived"), header);
     Controls::name(*archived_, "showArchived", archived_->text());
     tools->addWidget(search_, 1);
     tools->addWidget(archived_);
-    rows->addLayout(tools);
     return header;
 }
 
 QWidget* ClientsScreen::makeFooter() {
-    auto* footer = new QFrame(this);
-    footer->setObjectName(QStringLiteral("footer"));
-    footer->setFixedHeight(40);
-    auto* layout = new QHBoxLayout(footer);
-    layout->setContentsMargins(20, 0, 20, 0);
-    layout->setSpacing(18);
+    const auto [footer, layout] = ListParts::footer(this);
     count_ = Controls::label({}, "field", footer);
     leftOut_ = Controls::label({}, "field", footer);
     overdue_ = Controls::label({}, "field", footer);
@@ -163,30 +145,15 @@ QWidget* ClientsScreen::makeFooter() {
 }
 
 void ClientsScreen::makeTable() {
-    table_ = new QTableView(this);
-    Controls::name(*table_, "clients", tr("Clients"));
-    table_->setModel(&rows_);
-    table_->setItemDelegate(new RowDelegate(table_));
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setShowGrid(false);
-    table_->setWordWrap(false);
-    table_->setTabKeyNavigation(false);
-    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::rowHeight);
-    QHeaderView* header = table_->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionsClickable(true);
-    header->setSortIndicatorShown(true);
-    header->setSortIndicator(Column::name, Qt::AscendingOrder);
-    header->setSectionResizeMode(QHeaderView::Fixed);
-    header->setSectionResizeMode(Column::name, QHeaderView::Stretch);
-    header->setFixedHeight(32);
+    table_ = ListParts::table(rows_, "clients", tr("Clients"),
+                              {.rowHeight = RowDelegate::rowHeight,
+                               .stretched = Column::name,
+                               .sorted = Column::name,
+                               .order = Qt::AscendingOrder},
+                              this);
     keepSelection(*table_, rows_);
     table_->installEventFilter(this);
-    connect(header, &QHeaderView::sectionClicked, this, &ClientsScreen::sortBy);
+    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &ClientsScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ClientsScreen::refreshInspector);
 }
 

@@ -6,6 +6,7 @@
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
+#include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/PeriodPicker.h"
 #include "Tamba/Widgets/RowDelegate.h"
 #include "TambaCore/Documents/Expenses.h"
@@ -132,14 +133,7 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
 }
 
 QWidget* ExpensesScreen::makeHeader() {
-    auto* header = new QFrame(this);
-    header->setObjectName(QStringLiteral("screenHeader"));
-    header->setFixedHeight(108);
-    auto* rows = new QVBoxLayout(header);
-    rows->setContentsMargins(20, 14, 16, 12);
-    rows->setSpacing(10);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(8);
+    const auto [header, top, tools] = ListParts::header(ListParts::Heading::title, this);
     title_ = Controls::label(tr("Expenses"), "title", header);
     title_->setObjectName(QStringLiteral("screenTitle"));
     addReceipts_ = Controls::button(tr("Add Receipts…"), "addReceipts", Controls::Kind::plain, header);
@@ -148,28 +142,16 @@ QWidget* ExpensesScreen::makeHeader() {
     top->addWidget(title_, 1);
     top->addWidget(addReceipts_);
     top->addWidget(newExpense_);
-    rows->addLayout(top);
-    auto* tools = new QHBoxLayout;
-    tools->setSpacing(12);
-    search_ = new QLineEdit(header);
-    Controls::name(*search_, "search", tr("Search expenses"));
-    search_->setPlaceholderText(tr("Search vendor, amount, notes, receipt text"));
-    search_->setClearButtonEnabled(true);
-    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    search_ =
+        ListParts::search("search", tr("Search expenses"), tr("Search vendor, amount, notes, receipt text"), header);
     period_ = new PeriodPicker(model_.today(), 4, header);
     tools->addWidget(search_, 1);
     tools->addWidget(period_);
-    rows->addLayout(tools);
     return header;
 }
 
 QWidget* ExpensesScreen::makeFooter() {
-    auto* footer = new QFrame(this);
-    footer->setObjectName(QStringLiteral("footer"));
-    footer->setFixedHeight(40);
-    auto* layout = new QHBoxLayout(footer);
-    layout->setContentsMargins(20, 0, 20, 0);
-    layout->setSpacing(18);
+    const auto [footer, layout] = ListParts::footer(this);
     count_ = Controls::label({}, "field", footer);
     leftOut_ = Controls::label({}, "field", footer);
     leftOut_->setMinimumWidth(0);
@@ -186,34 +168,17 @@ QWidget* ExpensesScreen::makeFooter() {
 }
 
 void ExpensesScreen::makeTable() {
-    table_ = new QTableView(this);
-    Controls::name(*table_, "expenses", tr("Expenses"));
-    table_->setModel(&rows_);
-    table_->setItemDelegate(new RowDelegate(table_));
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setShowGrid(false);
-    table_->setWordWrap(false);
-    table_->setTabKeyNavigation(false);
-    table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table_ = ListParts::table(rows_, "expenses", tr("Expenses"),
+                              {.rowHeight = RowDelegate::rowHeight,
+                               .stretched = Column::vendor,
+                               .sorted = Column::date,
+                               .order = Qt::DescendingOrder,
+                               .selection = QAbstractItemView::ExtendedSelection},
+                              this);
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::rowHeight);
-    table_->verticalHeader()->setMinimumSectionSize(RowDelegate::rowHeight);
-    QHeaderView* header = table_->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionsClickable(true);
-    header->setSortIndicatorShown(true);
-    header->setSortIndicator(Column::date, Qt::DescendingOrder);
-    header->setSectionResizeMode(QHeaderView::Fixed);
-    header->setSectionResizeMode(Column::vendor, QHeaderView::Stretch);
-    header->setFixedHeight(32);
     keepSelection(*table_, rows_);
     table_->installEventFilter(this);
-    connect(header, &QHeaderView::sectionClicked, this, &ExpensesScreen::sortBy);
+    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &ExpensesScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ExpensesScreen::refreshInspector);
     connect(table_, &QWidget::customContextMenuRequested, this, &ExpensesScreen::contextMenu);
 }

@@ -7,6 +7,7 @@
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Form.h"
+#include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/PeriodPicker.h"
 #include "Tamba/Widgets/RowDelegate.h"
 
@@ -113,14 +114,7 @@ InvoicesScreen::InvoicesScreen(AppModel& model, Prompts& prompts, DocumentAction
 }
 
 QWidget* InvoicesScreen::makeHeader() {
-    auto* header = new QFrame(this);
-    header->setObjectName(QStringLiteral("screenHeader"));
-    header->setFixedHeight(108);
-    auto* rows = new QVBoxLayout(header);
-    rows->setContentsMargins(20, 12, 16, 12);
-    rows->setSpacing(10);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(8);
+    const auto [header, top, tools] = ListParts::header(ListParts::Heading::tabs, this);
     kinds_ = new QTabBar(header);
     Controls::name(*kinds_, "documentKinds", tr("Kind of document"));
     kinds_->setDrawBase(false);
@@ -130,14 +124,8 @@ QWidget* InvoicesScreen::makeHeader() {
     newDocument_ = Controls::button({}, "newDocument", Controls::Kind::primary, header);
     top->addWidget(kinds_, 1, Qt::AlignLeft);
     top->addWidget(newDocument_);
-    rows->addLayout(top);
-    auto* tools = new QHBoxLayout;
-    tools->setSpacing(12);
-    search_ = new QLineEdit(header);
-    Controls::name(*search_, "documentSearch", tr("Search documents"));
-    search_->setPlaceholderText(tr("Search number, client, amount, lines"));
-    search_->setClearButtonEnabled(true);
-    search_->addAction(Icons::icon(QStringLiteral("search"), &Colors::faint), QLineEdit::LeadingPosition);
+    search_ =
+        ListParts::search("documentSearch", tr("Search documents"), tr("Search number, client, amount, lines"), header);
     status_ = makeChoice(header);
     Controls::name(*status_, "statusFilter", tr("Status"));
     status_->setFixedWidth(168);
@@ -145,18 +133,12 @@ QWidget* InvoicesScreen::makeHeader() {
     tools->addWidget(search_, 1);
     tools->addWidget(status_);
     tools->addWidget(period_);
-    rows->addLayout(tools);
     return header;
 }
 
 QWidget* InvoicesScreen::makeFooter() {
-    auto* footer = new QFrame(this);
-    footer->setObjectName(QStringLiteral("footer"));
-    footer->setFixedHeight(40);
+    const auto [footer, layout] = ListParts::footer(this);
     footer->setMinimumWidth(200);  // what has no room is left out
-    auto* layout = new QHBoxLayout(footer);
-    layout->setContentsMargins(20, 0, 20, 0);
-    layout->setSpacing(18);
     count_ = Controls::label({}, "field", footer);
     leftOut_ = Controls::label({}, "field", footer);
     leftOut_->setMinimumWidth(0);
@@ -175,34 +157,16 @@ QWidget* InvoicesScreen::makeFooter() {
 }
 
 void InvoicesScreen::makeTable() {
-    table_ = new QTableView(this);
-    Controls::name(*table_, "documents", tr("Documents"));
-    table_->setModel(&rows_);
-    table_->setItemDelegate(new RowDelegate(table_));
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setShowGrid(false);
-    table_->setWordWrap(false);
-    table_->setTabKeyNavigation(false);
-    table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table_ = ListParts::table(rows_, "documents", tr("Documents"),
+                              {.rowHeight = RowDelegate::tallRowHeight,
+                               .stretched = Column::client,
+                               .sorted = Column::number,
+                               .order = Qt::DescendingOrder},
+                              this);
     table_->setContextMenuPolicy(Qt::CustomContextMenu);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setMinimumSectionSize(RowDelegate::tallRowHeight);
-    table_->verticalHeader()->setDefaultSectionSize(RowDelegate::tallRowHeight);
-    QHeaderView* header = table_->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionsClickable(true);
-    header->setSortIndicatorShown(true);
-    header->setSortIndicator(Column::number, Qt::DescendingOrder);
-    header->setSectionResizeMode(QHeaderView::Fixed);
-    header->setSectionResizeMode(Column::client, QHeaderView::Stretch);
-    header->setFixedHeight(32);
     keepSelection(*table_, rows_);
     table_->installEventFilter(this);
-    connect(header, &QHeaderView::sectionClicked, this, &InvoicesScreen::sortBy);
+    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &InvoicesScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &InvoicesScreen::selectionChanged);
     connect(table_, &QWidget::customContextMenuRequested, this, &InvoicesScreen::contextMenu);
 }

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-/// UPI payment links (NPCI, UPI linking specification 1.6): what the code on an invoice says.
+/// UPI payment links (NPCI, UPI linking document 1.6): what the code on an invoice says.
 namespace tamba::UPI {
 
 /// Shown beside a UPI ID that is not valid.
