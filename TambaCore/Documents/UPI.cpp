@@ -32,7 +32,8 @@ std::string encoded(std::string_view value) {
 /// Payment apps show letters, digits, blanks, "-" and "/" in a note reliably; a number may hold others.
 std::string note(const Document& invoice) {
     std::string result = "Invoice ";
-    for (const std::string_view character : Text::characters(invoice.number.value_or("")))
+    const std::string number = invoice.number.value_or("");
+    for (const std::string_view character : Text::characters(number))
         result += Text::isLetterOrDigit(character) || character == "/" ? character : "-";
     return result;
 }
