@@ -78,11 +78,13 @@ void TaxPage::refresh() {
     if (auto* label = qobject_cast<QLabel*>(form.labelForField(taxID_)))
         label->setText(india ? tr("GSTIN") : tr("Tax number"));
     const std::string id = GSTIN::clean(toStd(taxID_->text()));
-    const auto problem = india && !id.empty() ? GSTIN::validate(id) : std::nullopt;
+    QString problem;
+    if (india && !id.empty())
+        if (const auto found = GSTIN::validate(id)) problem = toQt(GSTIN::problemText(*found));
     const auto state = IndianState::of(GSTIN::stateCode(id));
-    Controls::markProblem(*taxID_, problem ? toQt(GSTIN::problemText(*problem)) : QString());
-    if (problem)
-        form.setNote(*taxIDNote_, toQt(GSTIN::problemText(*problem)), "problem");
+    Controls::markProblem(*taxID_, problem);
+    if (!problem.isEmpty())
+        form.setNote(*taxIDNote_, problem, "problem");
     else if (india && !id.empty() && state)
         form.setNote(*taxIDNote_, toQt(state->label()), "good");
     else
