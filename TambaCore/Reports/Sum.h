@@ -9,6 +9,8 @@ namespace tamba {
 /// ±4 × 10^18 reads as that limit, so that the difference of two sums fits too.
 class Sum {
 public:
+    static constexpr std::int64_t limit = 4'000'000'000'000'000'000;
+
     void add(std::int64_t amount) { value_ += amount; }
     void subtract(std::int64_t amount) { value_ -= amount; }
     [[nodiscard]] std::int64_t value() const {
@@ -17,7 +19,6 @@ public:
 
 private:
     __extension__ using Wide = __int128;
-    static constexpr std::int64_t limit = 4'000'000'000'000'000'000;
     Wide value_ = 0;
 };
 
