@@ -90,11 +90,13 @@ bool isTight(std::string_view cell) {
     return cell.empty() || (isPlain(cell.front()) && isPlain(cell.back()) && cell.front() != '=');
 }
 
-Table cleaned(std::string_view text, std::size_t numberOffset) {
+Table cleaned(std::string_view text, std::size_t numberOffset, Cancel cancel) {
+    stopIf(cancel);
     CSV::Read read = CSV::read(text);
     Table table{"CSV", {}, {}};
     table.rows.reserve(read.rows.size());
     for (std::size_t i = 0; i < read.rows.size(); ++i) {
+        stopIf(cancel);
         for (std::string& cell : read.rows[i]) {
             // ="000501" keeps a spreadsheet from dropping the zeros.
             if (isTight(cell)) continue;
@@ -172,7 +174,7 @@ std::string decoded(std::string_view bytes) {
     return Text::isUTF8(bytes) ? std::string(bytes) : as("windows-1252", 0);
 }
 
-Table textTable(std::string text) {
+Table textTable(std::string text, Cancel cancel) {
     // The files of very old machines end lines with CR alone, which the reader of CSV drops.
     if (text.find('\n') == std::string::npos) std::replace(text.begin(), text.end(), '\r', '\n');
     const auto marks =
@@ -182,15 +184,15 @@ Table textTable(std::string text) {
     std::vector<std::string> notes;
     if (std::count(text.begin(), text.end(), '"') % 2 != 0)
         notes.emplace_back("A quotation mark in this file has no partner: rows behind it may be missing or misread.");
-    Table table = cleaned(text, 0);
+    Table table = cleaned(text, 0, cancel);
     table.notes = notes;
     if (isReadable(table)) return table;
     for (const std::size_t start : headerLines(text)) {
         const std::string_view rest = std::string_view(text).substr(start);
         if (CSV::delimiter(rest) == CSV::delimiter(text) && start > 0 && rest.find('"') == rest.npos) continue;
-        Table above = cleaned(std::string_view(text).substr(0, start), 0);
+        Table above = cleaned(std::string_view(text).substr(0, start), 0, cancel);
         const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(start), '\n');
-        Table below = cleaned(rest, static_cast<std::size_t>(lines));
+        Table below = cleaned(rest, static_cast<std::size_t>(lines), cancel);
         if (!isReadable(below)) continue;
         std::move(below.rows.begin(), below.rows.end(), std::back_inserter(above.rows));
         above.notes = notes;
@@ -210,39 +212,42 @@ Parsed finished(Parsed parsed) {
     return parsed;
 }
 
-std::optional<Table> table(std::string_view bytes, std::string_view fileName) {
-    if (kindOf(bytes) == Kind::workbook) return workbookTable(bytes);
+std::optional<Table> table(std::string_view bytes, std::string_view fileName, Cancel cancel) {
+    if (kindOf(bytes) == Kind::workbook) return workbookTable(bytes, cancel);
     std::string text = decoded(bytes);
     switch (kindOf(text, extensionOf(fileName))) {
         case Kind::html:
-            return htmlTable(text);
+            return htmlTable(text, cancel);
         case Kind::json:
-            return jsonTable(text);
+            return jsonTable(text, cancel);
         case Kind::text:
-            return textTable(std::move(text));
+            return textTable(std::move(text), cancel);
         default:
             return std::nullopt;
     }
 }
 
-Parsed parse(std::string_view bytes, std::string_view fileName, DateOrder order, const Currency& currency) {
-    if (const auto rows = table(bytes, fileName)) return interpret(*rows, recognise(*rows), order, currency);
+Parsed parse(std::string_view bytes, std::string_view fileName, DateOrder order, const Currency& currency,
+             Cancel cancel) {
+    if (const auto rows = table(bytes, fileName, cancel))
+        return interpret(*rows, recognise(*rows), order, currency, cancel);
     const std::string text = decoded(bytes);
-    return kindOf(text, extensionOf(fileName)) == Kind::ofx ? ofx(text, currency) : qif(text, order, currency);
+    return kindOf(text, extensionOf(fileName)) == Kind::ofx ? ofx(text, currency, cancel)
+                                                            : qif(text, order, currency, cancel);
 }
 
-Parsed read(const std::filesystem::path& file, DateOrder order, const Currency& currency) {
+Parsed read(const std::filesystem::path& file, DateOrder order, const Currency& currency, Cancel cancel) {
     if (Files::size(file).value_or(0) > maximumBytes) throw ImportError(ImportError::Code::tooLarge);
-    return parse(Files::read(file), file.filename().string(), order, currency);
+    return parse(Files::read(file), file.filename().string(), order, currency, cancel);
 }
 
 Parsed csv(std::string_view text, DateOrder order, const Currency& currency) {
-    const Table table = textTable(std::string(text));
+    const Table table = textTable(std::string(text), nullptr);
     return interpret(table, recognise(table), order, currency);
 }
 
 Parsed gridoJSON(std::string_view json, DateOrder order, const Currency& currency) {
-    const Table table = jsonTable(json);
+    const Table table = jsonTable(json, nullptr);
     return interpret(table, recognise(table), order, currency);
 }
 

@@ -3,6 +3,7 @@
 #include "TambaCore/Model/Models.h"
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <exception>
@@ -43,6 +44,9 @@ private:
     Code code_;
     std::string text_;
 };
+
+/// Thrown out of a reading that `cancel` ended.
+struct Cancelled {};
 
 /// A file as rows of cells, trimmed; rows above the header too.
 struct Table {
@@ -123,25 +127,30 @@ struct Parsed {
     std::vector<std::string> columnTitles;  ///< as printed
 };
 
-/// Reads a file of any kind. Throws ImportError, and FileError when the file cannot be opened.
-[[nodiscard]] Parsed read(const std::filesystem::path& file, DateOrder order, const Currency& currency);
+/// Reads a file of any kind. Throws ImportError, FileError when the file cannot be opened, and Cancelled soon after
+/// another thread has set `cancel`.
+[[nodiscard]] Parsed read(const std::filesystem::path& file, DateOrder order, const Currency& currency,
+                          const std::atomic<bool>* cancel = nullptr);
 /// The same for bytes in memory; `fileName` is asked for its extension only.
-[[nodiscard]] Parsed parse(std::string_view bytes, std::string_view fileName, DateOrder order,
-                           const Currency& currency);
+[[nodiscard]] Parsed parse(std::string_view bytes, std::string_view fileName, DateOrder order, const Currency& currency,
+                           const std::atomic<bool>* cancel = nullptr);
 
 // One reader each, for UTF-8 text. Amounts are in minor units of `currency`. They throw ImportError; `noRows` when
 // nothing in the file could be read as a line.
 [[nodiscard]] Parsed csv(std::string_view text, DateOrder order, const Currency& currency);
-[[nodiscard]] Parsed ofx(std::string_view text, const Currency& currency);
-[[nodiscard]] Parsed qif(std::string_view text, DateOrder order, const Currency& currency);
+[[nodiscard]] Parsed ofx(std::string_view text, const Currency& currency, const std::atomic<bool>* cancel = nullptr);
+[[nodiscard]] Parsed qif(std::string_view text, DateOrder order, const Currency& currency,
+                         const std::atomic<bool>* cancel = nullptr);
 [[nodiscard]] Parsed gridoJSON(std::string_view json, DateOrder order, const Currency& currency);
 
 /// The rows of a file that holds a table; nothing for OFX and QIF, whose lines name their parts themselves.
-[[nodiscard]] std::optional<Table> table(std::string_view bytes, std::string_view fileName);
+[[nodiscard]] std::optional<Table> table(std::string_view bytes, std::string_view fileName,
+                                         const std::atomic<bool>* cancel = nullptr);
 /// Finds the header row and what each column is by its titles and by what stands below them. Throws `columns`.
 [[nodiscard]] Columns recognise(const Table& table);
 /// The lines of the table. Throws `noRows`, and `columns` when the date or every amount has no column.
-[[nodiscard]] Parsed interpret(const Table& table, const Columns& columns, DateOrder order, const Currency& currency);
+[[nodiscard]] Parsed interpret(const Table& table, const Columns& columns, DateOrder order, const Currency& currency,
+                               const std::atomic<bool>* cancel = nullptr);
 /// The same for every file of one layout: the header's titles in one spelling.
 [[nodiscard]] std::string layoutKey(const Table& table, const Columns& columns);
 

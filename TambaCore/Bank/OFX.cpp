@@ -40,11 +40,12 @@ struct Element {
 
 /// Calls `visit` for each tag with the text behind it.
 template <class Visit>
-void forEachElement(std::string_view text, Visit&& visit) {
+void forEachElement(std::string_view text, Cancel cancel, Visit&& visit) {
     constexpr std::string_view data = "<![CDATA[";
     constexpr std::size_t longestTag = 80;
     Element element;
     for (std::size_t at = nextTag(text, 0); at != text.npos;) {
+        stopIf(cancel);
         const std::size_t close = text.find('>', at);
         if (close == text.npos) return;
         std::string_view inside = text.substr(at + 1, close - at - 1);
@@ -88,14 +89,14 @@ struct File {
     std::set<std::string> accounts;
 };
 
-File elements(std::string_view text) {
+File elements(std::string_view text, Cancel cancel) {
     static constexpr std::array<std::string_view, 7> wanted{"dtposted", "trnamt",  "fitid", "name",
                                                             "memo",     "trntype", "cursym"};
     static constexpr std::array<std::string_view, 6> ends{"/stmttrn", "/banktranlist", "ledgerbal",
                                                           "availbal", "/stmtrs",       "/ccstmtrs"};
     File file;
     bool inside = false;
-    forEachElement(text, [&](const Element& element) {
+    forEachElement(text, cancel, [&](const Element& element) {
         const std::string& tag = element.tag;
         if (tag == "stmttrn") {
             file.entries.emplace_back();
@@ -127,8 +128,8 @@ std::optional<Day> day(std::string_view posted) {
 
 }  // namespace
 
-Parsed ofx(std::string_view text, const Currency& currency) {
-    const File file = elements(withoutRemarks(text));
+Parsed ofx(std::string_view text, const Currency& currency, Cancel cancel) {
+    const File file = elements(withoutRemarks(text), cancel);
     Parsed parsed;
     parsed.format = "OFX";
     parsed.orderReason = "Every date in this file can be read in one way only.";
@@ -142,6 +143,7 @@ Parsed ofx(std::string_view text, const Currency& currency) {
     for (const Entry& entry : file.entries) figures.see(entry["trnamt"]);
     std::size_t negatives = 0, positiveDebits = 0;
     for (std::size_t i = 0; i < file.entries.size(); ++i) {
+        stopIf(cancel);
         const Entry& entry = file.entries[i];
         const auto skip = [&](std::string reason) {
             ++parsed.skipped;

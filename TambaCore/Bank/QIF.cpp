@@ -44,7 +44,7 @@ std::string plainDate(std::string_view printed, DateOrder order) {
     return date.substr(0, mark + 1) + (last ? "19" : "20") + twoDigits;
 }
 
-std::vector<Record> records(std::string_view text) {
+std::vector<Record> records(std::string_view text, Cancel cancel) {
     std::vector<Record> result;
     Record record;
     bool inLines = true, inOptions = false;
@@ -54,6 +54,7 @@ std::vector<Record> records(std::string_view text) {
     };
     std::size_t begin = 0;
     while (begin <= text.size()) {
+        stopIf(cancel);
         const std::size_t stop = std::min(text.find_first_of("\r\n", begin), text.size());
         const std::string_view line = Text::trim(text.substr(begin, stop - begin));
         begin = stop + 1;
@@ -100,14 +101,15 @@ std::vector<Record> records(std::string_view text) {
 
 }  // namespace
 
-Parsed qif(std::string_view text, DateOrder order, const Currency& currency) {
+Parsed qif(std::string_view text, DateOrder order, const Currency& currency, Cancel cancel) {
     if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-    std::vector<Record> all = records(text);
+    std::vector<Record> all = records(text, cancel);
     Parsed parsed;
     parsed.format = "QIF";
     Figures figures;
     std::vector<DateCell> dates;
     for (Record& record : all) {
+        stopIf(cancel);
         if (record.amount.empty()) record.amount = record.repeatedAmount;
         figures.see(record.amount);
         dates.push_back(dateCell(plainDate(record.date, order), order));
@@ -118,6 +120,7 @@ Parsed qif(std::string_view text, DateOrder order, const Currency& currency) {
     if (chosen.doubt) parsed.notes.push_back(std::move(*chosen.doubt));
 
     for (std::size_t i = 0; i < all.size(); ++i) {
+        stopIf(cancel);
         Record& record = all[i];
         const auto skip = [&](std::string reason) {
             ++parsed.skipped;

@@ -72,9 +72,10 @@ std::size_t numberIn(std::string_view tag, std::string_view attribute) {
 
 class TableReader {
 public:
-    Table read(std::string_view html) {
+    Table read(std::string_view html, Cancel cancel) {
         std::size_t at = 0;
         while (at < html.size()) {
+            stopIf(cancel);
             const std::size_t open = std::min(html.find('<', at), html.size());
             if (inCell_) text_ += html.substr(at, open - at);
             if (open == html.size()) break;
@@ -155,8 +156,8 @@ std::string withoutEntities(std::string_view text) {
     return result += text;
 }
 
-Table htmlTable(std::string_view html) {
-    Table table = TableReader().read(html);
+Table htmlTable(std::string_view html, Cancel cancel) {
+    Table table = TableReader().read(html, cancel);
     try {
         (void)recognise(table);
     } catch (const ImportError&) {

@@ -48,7 +48,7 @@ std::optional<dom::array> rowsIn(dom::element root) {
 
 }  // namespace
 
-Table jsonTable(std::string_view json) {
+Table jsonTable(std::string_view json, Cancel cancel) {
     constexpr std::size_t mostColumns = 500;
     if (json.starts_with("\xEF\xBB\xBF")) json.remove_prefix(3);
     dom::parser parser;
@@ -61,6 +61,7 @@ Table jsonTable(std::string_view json) {
     std::map<std::string, std::size_t, std::less<>> places;
     std::size_t cells = 0;
     for (const dom::element item : *list) {
+        stopIf(cancel);
         dom::object object;
         dom::array values;
         Table::Row row{table.rows.size() + 1, {}};

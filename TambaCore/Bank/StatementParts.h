@@ -22,11 +22,16 @@ namespace tamba::BankImport {
 /// No statement has more; what has is refused before it fills the memory.
 inline constexpr std::size_t maximumBytes = 64'000'000, maximumCells = 30'000'000;
 
+using Cancel = const std::atomic<bool>*;
+inline void stopIf(Cancel cancel) {
+    if (cancel && *cancel) throw Cancelled();
+}
+
 // Tables out of bytes; each throws ImportError when the bytes hold none.
-[[nodiscard]] Table textTable(std::string text);
-[[nodiscard]] Table htmlTable(std::string_view html);
-[[nodiscard]] Table jsonTable(std::string_view json);
-[[nodiscard]] Table workbookTable(std::string_view bytes);
+[[nodiscard]] Table textTable(std::string text, Cancel cancel);
+[[nodiscard]] Table htmlTable(std::string_view html, Cancel cancel);
+[[nodiscard]] Table jsonTable(std::string_view json, Cancel cancel);
+[[nodiscard]] Table workbookTable(std::string_view bytes, Cancel cancel);
 
 /// Cells of one spelling: lower case, one blank between words, none around "/".
 [[nodiscard]] std::vector<std::string> titles(const std::vector<std::string>& cells);

@@ -118,8 +118,12 @@ private:
 /// whole file.
 class RowReader {
 public:
-    RowReader(const Table& table, const Columns& columns, DateOrder order, const Currency& currency)
-        : table_(table), columns_(columns), currency_(currency), begin_(columns.header ? *columns.header + 1 : 0) {
+    RowReader(const Table& table, const Columns& columns, DateOrder order, const Currency& currency, Cancel cancel)
+        : table_(table),
+          columns_(columns),
+          currency_(currency),
+          cancel_(cancel),
+          begin_(columns.header ? *columns.header + 1 : 0) {
         parsed_.format = table.format;
         parsed_.notes = table.notes;
         parsed_.columns = columns;
@@ -169,8 +173,10 @@ private:
 
     void readDates() {
         dates_.resize(table_.rows.size() - begin_);
-        for (std::size_t r = begin_; r < table_.rows.size(); ++r)
+        for (std::size_t r = begin_; r < table_.rows.size(); ++r) {
+            stopIf(cancel_);
             dates_[r - begin_] = dateCell(cell(table_.rows[r], Role::date), parsed_.order);
+        }
         ChosenOrder chosen = chooseOrder(dates_, parsed_.order);
         parsed_.order = chosen.order;
         parsed_.orderReason = std::move(chosen.reason);
@@ -199,6 +205,7 @@ private:
         leavesOutBlanks_ = narrow * 3 > all;
         amounts_.resize(dates_.size());
         for (std::size_t r = begin_; r < table_.rows.size(); ++r) {
+            stopIf(cancel_);
             if (dates_[r - begin_].kind == DateCell::Kind::none) continue;
             const Table::Row& row = table_.rows[r];
             amounts_[r - begin_] = {read(row, Role::debit), read(row, Role::credit), read(row, Role::amount)};
@@ -248,6 +255,7 @@ private:
     }
 
     void row(std::size_t r) {
+        stopIf(cancel_);
         const Table::Row& row = table_.rows[r];
         const auto filled = static_cast<std::size_t>(
             std::count_if(row.cells.begin(), row.cells.end(), [](const auto& c) { return !isBlank(c); }));
@@ -533,6 +541,7 @@ private:
     const Table& table_;
     const Columns& columns_;
     const Currency& currency_;
+    Cancel cancel_;
     std::size_t begin_;
     std::vector<std::string> titles_;
     std::vector<DateCell> dates_;   // of the rows from begin_ on
@@ -553,12 +562,12 @@ private:
 
 }  // namespace
 
-Parsed interpret(const Table& table, const Columns& columns, DateOrder order, const Currency& currency) {
+Parsed interpret(const Table& table, const Columns& columns, DateOrder order, const Currency& currency, Cancel cancel) {
     if (!columns[Role::date]) throw ImportError(ImportError::Code::columns, "date");
     if (!columns[Role::debit] && !columns[Role::credit] && !columns[Role::amount])
         throw ImportError(ImportError::Code::columns, "amount");
     if (columns.header && *columns.header >= table.rows.size()) fatal("the header is no row of the table");
-    return RowReader(table, columns, order, currency).read();
+    return RowReader(table, columns, order, currency, cancel).read();
 }
 
 }  // namespace tamba::BankImport

@@ -32,7 +32,7 @@ bool isWanted(const std::string& name) {
            name == "xl/styles.xml" || (name.starts_with("xl/worksheets/") && name.ends_with(".xml"));
 }
 
-Parts unpacked(std::string_view bytes) {
+Parts unpacked(std::string_view bytes, Cancel cancel) {
     const std::unique_ptr<archive, decltype(&archive_read_free)> reader(archive_read_new(), &archive_read_free);
     archive_read_support_format_zip(reader.get());
     if (archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK)
@@ -53,6 +53,7 @@ Parts unpacked(std::string_view bytes) {
         std::string& part = parts[name];
         char block[65'536];
         while (true) {
+            stopIf(cancel);
             const la_ssize_t read = archive_read_data(reader.get(), block, sizeof block);
             if (read == 0) break;
             if (read < 0) refuse(ImportError::Code::unknownFormat);
@@ -226,8 +227,8 @@ std::optional<std::size_t> columnOf(std::string_view reference) {
 
 class SheetReader {
 public:
-    SheetReader(Parts& parts, bool from1904)
-        : strings_(sharedStrings(parts)), dates_(dateStyles(parts)), from1904_(from1904) {}
+    SheetReader(Parts& parts, bool from1904, Cancel cancel)
+        : strings_(sharedStrings(parts)), dates_(dateStyles(parts)), from1904_(from1904), cancel_(cancel) {}
 
     Table read(std::string& xml) {
         pugi::xml_document document;
@@ -235,6 +236,7 @@ public:
         Table table{"XLSX", {}, {}};
         std::size_t number = 0;
         for (const pugi::xml_node row : child(document.document_element(), "sheetData").children()) {
+            stopIf(cancel_);
             if (localName(row) != "row") continue;
             number = row.attribute("r") ? row.attribute("r").as_uint() : number + 1;
             if (table.rows.size() >= maximumRows) refuse(ImportError::Code::tooLarge);
@@ -285,6 +287,7 @@ private:
     std::vector<std::string> strings_;
     std::vector<bool> dates_;
     bool from1904_;
+    Cancel cancel_;
     std::size_t text_ = 0;
 };
 
@@ -323,13 +326,13 @@ bool isStatement(const Table& table) {
 
 }  // namespace
 
-Table workbookTable(std::string_view bytes) {
-    Parts parts = unpacked(bytes);
+Table workbookTable(std::string_view bytes, Cancel cancel) {
+    Parts parts = unpacked(bytes, cancel);
     pugi::xml_document document;
     load(document, parts["xl/workbook.xml"]);
     const pugi::xml_node workbook = document.document_element();
     const bool from1904 = child(workbook, "workbookPr").attribute("date1904").as_bool();
-    SheetReader reader(parts, from1904);
+    SheetReader reader(parts, from1904, cancel);
     std::optional<Table> first, statement;
     int others = 0;
     for (const std::string& name : sheetParts(parts, workbook)) {

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 #include <simdjson.h>
 
+#include <atomic>
 #include <fstream>
+#include <map>
 
 /// Every file of tests/data/statements against expected.json beside it, which was worked out by hand.
 namespace tamba {
@@ -192,6 +194,25 @@ TEST(StatementFiles, areBounded) {
     EXPECT_EQ(BankImport::ofx(deep, Currency::inr()).transactions.at(0).text, "&a;&amp;");
     EXPECT_THROW((void)BankImport::gridoJSON(std::string(100'000, '['), DateOrder::dmy, Currency::inr()),
                  BankImport::ImportError);
+}
+
+TEST(StatementFiles, areLeftWhenSomebodyCancels) {
+    const std::atomic<bool> cancelled = true;
+    std::map<std::string, int> left;  // by kind of file
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        try {
+            (void)BankImport::read(entry.path(), DateOrder::dmy, Currency::inr(), &cancelled);
+            ADD_FAILURE() << entry.path();
+        } catch (const BankImport::Cancelled&) {
+            ++left[entry.path().extension()];
+        } catch (const BankImport::ImportError&) {
+        }
+    }
+    for (const char* kind : {".csv", ".ofx", ".qif", ".json", ".xlsx", ".xls"}) EXPECT_GT(left[kind], 0) << kind;
+    const auto table = BankImport::table(written(grid()), "a.csv");
+    const auto columns = BankImport::recognise(*table);
+    EXPECT_THROW((void)BankImport::interpret(*table, columns, DateOrder::dmy, Currency::inr(), &cancelled),
+                 BankImport::Cancelled);
 }
 
 TEST(StatementFiles, thatCannotBeOpenedSayWhy) {
