@@ -1,9 +1,11 @@
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Numbering.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/GSTFigures.h"
 #include "TambaCore/Reports/GSTReturns.h"
 #include "TambaCore/Reports/GSTRules.h"
+#include "TambaCore/Reports/ReportTables.h"
 #include "tests/support/RandomBooks.h"
 
 #include <algorithm>
@@ -150,6 +152,30 @@ TEST(GSTReturns, writeTheWorkedMonthForThePortal) {
     EXPECT_EQ(summary.setOff.cash, (TaxSplit{900'000, 900'000, 2'109'000, 0}));
     for (const Problem& problem : problems(library, outward))
         EXPECT_EQ(problem.severity, Problem::Severity::look) << problem.sentence;
+}
+
+TEST(GSTReturns, writeTheSheetsOfTheOfflineTool) {
+    const auto text = [](const Library& library, const Period& period) {
+        std::string all;
+        for (const auto& section : ReportTables::gstr1Sections(gstr1(library, period)))
+            all += section.fileName + "\n" + Text::replaceAll(section.csv.text(), "\r\n", "\n");
+        return all;
+    };
+    EXPECT_EQ(text(workedMonth(), october), Files::read(std::string(TEST_DATA) + "/gst/sections-102026.csv"));
+
+    // September has three letters, four places their own spelling, and before May 2025 there was one HSN sheet.
+    Library library = seller();
+    const UUID large = invoice(library, {2024, 9, 5}, {"", "31"}, interState, {software(20'000'000)});
+    creditNote(library, {2024, 9, 6}, {"", "31"}, interState, {software(100)}, large);
+    creditNote(library, {2024, 9, 7}, {}, exportLUT, {software(100)});
+    invoice(library, {2024, 9, 8}, {zone, "26"}, sezWithIGST, {software(100'00)});
+    const std::string old = text(library, Period::month({2024, 9, 1}));
+    for (const char* row :
+         {",05-Sep-2024,236000.00,31-Lakshdweep,,18,", "\nB2CL,CN/26-27/002,06-Sep-2024,C,31-Lakshdweep,",
+          "\nEXPWOP,CN/26-27/003,07-Sep-2024,C,,1.00,,18,1.00,0.00\n", "\nhsn.csv\n",
+          ",26-Dadra & Nagar Haveli & Daman & Diu,N,,SEZ supplies with payment,,18,100.00,0.00\n"})
+        EXPECT_NE(old.find(row), old.npos) << row << " in\n" << old;
+    EXPECT_EQ(old.find("hsn(b2c)"), old.npos);
 }
 
 TEST(GSTReturns, useCreditInTheOrderOfTheLaw) {
