@@ -9,7 +9,8 @@
 ///     Fixtures::write(LibraryStore(folder), Day::today());   // tamba-cli sample DIR
 namespace tamba::Fixtures {
 
-/// The fourteen months before `today`. The receipts' paths are those that `write` files them under.
+/// The last whole financial year and this one up to `today`. The receipts' paths are those that `write` files them
+/// under.
 [[nodiscard]] Library library(Day today);
 /// The same, with its receipts made and filed, saved in the store's folder, which is to be empty. Throws `StoreError`.
 void write(const LibraryStore& store, Day today);

@@ -2,16 +2,17 @@
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Documents/Recurring.h"
-#include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Fixtures.h"
 #include "TambaCore/Fixtures/Blank.h"
 #include "TambaCore/Fixtures/Logo.h"
 #include "TambaCore/Fixtures/Spending.h"
+#include "TambaCore/Fixtures/Statements.h"
 #include "TambaCore/Fixtures/Trade.h"
 #include "TambaCore/Receipts/ReceiptParser.h"
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace tamba::Fixtures {
 
@@ -27,20 +28,22 @@ public:
     /// Files a receipt's bytes under a name and gives the path in the books.
     using Filing = std::function<std::string(const std::function<std::string()>& bytes, const std::string& name, Day)>;
 
-    Maker(Day today, Filing filing) : today_(today), filing_(std::move(filing)) {}
+    Maker(Day today, Filing filing)
+        : today_(today), start_(today.financialYear(4).previous().start()), filing_(std::move(filing)) {}
 
     Library make() {
         begin();
         parties();
-        for (const Spend& spend : spending()) purchase(spend, today_.addingDays(-spend.daysAgo));
-        subscriptions();
-        for (const Trip& trip : trips()) mileage(trip);
+        for (const Spend& spend : spending())
+            if (const Day date = today_.addingDays(-spend.daysAgo); date >= start_) purchase(spend, date);
+        for (const Subscription& subscription : subscriptions()) repeated(subscription);
+        for (const Trip& trip : trips())
+            if (today_.addingDays(-trip.daysAgo) >= start_) mileage(trip);
         attention();
         library_.expenses.sort([](const Expense& a, const Expense& b) { return a.date < b.date; });
         pausedCampaign();
-        library_ = withTrade(std::move(library_), dice_, today_);
-        statement();
-        return std::move(library_);
+        Traded traded = withTrade(std::move(library_), dice_, start_, today_);
+        return withStatements(std::move(traded.library), traded.receipts, dice_, start_, today_);
     }
 
 private:
@@ -82,6 +85,8 @@ private:
         business.logoFile = logoFile;
         business.signatory = "Mrunal Deshpande";
         business.terms = "Payment within 15 days of the invoice date.";
+        library_.categories.append({dice_.id(), "Salaries", "person.2", "3F6E5A", false, {}});
+        library_.accounts.append({dice_.id(), "Dollar account (EEFC)", "USD", {}});
         library_.rates = {{"USD", 86'400'000, today_.addingDays(-4), {}},
                           {"EUR", 93'750'000, today_.addingDays(-30), {}}};
     }
@@ -114,13 +119,23 @@ private:
         library_.clients.update(3, [](Client& client) { client.sez = true; });
         client("Sahyadri Trails", "Pooja Naik", "Mahabaleshwar 412806", "27", "");
         client("Nordlicht Studio GmbH", "Jonas Weber", "Große Elbstraße 9\n22767 Hamburg", "", "", "DE", "EUR");
-        library_.clients.update(5, [](Client& client) { client.dueDays = 30; });
+        const UUID hirkani =
+            client("Hirkani Dairy Farms LLP", "Vasudha Shinde", "MIDC, Baramati 413133", "27", "AAJFH8826P").id;
+        client("Deepmala Ceramics Pvt Ltd", "Chirag Mehta", "Lati Plot, Morbi 363641", "24", "AAHCD3304N");
+        client("Rose Garden Books", "Farah Irani", "Camp, Pune 411001", "27", "");
+        library_.clients.update(8, [](Client& client) { client.archived = true; });
+        // One digit of their GSTIN was mistyped, which only its last character gives away.
+        client("Kaveri Handlooms", "Meena Iyer", "Gandhi Road, Kanchipuram 631501", "33", "AARFK6159B");
+        library_.clients.update(9, [](Client& client) { std::swap(client.taxID[7], client.taxID[8]); });
+        for (const std::size_t slow : {0U, 2U, 5U, 6U})
+            library_.clients.update(slow, [](Client& client) { client.dueDays = 30; });
         const auto project = [&](const char* name, std::optional<UUID> client, bool archived) {
             library_.projects.append({dice_.id(), name, client, archived, {}});
         };
         project("Monsoon Tea packaging", monsoon, false);
         project("Terracotta website", terracotta, false);
         project("Bluebottle dashboard", bluebottle, false);
+        project("Hirkani cartons", hirkani, false);
         project("Studio portfolio", std::nullopt, false);
         project("Trail maps", library_.clients[4].id, true);
         const auto rule = [&](const char* contains, const char* name, const char* vendor) {
@@ -161,7 +176,8 @@ private:
         if (bill.currency != "INR") return bill;
         // A hotel's service is supplied where it stands (IGST Act 2017, section 12(3)).
         const bool here = !shop.state || library_.business.stateCode == shop.state || spend.shop == &Shops::hotel;
-        return Receipts::taxed(bill, spend.taxBP, here ? SupplyType::intraState : SupplyType::interState);
+        const int taxBP = spend.taxBP == 1200 && date >= Day{2025, 9, 22} ? 500 : spend.taxBP;
+        return Receipts::taxed(bill, taxBP, here ? SupplyType::intraState : SupplyType::interState);
     }
 
     void purchase(const Spend& spend, Day date, std::optional<UUID> recurring = std::nullopt) {
@@ -218,94 +234,31 @@ private:
         }
     }
 
-    /// The latest day of that number in a month that is not after today.
-    [[nodiscard]] Day latest(int dayOfMonth) const {
-        const Day day = today_.firstOfMonth().addingDays(dayOfMonth - 1);
-        return day <= today_ ? day : day.addingMonths(-1);
+    [[nodiscard]] static Day inMonth(Day month, int dayOfMonth) {
+        return Recurring::nextDate(Frequency::monthly, month.addingMonths(-1), dayOfMonth);
     }
-    struct Subscription {
-        Spend spend;  ///< its `daysAgo` is not used
-        int dayOfMonth, monthsApart, times, receipts;
-        bool planned;  ///< kept as a recurring expense
-    };
-    void subscriptions() {
-        using namespace Shops;
-        const Subscription all[] = {
-            {{0,
-              &landlord,
-              "Rent & utilities",
-              {{"Desk and meeting room, one month", 1, 1400000, "997212"}},
-              1800,
-              PaymentMethod::bank,
-              Paper::invoice},
-             1,
-             1,
-             14,
-             1,
-             true},
-            {{0,
-              &domains,
-              "Software & subscriptions",
-              {{"Web hosting, one month", 1, 59900, "998315"}},
-              1800,
-              card,
-              Paper::none},
-             5,
-             1,
-             8,
-             0,
-             true},
-            {{0,
-              &pixelgrove,
-              "Software & subscriptions",
-              {{"Pixelgrove Pro, monthly plan", 1, 2400}},
-              0,
-              card,
-              Paper::invoice},
-             9,
-             1,
-             9,
-             2,
-             true},
-            {{0, &mobile, "Internet & phone", {{"Postpaid plan 499", 1, 49900, "998413"}}, 1800, card, Paper::invoice},
-             14,
-             3,
-             4,
-             2,
-             false},
-            {{0,
-              &broadband,
-              "Internet & phone",
-              {{"Fibre 200 Mbit/s, one quarter", 1, 299700, "998422"}},
-              1800,
-              upi,
-              Paper::invoice},
-             20,
-             3,
-             4,
-             1,
-             false}};
-        for (const Subscription& plan : all) {
-            const Day last = latest(plan.dayOfMonth);
-            std::optional<UUID> id;
-            if (plan.planned) id = dice_.id();
-            for (int n = plan.times - 1; n >= 0; --n) {
-                Spend spend = plan.spend;
-                if (n >= plan.receipts) spend.paper = Paper::none;
-                purchase(spend, last.addingMonths(-std::int64_t{n} * plan.monthsApart), id);
-            }
-            if (!plan.planned) continue;
-            RecurringExpense recurring;
-            recurring.id = *id;
-            recurring.template_ = library_.expenses.back();
-            recurring.template_.id = dice_.id();
-            recurring.template_.attachments.clear();
-            recurring.template_.ocrText.reset();
-            recurring.template_.recurringID.reset();
-            recurring.anchorDay = plan.dayOfMonth;
-            recurring.nextDate = last.addingMonths(plan.monthsApart);
-            library_.recurring.append(std::move(recurring));
+    void repeated(const Subscription& subscription) {
+        std::vector<Day> days;
+        for (Day month = start_; month <= today_; month = month.addingMonths(subscription.monthsApart))
+            if (const Day day = inMonth(month, subscription.dayOfMonth); day <= today_) days.push_back(day);
+        std::optional<UUID> id;
+        if (subscription.planned) id = dice_.id();
+        for (std::size_t i = 0; i < days.size(); ++i) {
+            Spend spend = subscription.spend;
+            if (i + static_cast<std::size_t>(subscription.receipts) < days.size()) spend.paper = Paper::none;
+            purchase(spend, days[i], id);
         }
+        if (!id) return;
+        RecurringExpense recurring;
+        recurring.id = *id;
+        recurring.template_ = library_.expenses.back();
+        recurring.template_.id = dice_.id();
+        recurring.template_.attachments.clear();
+        recurring.template_.ocrText.reset();
+        recurring.template_.recurringID.reset();
+        recurring.anchorDay = subscription.dayOfMonth;
+        recurring.nextDate = Recurring::nextDate(Frequency::monthly, days.back(), subscription.dayOfMonth);
+        library_.recurring.append(std::move(recurring));
     }
 
     /// Advertising that came every month and is on hold.
@@ -344,71 +297,7 @@ private:
                     i, [](Expense& expense) { expense.check = sentence(Doubt::totalWithoutKeyword); });
     }
 
-    /// Half a year of the current account: what was paid through it, some of it matched, some waiting.
-    void statement() {
-        const Day from = today_.addingMonths(-6);
-        std::vector<BankTransaction> lines;
-        const auto add = [&](Day date, std::string text, std::int64_t amount) -> BankTransaction& {
-            BankTransaction line;
-            line.id = dice_.id();
-            line.accountID = library_.accounts.front().id;
-            line.date = date;
-            line.text = std::move(text);
-            line.amount = amount;
-            line.source = "statement-" + date.monthKey() + ".csv";
-            lines.push_back(std::move(line));
-            return lines.back();
-        };
-        const auto reference = [&] { return std::to_string(400000000000 + dice_.below(99999999999)); };
-        int passed = 0;
-        for (std::size_t i = 0; i < library_.expenses.size(); ++i) {
-            const Expense& expense = library_.expenses[i];
-            const bool transfer = expense.method == bank;
-            if (expense.date < from || expense.currency != "INR" || !(transfer || expense.method == upi)) continue;
-            const std::string who = Text::upper(expense.vendor);
-            BankTransaction& line = add(expense.date, (transfer ? "NEFT DR-" : "UPI/DR/") + reference() + "/" + who,
-                                        Checked::neg(expense.amount));
-            if (++passed % 4 == 0) continue;  // left for the user to match
-            line.expenseID = expense.id;
-            const UUID id = line.id;
-            library_.expenses.update(i, [&](Expense& paid) { paid.bankTxnID = id; });
-        }
-        for (std::size_t i = 0; i < library_.documents.size(); ++i) {
-            const Document invoice = library_.documents[i];
-            for (std::size_t n = 0; n < invoice.payments.size(); ++n) {
-                const Payment& payment = invoice.payments[n];
-                if (payment.date < from) continue;
-                const auto received = Books::inHomeCurrency(library_, invoice, payment.amount);
-                const char* way = payment.method == upi ? "UPI/CR/" : "NEFT CR-";
-                BankTransaction& line =
-                    add(payment.date, way + payment.reference + "-" + Text::upper(invoice.billTo->name),
-                        received.value_or(0));
-                line.invoiceID = invoice.id;
-                line.paymentID = payment.id;
-                line.reference = payment.reference;
-                const UUID id = line.id;
-                library_.documents.update(i, [&](Document& paid) { paid.payments[n].bankTxnID = id; });
-            }
-        }
-        // A payment that came in and waits to be matched.
-        for (const Document& invoice : library_.documents)
-            if (invoice.kind == DocKind::invoice && Books::status(library_, invoice, today_) == DocStatus::sent)
-                add(today_.addingDays(-1), "UPI/CR/" + reference() + "/" + Text::upper(invoice.billTo->name),
-                    Books::balance(library_, invoice));
-        add(today_.addingDays(-33), "ATM WDL CASH DECCAN PUNE", -500000).ignored = true;
-        add(today_.addingDays(-21), "INT.PD HALF YEARLY", 41200);
-        add(today_.addingDays(-3), "UPI/DR/" + reference() + "/GULLAK TEA", -6000);
-        std::stable_sort(lines.begin(), lines.end(),
-                         [](const BankTransaction& a, const BankTransaction& b) { return a.date < b.date; });
-        std::int64_t balance = 18'500'000;
-        for (BankTransaction& line : lines) {
-            balance = Checked::add(balance, line.amount);
-            line.balance = balance;
-            library_.transactions.append(std::move(line));
-        }
-    }
-
-    Day today_;
+    Day today_, start_;
     Filing filing_;
     Dice dice_{std::string_view("Halad & Ink Studio")};
     Library library_;

@@ -98,5 +98,14 @@ inline constexpr Shop adverts{
     "Dindi Ads Pvt Ltd", "Bandra Kurla Road, Mumbai 400051", "hello@dindiads.example", "27", "AAFCD6619S", "B2577A"};
 inline constexpr Shop godavari{"Godavari Sahakari Bank", "Deccan branch, Pune 411004", "", "27", "AAAJG0424H"};
 
+inline constexpr Shop framer{"Sawali Framing Works", "Narayan Peth, Pune 411030", "Ph: 020 5550 0167"};
+inline constexpr Shop insurer{
+    "Kavach General Insurance Ltd", "Fort, Mumbai 400001", "policy@kavach.example", "27", "AAECK5518Q", "6B6B6B"};
+inline constexpr Shop illustrator{"Nilima Joshi", "Erandwane, Pune 411004", "nilima@joshi.example"};
+inline constexpr Shop developer{"Tarkash Code Works LLP", "Viman Nagar, Pune 411014", "hello@tarkash.example", "27",
+                                "AAUFT2290H"};
+inline constexpr Shop esha{"Esha Kulkarni", "Kothrud, Pune 411038", ""};
+inline constexpr Shop rohan{"Rohan Pawar", "Aundh, Pune 411007", ""};
+
 }  // namespace Shops
 }  // namespace tamba::Fixtures

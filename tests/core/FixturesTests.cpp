@@ -1,3 +1,5 @@
+#include "TambaCore/Bank/Matcher.h"
+#include "TambaCore/Bank/Matching.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Documents/Standing.h"
@@ -8,6 +10,10 @@
 #include "TambaCore/Receipts/EmailReceipt.h"
 #include "TambaCore/Receipts/ReceiptExpense.h"
 #include "TambaCore/Receipts/Receipts.h"
+#include "TambaCore/Reports/Breakdowns.h"
+#include "TambaCore/Reports/GSTReturns.h"
+#include "TambaCore/Reports/Reports.h"
+#include "TambaCore/Reports/TDS.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -73,19 +79,22 @@ TEST(Fixtures, writesBooksThatAreInOrderWithEveryReceipt) {
         EXPECT_EQ(filed.currency, expense.currency);
         EXPECT_THAT(guess.doubts, ::testing::IsEmpty());
     }
-    EXPECT_GE(withReceipt, 25);
-    EXPECT_GE(read, 12);
+    EXPECT_GE(withReceipt, 40);
+    EXPECT_GE(read, 20);
 }
 
-TEST(Fixtures, coverFourteenMonthsBeforeWhateverDay) {
+/// In the middle of a year, on its first and last days, and on a leap day.
+constexpr Day someDays[] = {today, {2027, 1, 1}, {2027, 3, 31}, {2027, 4, 1}, {2028, 2, 29}};
+
+TEST(Fixtures, coverTwoFinancialYearsUpToWhateverDay) {
     const TemporaryFolder folder;
-    for (const Day day : {Day{2026, 11, 21}, Day{2027, 1, 1}, Day{2027, 3, 31}, Day{2028, 2, 29}}) {
+    for (const Day day : someDays) {
         SCOPED_TRACE(day.iso());
         const Library library = Fixtures::library(day);
-        EXPECT_GE(library.expenses.size(), 60U);
+        const FinancialYear last = library.fy(day).previous();
         EXPECT_TRUE(std::is_sorted(library.expenses.begin(), library.expenses.end(),
                                    [](const Expense& a, const Expense& b) { return a.date < b.date; }));
-        EXPECT_GE(library.expenses.front().date, day.addingMonths(-15));
+        EXPECT_EQ(library.fy(library.expenses.front().date), last);
         EXPECT_LE(library.expenses.back().date, day);
         for (const RecurringExpense& recurring : library.recurring)
             EXPECT_TRUE(recurring.paused || recurring.nextDate > day) << recurring.template_.vendor;
@@ -93,6 +102,20 @@ TEST(Fixtures, coverFourteenMonthsBeforeWhateverDay) {
         for (const auto& problem : LibraryCheck::check(library, LibraryStore(folder.path())).problems)
             if (problem.kind != LibraryCheck::Kind::missingFile) other.push_back(problem.sentence);
         EXPECT_THAT(other, ::testing::IsEmpty());
+
+        const Reports reports{library, day};
+        for (const MonthRow& month : reports.months(IncomeBasis::accrual, last)) {
+            EXPECT_GT(month.income, 0) << month.month.iso();
+            EXPECT_GE(month.expenseIDs.size(), 7U) << month.month.iso();
+        }
+        EXPECT_GE(reports.byCategory(Period::fy(last)).size(), 11U);
+        EXPECT_GE(reports.byClient(Period::fy(last)).size(), 7U);
+        EXPECT_GT(reports.income(IncomeBasis::cash, Period::fy(last)), reports.spending(Period::fy(last)));
+        EXPECT_GE(TDS::year(library, last.startYear).clients.size(), 3U);
+        int projects = 0;
+        for (const auto& project : Breakdowns::projects(library, {last.start(), day}))
+            projects += project.projectID && project.income > 0 && project.expenses > 0 ? 1 : 0;
+        EXPECT_GE(projects, 4);
     }
 }
 
@@ -102,14 +125,19 @@ TEST(Fixtures, showWhatBooksCanHold) {
         return std::count_if(library.expenses.begin(), library.expenses.end(), holds);
     };
     EXPECT_TRUE(GSTIN::isValid(library.business.taxID));
-    EXPECT_GE(count([](const Expense& e) { return e.kind == ExpenseKind::mileage; }), 3);
-    EXPECT_GE(count([](const Expense& e) { return e.currency != "INR" && e.rateMicros != 0; }), 5);
-    EXPECT_GE(count([](const Expense& e) { return e.billable && e.clientID; }), 4);
-    EXPECT_GE(count([](const Expense& e) { return e.taxSplit.igst != 0; }), 3);
+    EXPECT_GE(count([](const Expense& e) { return e.kind == ExpenseKind::mileage; }), 8);
+    EXPECT_GE(count([](const Expense& e) { return e.currency != "INR" && e.rateMicros != 0; }), 15);
+    EXPECT_GE(count([](const Expense& e) { return e.taxSplit.igst != 0; }), 5);
     EXPECT_GE(count([](const Expense& e) { return !e.categoryID; }), 1);
     EXPECT_EQ(count([](const Expense& e) { return e.rateMicros == 0; }), 1);
     EXPECT_EQ(count([](const Expense& e) { return e.check.has_value(); }), 1);
     EXPECT_GE(count([&](const Expense& e) { return Expenses::attention(library, e).has_value(); }), 3);
+    EXPECT_GE(count([](const Expense& e) { return e.rebilledInvoiceID.has_value(); }), 4);
+    EXPECT_GE(Reports(library, today).unbilled().size(), 4U);
+    EXPECT_EQ(std::count_if(library.recurring.begin(), library.recurring.end(),
+                            [](const RecurringExpense& r) { return r.paused; }),
+              1);
+    EXPECT_GE(library.recurring.size(), 5U);
     for (const Expense& expense : library.expenses) {
         EXPECT_EQ(expense.tax, expense.taxSplit.total()) << expense.vendor;
         EXPECT_TRUE(expense.vendorTaxID.empty() || GSTIN::isValid(expense.vendorTaxID)) << expense.vendor;
@@ -117,14 +145,15 @@ TEST(Fixtures, showWhatBooksCanHold) {
 }
 
 TEST(Fixtures, showEveryStateOfADocument) {
-    for (const Day day : {Day{2026, 11, 21}, Day{2027, 4, 3}}) {
+    for (const Day day : someDays) {
         SCOPED_TRACE(day.iso());
         const Library library = Fixtures::library(day);
-        std::map<std::pair<DocKind, DocStatus>, int> found;
+        std::set<std::string> found;
         std::set<SupplyType> supplies;
         std::map<std::string, Day> lastOfPeriod;
         for (const Document& document : library.documents) {
-            ++found[{document.kind, Books::status(library, document, day)}];
+            found.insert(std::string(Books::title(document.kind)) + ": " +
+                         std::string(Books::title(Books::status(library, document, day))));
             supplies.insert(document.supply);
             EXPECT_LE(document.issueDate, day);
             if (!document.number) continue;
@@ -132,53 +161,100 @@ TEST(Fixtures, showEveryStateOfADocument) {
             EXPECT_LE(last, document.issueDate) << *document.number << ": numbers follow the dates";
             last = document.issueDate;
         }
-        using enum DocKind;
-        using enum DocStatus;
-        using Kinds = std::map<std::pair<DocKind, DocStatus>, int>;
-        EXPECT_EQ(found, (Kinds{{{invoice, DocStatus::draft}, 1},
-                                {{invoice, sent}, 1},
-                                {{invoice, partial}, 1},
-                                {{invoice, DocStatus::paid}, 6},
-                                {{invoice, overdue}, 2},
-                                {{invoice, void_}, 1},
-                                {{estimate, sent}, 1},
-                                {{estimate, accepted}, 1},
-                                {{estimate, declined}, 1},
-                                {{estimate, converted}, 1},
-                                {{estimate, expired}, 1},
-                                {{creditNote, applied}, 1}}));
+        EXPECT_THAT(
+            found, ::testing::UnorderedElementsAre("Invoice: Draft", "Invoice: Sent", "Invoice: Part paid",
+                                                   "Invoice: Paid", "Invoice: Overdue", "Invoice: Void",
+                                                   "Estimate: Sent", "Estimate: Accepted", "Estimate: Declined",
+                                                   "Estimate: Converted", "Estimate: Expired", "Credit note: Applied"));
         EXPECT_THAT(supplies, ::testing::IsSupersetOf({SupplyType::intraState, SupplyType::interState,
                                                        SupplyType::exportLUT, SupplyType::sezLUT}));
-        const auto counted = [](const auto& list, auto&& holds) {
-            return std::count_if(list.begin(), list.end(), holds);
-        };
-        EXPECT_EQ(counted(library.expenses, [](const Expense& e) { return e.rebilledInvoiceID.has_value(); }), 2);
-        EXPECT_GE(counted(library.expenses, [](const Expense& e) { return e.billable && !e.rebilledInvoiceID; }), 4);
-        EXPECT_EQ(counted(library.recurring, [](const RecurringExpense& r) { return r.paused; }), 1);
-        EXPECT_GE(library.recurring.size(), 3U);
     }
 }
 
-TEST(Fixtures, statementBalancesRunOn) {
-    const Library library = Fixtures::library(today);
-    ASSERT_GE(library.transactions.size(), 15U);
-    for (std::size_t i = 1; i < library.transactions.size(); ++i) {
-        const BankTransaction& line = library.transactions[i];
-        EXPECT_EQ(line.balance, *library.transactions[i - 1].balance + line.amount) << line.text;
-        if (line.paymentID) {
-            const Document* invoice = library.document(*line.invoiceID);
-            ASSERT_TRUE(invoice);
-            const auto payment = std::find_if(invoice->payments.begin(), invoice->payments.end(),
-                                              [&](const Payment& one) { return one.id == line.paymentID; });
-            ASSERT_NE(payment, invoice->payments.end());
-            EXPECT_EQ(payment->bankTxnID, line.id);
-            EXPECT_EQ(Books::inHomeCurrency(library, *invoice, payment->amount), line.amount) << line.text;
+TEST(Fixtures, holdTwoThingsToLookAtBeforeTheReturnsAreSent) {
+    for (const Day day : someDays) {
+        SCOPED_TRACE(day.iso());
+        const Library library = Fixtures::library(day);
+        std::vector<std::string> look;
+        std::size_t withoutGSTIN = 0, wrongState = 0;
+        for (Day month = library.fy(day).previous().start(); month <= day; month = month.addingMonths(1)) {
+            const auto outward = GSTReturns::gstr1(library, Period::month(month));
+            for (const auto& problem : GSTReturns::problems(library, outward)) {
+                EXPECT_EQ(problem.severity, GSTReturns::Problem::Severity::look) << problem.sentence;
+                look.push_back(problem.sentence);
+            }
+            const auto summary = GSTReturns::gstr3b(library, outward);
+            withoutGSTIN += summary.withoutGSTIN.size();
+            wrongState += summary.wrongState.size();
         }
-        if (!line.expenseID) continue;
-        const Expense* paid = library.expense(*line.expenseID);
-        ASSERT_TRUE(paid);
-        EXPECT_EQ(paid->amount, -line.amount) << line.text;
-        EXPECT_EQ(paid->bankTxnID, line.id) << line.text;
+        EXPECT_THAT(look, ::testing::UnorderedElementsAre(::testing::HasSubstr("as the client’s GSTIN"),
+                                                          ::testing::HasSubstr("is still a draft")));
+        EXPECT_LE(withoutGSTIN, 1U);
+        EXPECT_EQ(wrongState, 0U);
+    }
+}
+
+TEST(Fixtures, bothStatementsRunOnAndAreLinkedFromBothSides) {
+    for (const Day day : someDays) {
+        SCOPED_TRACE(day.iso());
+        const Library library = Fixtures::library(day);
+        std::map<UUID, std::int64_t> balances;
+        for (const BankTransaction& line : library.transactions) {
+            SCOPED_TRACE(line.text);
+            EXPECT_LE(line.date, day);
+            ASSERT_TRUE(line.accountID && line.balance);
+            const auto [before, isFirst] = balances.try_emplace(*line.accountID, *line.balance);
+            EXPECT_EQ(*line.balance, isFirst ? *line.balance : before->second + line.amount);
+            before->second = *line.balance;
+            EXPECT_GT(*line.balance, 0) << "a current account is not overdrawn";
+            if (line.paymentID) {
+                const Document* invoice = library.document(*line.invoiceID);
+                ASSERT_TRUE(invoice);
+                const auto payment = std::find_if(invoice->payments.begin(), invoice->payments.end(),
+                                                  [&](const Payment& one) { return one.id == line.paymentID; });
+                ASSERT_NE(payment, invoice->payments.end());
+                EXPECT_EQ(payment->bankTxnID, line.id);
+            }
+            if (!line.expenseID) continue;
+            const Expense* paid = library.expense(*line.expenseID);
+            ASSERT_TRUE(paid);
+            EXPECT_EQ(paid->amount, -line.amount);
+            EXPECT_EQ(paid->bankTxnID, line.id);
+            EXPECT_EQ(paid->currency, Bank::currency(library, line).code);
+            const auto name = Matcher::words(paid->vendor), read = Matcher::words(line.counterparty.value_or(""));
+            EXPECT_TRUE(std::includes(name.begin(), name.end(), read.begin(), read.end()) && !read.empty())
+                << line.counterparty.value_or("no counterparty");
+        }
+        EXPECT_EQ(balances.size(), 2U);
+    }
+}
+
+TEST(Fixtures, leaveLinesToMatchAtOnceByHandAndNotAtAll) {
+    for (const Day day : someDays) {
+        SCOPED_TRACE(day.iso());
+        const Library library = Fixtures::library(day);
+        const auto share = [](const Library& books, auto&& holds) {
+            return 100 * std::count_if(books.transactions.begin(), books.transactions.end(), holds) /
+                   static_cast<std::ptrdiff_t>(books.transactions.size());
+        };
+        const auto isOpen = [](const BankTransaction& line) { return line.isOpen(); };
+        const auto matched = share(library, [](const BankTransaction& line) { return line.isMatched(); });
+        EXPECT_TRUE(matched >= 40 && matched <= 65) << matched;
+        const auto open = share(library, isOpen);
+        EXPECT_TRUE(open >= 20 && open <= 40) << open;
+
+        const auto [after, obvious] = Bank::autoMatch(library);
+        int byHand = 0, unknown = 0, clients = 0;
+        for (const BankTransaction& line : after.transactions) {
+            if (!line.isOpen()) continue;
+            const bool found = !Matcher::suggestions(line, after, Matcher::listDays).empty();
+            ++(found ? byHand : unknown);
+            if (found && line.amount > 0) ++clients;
+        }
+        EXPECT_GT(obvious, byHand + unknown) << "most are obvious";
+        EXPECT_GE(byHand, 2);
+        EXPECT_GE(clients, 1) << "less the tax that the client kept back";
+        EXPECT_GE(unknown, 4);
     }
 }
 
