@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// The commands, one function each. The files named …Words.cpp read the words of the command line and call one of them;
@@ -36,6 +37,8 @@ struct Context {
 [[nodiscard]] const Library& existing(const LibrarySession& session);
 /// Saves, and says on standard error when another machine's changes came in. Gives what now stands on disk.
 Library save(LibrarySession& session, const Library& library);
+/// Writes a file where the user wants it; refuses with the reason.
+void writeFile(const std::string& name, std::string_view text);
 [[nodiscard]] std::string expenseDetails(const Library& library, const Expense& expense);
 
 struct NewOptions {

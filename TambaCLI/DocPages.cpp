@@ -22,11 +22,7 @@ void write(const std::string& file, const std::string& bytes) {
         std::cout << bytes;
         return;
     }
-    try {
-        Files::writeAtomically(std::filesystem::absolute(file), bytes);
-    } catch (const FileError& error) {
-        throw Refusal("“" + oneLine(file) + "” couldn’t be written: " + error.what() + ".");
-    }
+    writeFile(file, bytes);
 }
 
 /// Who sends: the business.

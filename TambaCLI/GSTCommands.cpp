@@ -1,5 +1,4 @@
 #include "TambaCLI/ReportCommands.h"
-#include "TambaCore/Base/Files.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
 #include "TambaCore/Reports/GSTReturns.h"
@@ -55,7 +54,7 @@ std::size_t refusals(const std::vector<Problem>& problems) {
 }
 
 /// Writes the portal's file, unless the portal would refuse it.
-int writeFile(const ReturnOptions& options, const std::vector<Problem>& problems, const std::string& text) {
+int writeReturn(const ReturnOptions& options, const std::vector<Problem>& problems, const std::string& text) {
     if (const std::size_t count = refusals(problems)) {
         std::cerr << listOf(problems).substr(1) << "\n";
         throw Refusal("The portal would refuse this file for " + counted(count, "reason", "reasons") +
@@ -65,11 +64,7 @@ int writeFile(const ReturnOptions& options, const std::vector<Problem>& problems
         std::cout << text;
         return 0;
     }
-    try {
-        Files::writeAtomically(std::filesystem::absolute(options.output), text);
-    } catch (const FileError& error) {
-        throw Refusal("“" + oneLine(options.output) + "” couldn’t be written: " + error.what() + ".");
-    }
+    writeFile(options.output, text);
     std::cout << "Wrote " << oneLine(options.output) << ". Check the figures on the portal before you file.\n"
               << listOf(problems);
     return 0;
@@ -235,7 +230,7 @@ int showGSTR1(const Context& context, const ReturnOptions& options) {
     const Library& library = existing(session);
     const GSTR1 outward = gstr1(library, returnPeriod(options));
     const std::vector<Problem> found = problems(library, outward);
-    if (!options.output.empty()) return writeFile(options, found, uploadText(outward));
+    if (!options.output.empty()) return writeReturn(options, found, uploadText(outward));
     if (context.json) {
         std::cout << json(outward, found).text() << "\n";
         return refusals(found) > 0 ? 1 : 0;
@@ -259,7 +254,7 @@ int showGSTR3B(const Context& context, const ReturnOptions& options) {
     const GSTR1 outward = gstr1(library, returnPeriod(options));
     const std::vector<Problem> found = problems(library, outward);
     const GSTR3B summary = gstr3b(library, outward);
-    if (!options.output.empty()) return writeFile(options, found, uploadText(summary));
+    if (!options.output.empty()) return writeReturn(options, found, uploadText(summary));
     const SetOff& paid = summary.setOff;
     if (context.json) {
         JSON places = JSON::array();

@@ -1,5 +1,6 @@
 #include "TambaCLI/Arguments.h"
 #include "TambaCLI/Output.h"
+#include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/DocumentCheck.h"
 #include "TambaCore/Fixtures.h"
@@ -40,6 +41,14 @@ const Library& existing(const LibrarySession& session) {
         throw Refusal("There are no books in " + session.store().folder().string() +
                       " yet. “tamba-cli new” makes them.");
     return *session.loaded();
+}
+
+void writeFile(const std::string& name, std::string_view text) {
+    try {
+        Files::writeAtomically(std::filesystem::absolute(name), text);
+    } catch (const FileError& error) {
+        throw Refusal("“" + oneLine(name) + "” couldn’t be written: " + error.what() + ".");
+    }
 }
 
 Library save(LibrarySession& session, const Library& library) {

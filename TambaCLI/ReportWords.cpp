@@ -33,8 +33,8 @@ void addReportCommands(CLI::App& app, Command& c) {
         return command;
     };
     const std::string any = "2026 for the year from then, 2026-Q3, 2026-10", year = "2026 for the year from then";
-    addText(add("profit", "Income, spending and profit by month", year, reportProfit), "--basis", options.basis,
-            "What counts as income: invoices or what was received (accrual)")
+    auto* months = add("profit", "Income, spending and profit by month", year, reportProfit)->alias("months");
+    addText(months, "--basis", options.basis, "What counts as income: invoices or what was received (accrual)")
         ->check(CLI::IsMember({"accrual", "cash"}));
     add("spending", "Spending by category", any, reportSpending);
     add("clients", "Income by client", any, reportClients);

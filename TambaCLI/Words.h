@@ -72,5 +72,6 @@ void addMatchCommands(CLI::App& bank, Command& c);
 void addRuleCommands(CLI::App& app, Command& c);
 /// report, gst
 void addReportCommands(CLI::App& app, Command& c);
+void addExportCommands(CLI::App& app, Command& c);
 
 }  // namespace tamba::cli

@@ -97,6 +97,7 @@ int main(int argc, char** argv) {
     addBankCommands(app, c);
     addRuleCommands(app, c);
     addReportCommands(app, c);
+    addExportCommands(app, c);
     addBackupCommands(app, c);
 
     try {
