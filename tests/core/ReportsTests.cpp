@@ -65,34 +65,6 @@ TEST(Reports, aCreditNoteMakesItsOwnMonthNegative) {
     EXPECT_EQ(incomeIn(library, IncomeBasis::accrual, {2026, 11, 1}), -100'000);
 }
 
-TEST(Reports, cashIncomeIsTheTaxableShareOfWhatWasSettled) {
-    Library library;
-    Document paid = invoice({2026, 9, 30});
-    paid.lines[0].taxBP = 1800;
-    paid.payments = {Payment::make({2026, 10, 31}, 54'000, 5'000, PaymentMethod::bank),
-                     Payment::make({2026, 11, 1}, 59'000, 0, PaymentMethod::bank)};
-    library.documents.append(paid);
-    Document free = invoice({2026, 9, 30});
-    free.lines[0].priceMinor = 0;
-    free.payments = {Payment::make({2026, 10, 31}, 100, 0, PaymentMethod::bank)};
-    library.documents.append(free);
-    EXPECT_EQ(incomeIn(library, IncomeBasis::cash, {2026, 9, 1}), 0);
-    EXPECT_EQ(incomeIn(library, IncomeBasis::cash, {2026, 10, 1}), 50'000);
-    EXPECT_EQ(incomeIn(library, IncomeBasis::cash, {2026, 11, 1}), 50'000);
-
-    // 28,498.50 of 33,433.00 is taxable: the round-off is part of the total.
-    Document rounded = invoice({2026, 9, 30});
-    rounded.supply = SupplyType::interState;
-    rounded.roundOff = true;
-    rounded.lines = {Line::make("Design", 12'500, 240'000, 1800), Line::make("Charts", 3000, 49'950, 500)};
-    rounded.lines[0].discountBP = 1000;
-    rounded.payments = {Payment::make({2026, 10, 1}, 2'000'000, 284'985, PaymentMethod::bank),
-                        Payment::make({2026, 11, 1}, 1'058'315, 0, PaymentMethod::bank)};
-    library.documents = {rounded};
-    EXPECT_EQ(incomeIn(library, IncomeBasis::cash, {2026, 10, 1}), 1'947'736);
-    EXPECT_EQ(incomeIn(library, IncomeBasis::cash, {2026, 11, 1}), 902'114);
-}
-
 TEST(Reports, agingCountsWholeDaysPastDue) {
     const struct {
         int daysLate;
