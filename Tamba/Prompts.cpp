@@ -76,10 +76,11 @@ std::vector<Prompts::Path> DialogPrompts::statementFiles() {
     return paths;
 }
 
-std::optional<StatementEdit> DialogPrompts::statement(const Library& library, const StatementFile& file) {
-    ImportSheet sheet(&window_, library, file, Remembered::layout(file.layout));
+std::optional<StatementEdit> DialogPrompts::statement(const Library& library, StatementFile file) {
+    const std::string layout = file.layout;
+    ImportSheet sheet(&window_, library, std::move(file), Remembered::layout(layout));
     if (sheet.exec() != QDialog::Accepted) return {};
-    Remembered::setLayout(file.layout, sheet.kept());
+    Remembered::setLayout(layout, sheet.kept());
     return sheet.edit();
 }
 

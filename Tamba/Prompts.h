@@ -60,7 +60,7 @@ public:
     [[nodiscard]] virtual std::vector<Path> receiptFiles() = 0;
     [[nodiscard]] virtual std::vector<Path> statementFiles() = 0;
     /// How a statement is to come into the books.
-    [[nodiscard]] virtual std::optional<StatementEdit> statement(const Library& library, const StatementFile& file) = 0;
+    [[nodiscard]] virtual std::optional<StatementEdit> statement(const Library& library, StatementFile file) = 0;
     [[nodiscard]] virtual std::optional<Path> pictureFile() = 0;
     [[nodiscard]] virtual std::optional<Path> libraryFolder(const Path& present) = 0;
     /// Where a new file is to go; an existing one of that name may be replaced.
@@ -110,7 +110,7 @@ public:
     bool addAgain(const QStringList& files) override;
     std::vector<Path> receiptFiles() override;
     std::vector<Path> statementFiles() override;
-    std::optional<StatementEdit> statement(const Library& library, const StatementFile& file) override;
+    std::optional<StatementEdit> statement(const Library& library, StatementFile file) override;
     std::optional<Path> pictureFile() override;
     std::optional<Path> libraryFolder(const Path& present) override;
     std::optional<Path> saveFile(const QString& title, const std::string& name) override;

@@ -190,11 +190,11 @@ void Window::connectReceipts() {
 }
 
 void Window::connectStatements() {
-    connect(statements_, &StatementImport::reading, this, [this](const QString& file) {
-        strip_->show(tr("Reading %1").arg(file), 0, 0);
+    connect(statements_, &StatementImport::workBegan, this, [this](const QString& what) {
+        strip_->show(what, 0, 0);
         strip_->setCancellable(true);
     });
-    connect(statements_, &StatementImport::readingEnded, this, &Window::hideStrip);
+    connect(statements_, &StatementImport::workEnded, this, &Window::hideStrip);
     connect(strip_, &ActivityStrip::cancelled, statements_, &StatementImport::cancel);
     connect(statements_, &StatementImport::imported, this, [this](const QString& sentence) {
         toast_->show(sentence, tr("Match the Obvious Ones"), [this] {

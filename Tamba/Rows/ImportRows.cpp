@@ -104,11 +104,11 @@ std::size_t StatementFile::width() const {
     return widest;
 }
 
-StatementFile StatementFile::of(std::string bytes, std::string name) {
+StatementFile StatementFile::of(std::string bytes, std::string name, const std::atomic<bool>* cancel) {
     StatementFile file{.name = std::move(name), .bytes = {}, .table = {}, .columns = {}, .layout = {}};
-    file.table = BankImport::table(bytes, file.name);
+    file.table = BankImport::table(bytes, file.name, cancel);
     if (!file.table) {
-        (void)BankImport::parse(bytes, file.name, DateOrder::dmy, Currency::inr());
+        (void)BankImport::parse(bytes, file.name, DateOrder::dmy, Currency::inr(), cancel);
         file.bytes = std::move(bytes);
         return file;
     }
@@ -200,9 +200,10 @@ StatementReading recalled(StatementReading reading, std::string_view text, const
     return kept;
 }
 
-Parsed parsed(const StatementFile& file, const StatementReading& reading, const Currency& currency) {
-    return file.table ? BankImport::interpret(*file.table, reading.columns, reading.order, currency)
-                      : BankImport::parse(file.bytes, file.name, reading.order, currency);
+Parsed parsed(const StatementFile& file, const StatementReading& reading, const Currency& currency,
+              const std::atomic<bool>* cancel) {
+    return file.table ? BankImport::interpret(*file.table, reading.columns, reading.order, currency, cancel)
+                      : BankImport::parse(file.bytes, file.name, reading.order, currency, cancel);
 }
 
 const std::vector<ImportRow>& ImportTable::list(ImportList which) const {
@@ -218,8 +219,19 @@ const std::vector<ImportRow>& ImportTable::list(ImportList which) const {
     }
 }
 
-ImportTable importTable(const Library& library, const Parsed& parsed, const std::set<UUID>& anyway,
-                        const Currency& currency) {
+std::set<UUID> ImportTable::anyway() const {
+    std::set<UUID> ids;
+    for (const ImportRow& row : held)
+        if (row.anyway) ids.insert(row.id);
+    return ids;
+}
+
+std::size_t ImportTable::count() const {
+    return added.size() + static_cast<std::size_t>(
+                              std::count_if(held.begin(), held.end(), [](const ImportRow& row) { return row.anyway; }));
+}
+
+ImportTable importTable(const Library& library, const Parsed& parsed, const Currency& currency) {
     const auto money = [&](std::int64_t minor) { return MoneyFormat::string(minor, currency); };
     ImportTable result;
     const Bank::Added added = Bank::addTransactions(library, parsed.transactions, {});
@@ -246,7 +258,6 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const std:
             row.why = (account ? account->name + ": " : std::string()) + dayText(held) + " · " + held.text;
         } else
             row.why = "The same as row " + std::to_string(rows[equal->second]) + " of this file";
-        row.anyway = anyway.contains(line.id);
         result.held.push_back(std::move(row));
     }
     for (const auto& skipped : parsed.skippedRows) {
@@ -267,9 +278,6 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const std:
         row.why = "The balance should be " + money(one.expected) + " and is " + money(one.found) + ".";
         result.breaks.push_back(std::move(row));
     }
-    const auto ticked = static_cast<std::size_t>(
-        std::count_if(result.held.begin(), result.held.end(), [](const ImportRow& row) { return row.anyway; }));
-    result.count = result.added.size() + ticked;
     result.summary = counted(parsed.transactions.size(), "line", "lines");
     if (!result.held.empty()) result.summary += ", " + std::to_string(result.held.size()) + " already in the books";
     if (parsed.skipped > 0)

@@ -3,6 +3,7 @@
 #include "TambaCore/Bank/Bank.h"
 #include "TambaCore/Bank/BankImport.h"
 
+#include <atomic>
 #include <filesystem>
 #include <optional>
 #include <set>
@@ -25,8 +26,9 @@ struct StatementFile {
     BankImport::Columns columns;             ///< as recognised; blank where they are for a person to say
     std::string layout;                      ///< what a choice of columns is remembered by; empty without a table
 
-    /// Throws ImportError.
-    [[nodiscard]] static StatementFile of(std::string bytes, std::string name);
+    /// Throws ImportError, and Cancelled soon after another thread has set `cancel`.
+    [[nodiscard]] static StatementFile of(std::string bytes, std::string name,
+                                          const std::atomic<bool>* cancel = nullptr);
     [[nodiscard]] std::size_t width() const;  ///< columns of the table
 };
 
@@ -67,9 +69,9 @@ struct StatementReading {
 /// damaged. An account that is gone counts for nothing.
 [[nodiscard]] StatementReading recalled(StatementReading reading, std::string_view text, const StatementFile& file,
                                         const Library& library);
-/// Throws ImportError.
+/// Throws ImportError, and Cancelled.
 [[nodiscard]] BankImport::Parsed parsed(const StatementFile& file, const StatementReading& reading,
-                                        const Currency& currency);
+                                        const Currency& currency, const std::atomic<bool>* cancel = nullptr);
 
 /// The lists of the sheet.
 enum class ImportList { added, held, skipped, breaks };
@@ -77,8 +79,8 @@ enum class ImportList { added, held, skipped, breaks };
 struct ImportRow {
     UUID id;  ///< of the line; of rows without one made up from their number
     std::string row, date, text, moneyOut, moneyIn, balance;
-    std::string why;  ///< the line it equals, why it was skipped, what the balance should be
-    bool anyway = false;
+    std::string why;      ///< the line it equals, why it was skipped, what the balance should be
+    bool anyway = false;  ///< comes in although the books hold its equal
     bool operator==(const ImportRow&) const = default;
 };
 
@@ -88,13 +90,13 @@ struct ImportTable {
     /// "Opening ₹100.00 + lines ₹50.00 = closing ₹150.00"; empty where the file has no balances.
     std::string proof;
     bool closes = true;
-    std::size_t count = 0;  ///< lines that come in
 
     [[nodiscard]] const std::vector<ImportRow>& list(ImportList which) const;
+    [[nodiscard]] std::set<UUID> anyway() const;
+    [[nodiscard]] std::size_t count() const;  ///< lines that come in
 };
-/// `anyway`: lines that come in although the books hold their equal.
 [[nodiscard]] ImportTable importTable(const Library& library, const BankImport::Parsed& parsed,
-                                      const std::set<UUID>& anyway, const Currency& currency);
+                                      const Currency& currency);
 
 /// A statement as a person wants it in the books.
 struct StatementEdit {

@@ -5,6 +5,7 @@
 #include "Tamba/Widgets/ColumnChoices.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
+#include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/RowDelegate.h"
 #include "TambaCore/Base/Text.h"
 
@@ -62,8 +63,9 @@ public:
     FileModel(const BankImport::Table& table, std::size_t width, std::optional<std::size_t> header, QObject* parent)
         : QAbstractTableModel(parent), table_(table), width_(static_cast<int>(width)), header_(header) {}
 
-    void setUsed(const std::vector<std::size_t>& rows) {
-        used_ = {rows.begin(), rows.end()};
+    void setUsed(std::vector<std::size_t> rows) {
+        used_ = std::move(rows);
+        std::sort(used_.begin(), used_.end());
         if (rowCount({}) > 0) emit dataChanged(index(0, 0), index(rowCount({}) - 1, width_ - 1), {Qt::ForegroundRole});
     }
     [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
@@ -78,7 +80,8 @@ public:
             return toQt(row.cells[column]);
         if (role == RowDelegate::Strong) return header_ == at;
         if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
-        if (role == Qt::ForegroundRole && header_ != at && !used_.contains(row.number)) return Colors::current().faint;
+        if (role == Qt::ForegroundRole && header_ != at && !std::binary_search(used_.begin(), used_.end(), row.number))
+            return Colors::current().faint;
         return {};
     }
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -90,7 +93,7 @@ private:
     const BankImport::Table& table_;
     int width_;
     std::optional<std::size_t> header_;
-    std::set<std::size_t> used_;
+    std::vector<std::size_t> used_;  // sorted
 };
 
 std::vector<ImportSheet::Model::Column> ImportSheet::columns() {
@@ -114,12 +117,13 @@ std::vector<ImportSheet::Model::Column> ImportSheet::columns() {
              }}};
 }
 
-ImportSheet::ImportSheet(QWidget* parent, const Library& library, const StatementFile& file, std::string_view kept)
+ImportSheet::ImportSheet(QWidget* parent, const Library& library, StatementFile file, std::string_view kept)
     : Sheet(parent, Icon::none, tr("Import Statement"), {}),
       library_(library),
-      file_(file),
-      reading_{.columns = file.columns, .order = library.business.receiptDateOrder, .account = {}},
+      file_(std::move(file)),
+      reading_{.columns = file_.columns, .order = library.business.receiptDateOrder, .account = {}},
       newAccount_(BankAccount::make({}, library.business.homeCurrency)),
+      width_(file_.width()),
       rows_(columns()) {
     if (library_.accounts.size() == 1) reading_.account = library_.accounts[0].id;
     if (!kept.empty()) reading_ = recalled(reading_, kept, file_, library_);
@@ -130,10 +134,13 @@ ImportSheet::ImportSheet(QWidget* parent, const Library& library, const Statemen
     body().addWidget(makeDates());
     if (file_.table) makeFile();
     makeList();
+    strip_ = new ActivityStrip(this);
+    body().addWidget(strip_);
     import_ = addButtons(tr("Import"), tr("Cancel"));
     setMinimumSize(820, 560);
     resize(1080, file_.table ? 760 : 600);
     fillAccounts();
+    connect(strip_, &ActivityStrip::cancelled, this, &ImportSheet::giveUpReading);
     connect(account_, &QComboBox::currentIndexChanged, this, &ImportSheet::accountChosen);
     connect(currency_, &QComboBox::currentIndexChanged, this, &ImportSheet::reread);
     connect(name_, &QLineEdit::textChanged, this, &ImportSheet::refreshButton);
@@ -142,10 +149,14 @@ ImportSheet::ImportSheet(QWidget* parent, const Library& library, const Statemen
         reread();
     });
     reread();
+    focusFirst();
+}
+
+void ImportSheet::focusFirst() {
     if (!account())
         (name_->isHidden() ? static_cast<QWidget*>(account_) : name_)->setFocus();
     else
-        import_->setFocus();
+        (import_->isEnabled() ? static_cast<QWidget*>(import_) : account_)->setFocus();
 }
 
 QWidget* ImportSheet::makeAccount() {
@@ -199,16 +210,19 @@ QWidget* ImportSheet::makeDates() {
 }
 
 void ImportSheet::makeFile() {
-    const int width = static_cast<int>(file_.width());
+    const int width = static_cast<int>(width_);
     auto* view = new QTableView(this);
     Controls::name(*view, "importFile", tr("The file as it was read"));
-    fileModel_ = new FileModel(*file_.table, file_.width(), file_.columns.header, view);
+    fileModel_ = new FileModel(*file_.table, width_, file_.columns.header, view);
     choices_ = new ColumnChoices(view);
     view->setHorizontalHeader(choices_);
     view->setModel(fileModel_);
     view->setItemDelegate(new RowDelegate(view));
-    view->setSelectionMode(QAbstractItemView::NoSelection);
-    view->setFocusPolicy(Qt::NoFocus);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setFocusPolicy(Qt::TabFocus);
+    view->setTabKeyNavigation(false);
+    view->installEventFilter(this);
     view->setShowGrid(false);
     view->setWordWrap(false);
     view->setFrameShape(QFrame::NoFrame);
@@ -239,6 +253,8 @@ void ImportSheet::makeFile() {
         choice.setMaxVisibleItems(20);
     });
     connect(choices_, &ColumnChoices::chosen, this, &ImportSheet::use);
+    connect(choices_, &ColumnChoices::focused, view,
+            [this, view](int column) { view->scrollTo(fileModel_->index(view->rowAt(0), column)); });
     view->scrollTo(fileModel_->index(static_cast<int>(first), 0), QAbstractItemView::PositionAtTop);
     body().addWidget(view, 4);
     positive_ = new QCheckBox(tr("Charges are printed as positive amounts"), this);
@@ -278,6 +294,7 @@ void ImportSheet::makeList() {
     view_->setShowGrid(false);
     view_->setWordWrap(false);
     view_->setTabKeyNavigation(false);
+    view_->installEventFilter(this);
     view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view_->verticalHeader()->hide();
     view_->verticalHeader()->setDefaultSectionSize(30);
@@ -366,44 +383,97 @@ void ImportSheet::use(int column, int use) {
 
 void ImportSheet::toggle(const QModelIndex& index) {
     if (!index.isValid() || static_cast<ImportList>(lists_->currentIndex()) != ImportList::held) return;
-    const UUID id = rows_.id(index.row());
-    if (anyway_.erase(id) == 0) anyway_.insert(id);
-    refresh();
+    ImportRow& row = outcome_.table.held.at(static_cast<std::size_t>(index.row()));
+    row.anyway = !row.anyway;
+    refreshList();
+    refreshButton();
+}
+
+ImportSheet::Outcome ImportSheet::read(const Library& library, const StatementFile& file,
+                                       const StatementReading& reading, const Currency& currency,
+                                       const std::atomic<bool>* cancel) {
+    Outcome outcome;
+    try {
+        outcome.parsed = parsed(file, reading, currency, cancel);
+    } catch (const std::exception& error) {
+        outcome.problem = error.what();
+    }
+    outcome.table = importTable(library, outcome.parsed, currency);
+    return outcome;
 }
 
 void ImportSheet::reread() {
-    anyway_.clear();
-    parsed_ = {};
-    problem_.clear();
-    try {
-        parsed_ = parsed(file_, reading_, currency());
-    } catch (const BankImport::ImportError& error) {
-        problem_ = error.what();
-    }
-    if (choices_)
-        for (int column = 0; column < static_cast<int>(file_.width()); ++column)
-            choices_->choose(column, static_cast<int>(useOf(reading_.columns, static_cast<std::size_t>(column))));
-    if (fileModel_) fileModel_->setUsed(parsed_.rows);
-    if (positive_) positive_->setVisible(reading_.columns[Role::amount].has_value());
-    const bool dated = !parsed_.orderReason.empty();
-    order_->setCurrentIndex(order_->findData(static_cast<int>(dated ? parsed_.order : reading_.order)));
-    orderReason_->setText(toQt(parsed_.orderReason));
-    order_->parentWidget()->setVisible(dated || file_.table.has_value());
-    refresh();
+    refreshChoices();
+    // What is read in the time between two pictures of the screen needs no thread.
+    constexpr std::size_t few = 10'000, bytesOfLine = 100;
+    const std::size_t rows = file_.table ? file_.table->rows.size() : file_.bytes.size() / bytesOfLine;
+    if (rows + library_.transactions.size() <= few) return take(read(library_, file_, reading_, currency(), nullptr));
+    background_.start([this, reading = reading_, currency = currency()](const auto& cancel) -> Background::Done {
+        try {
+            auto outcome = std::make_shared<Outcome>(read(library_, file_, reading, currency, &cancel));
+            return [this, outcome] { take(std::move(*outcome)); };
+        } catch (const BankImport::Cancelled&) {
+            return {};
+        }
+    });
+    strip_->show(tr("Reading %1").arg(toQt(file_.name)), 0, 0);
+    view_->setEnabled(false);
+    if (shown_) return refreshButton();
+    refreshTexts();
+    summary_->clear();
 }
 
-void ImportSheet::refresh() {
-    table_ = importTable(library_, parsed_, anyway_, currency());
-    setRole(*summary_, problem_.empty() ? "sum" : "problem");
-    summary_->setText(toQt(problem_.empty() ? table_.summary : problem_));
+void ImportSheet::take(Outcome outcome) {
+    outcome_ = std::move(outcome);
+    const bool first = !shown_;
+    shown_ = {reading_, account_->currentIndex(), currency_->currentIndex()};
+    strip_->hide();
+    view_->setEnabled(true);
+    if (fileModel_) fileModel_->setUsed(outcome_.parsed.rows);
+    const bool dated = !outcome_.parsed.orderReason.empty();
+    order_->setCurrentIndex(order_->findData(static_cast<int>(dated ? outcome_.parsed.order : reading_.order)));
+    orderReason_->setText(toQt(outcome_.parsed.orderReason));
+    order_->parentWidget()->setVisible(dated || file_.table.has_value());
+    refreshTexts();
+    if (first) focusFirst();
+}
+
+void ImportSheet::giveUpReading() {
+    background_.cancel();
+    if (!shown_) return reject();
+    reading_ = shown_->reading;
+    {
+        const QSignalBlocker quietAccount(account_), quietCurrency(currency_);
+        account_->setCurrentIndex(shown_->account);
+        currency_->setCurrentIndex(shown_->currency);
+    }
+    accountChosen();
+    refreshChoices();
+    take(std::move(outcome_));
+}
+
+void ImportSheet::refreshChoices() {
+    if (choices_)
+        for (std::size_t column = 0; column < width_; ++column)
+            choices_->choose(static_cast<int>(column), static_cast<int>(useOf(reading_.columns, column)));
+    if (!positive_) return;
+    const QSignalBlocker quiet(positive_);
+    positive_->setChecked(reading_.columns.signs == Columns::Signs::turned);
+    positive_->setVisible(reading_.columns[Role::amount].has_value());
+}
+
+void ImportSheet::refreshTexts() {
+    const ImportTable& table = outcome_.table;
+    setRole(*summary_, outcome_.problem.empty() ? "sum" : "problem");
+    summary_->setText(toQt(outcome_.problem.empty() ? table.summary : outcome_.problem));
     QStringList notes;
-    for (const std::string& note : parsed_.notes) notes << toQt(note);
+    for (const std::string& note : outcome_.parsed.notes) notes << toQt(note);
     if (notes.size() > 3) notes = notes.mid(0, 3) << tr("… and %1 more").arg(notes.size() - 3);
     notes_->setText(notes.join(QLatin1Char('\n')));
     notes_->setVisible(!notes.isEmpty());
-    const auto tab = [this](ImportList list, const QString& title) {
+    const auto tab = [&](ImportList list, const QString& title) {
         const int index = static_cast<int>(list);
-        const std::size_t count = table_.list(list).size();
+        const std::size_t count = table.list(list).size();
         lists_->setTabText(index, tr("%1 · %2").arg(title).arg(count));
         lists_->setTabVisible(index, count > 0 || list == ImportList::added);
     };
@@ -411,12 +481,12 @@ void ImportSheet::refresh() {
     tab(ImportList::held, tr("Already in the books"));
     tab(ImportList::skipped, tr("Skipped rows"));
     tab(ImportList::breaks, tr("Balance breaks"));
-    proof_->setVisible(!table_.proof.empty());
-    proofGlyph_->setVisible(!table_.proof.empty());
-    proof_->setText(toQt(table_.proof));
-    setRole(*proof_, table_.closes ? "outcome" : "warning");
-    proofGlyph_->setPixmap(Icons::icon(table_.closes ? QStringLiteral("done") : QStringLiteral("alert"),
-                                       table_.closes ? &Colors::success : &Colors::warning)
+    proof_->setVisible(!table.proof.empty());
+    proofGlyph_->setVisible(!table.proof.empty());
+    proof_->setText(toQt(table.proof));
+    setRole(*proof_, table.closes ? "outcome" : "warning");
+    proofGlyph_->setPixmap(Icons::icon(table.closes ? QStringLiteral("done") : QStringLiteral("alert"),
+                                       table.closes ? &Colors::success : &Colors::warning)
                                .pixmap(QSize(18, 18), devicePixelRatioF()));
     refreshList();
     refreshButton();
@@ -432,22 +502,32 @@ void ImportSheet::refreshList() {
     view_->setColumnWidth(why, skipped ? 480 : list == ImportList::breaks ? 400 : 300);
     rows_.setTitle(narration, skipped ? tr("Row as printed") : tr("Narration"));
     rows_.setTitle(why, list == ImportList::held ? tr("In the books as") : tr("Why"));
-    rows_.setRows(table_.list(list));
+    rows_.setRows(outcome_.table.list(list));
 }
 
 void ImportSheet::refreshButton() {
     const bool isNew = account_->currentData() == newAccountData;
     const bool taken = isNew && !account() && !name_->text().trimmed().isEmpty();
     Controls::markProblem(*name_, taken ? tr("There is an account of that name already.") : QString());
-    import_->setText(table_.count == 0 ? tr("Import")
-                                       : counted(table_.count, tr("Import 1 Line"), tr("Import %1 Lines")));
-    import_->setEnabled(table_.count > 0 && account().has_value());
-    import_->setToolTip(table_.count > 0 && !account() ? tr("Say which account this statement is of.") : QString());
+    const std::size_t count = outcome_.table.count();
+    import_->setText(count == 0 ? tr("Import") : counted(count, tr("Import 1 Line"), tr("Import %1 Lines")));
+    import_->setEnabled(count > 0 && account().has_value() && !isReading());
+    import_->setToolTip(count > 0 && !account() ? tr("Say which account this statement is of.") : QString());
+}
+
+bool ImportSheet::eventFilter(QObject* watched, QEvent* event) {
+    // The keys need a row to begin from.
+    auto* view = qobject_cast<QTableView*>(watched);
+    if (view && event->type() == QEvent::FocusIn && !view->selectionModel()->hasSelection())
+        view->selectRow(std::max(0, view->rowAt(0)));
+    return Sheet::eventFilter(watched, event);
 }
 
 void ImportSheet::showList(ImportList list) { lists_->setCurrentIndex(static_cast<int>(list)); }
 
-StatementEdit ImportSheet::edit() const { return {parsed_.transactions, anyway_, account().value_or(newAccount_)}; }
+StatementEdit ImportSheet::edit() const {
+    return {outcome_.parsed.transactions, outcome_.table.anyway(), account().value_or(newAccount_)};
+}
 
 std::string ImportSheet::kept() const {
     StatementReading reading = reading_;

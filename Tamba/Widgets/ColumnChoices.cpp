@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace tamba {
 
 ColumnChoices::ColumnChoices(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
@@ -22,6 +24,7 @@ void ColumnChoices::setCount(int columns, const std::function<void(QComboBox&, i
         fill(*choice, column);
         connect(choice, &QComboBox::currentIndexChanged, this,
                 [this, choice, column] { emit chosen(column, choice->currentData().toInt()); });
+        choice->installEventFilter(this);
         choices_.push_back(choice);
         choice->show();
     }
@@ -32,6 +35,12 @@ void ColumnChoices::choose(int column, int data) {
     QComboBox& choice = *choices_.at(static_cast<std::size_t>(column));
     const QSignalBlocker quiet(choice);
     choice.setCurrentIndex(choice.findData(data));
+}
+
+bool ColumnChoices::eventFilter(QObject* watched, QEvent* event) {
+    const auto at = std::find(choices_.begin(), choices_.end(), watched);
+    if (at != choices_.end() && event->type() == QEvent::FocusIn) emit focused(static_cast<int>(at - choices_.begin()));
+    return QHeaderView::eventFilter(watched, event);
 }
 
 QSize ColumnChoices::sizeHint() const { return {QHeaderView::sizeHint().width(), 42}; }

@@ -22,8 +22,11 @@ public:
 
 signals:
     void chosen(int column, int data);
+    /// The keys have come to the choice above a column, which may be out of sight.
+    void focused(int column);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void updateGeometries() override;
     void paintSection(QPainter* painter, const QRect& rect, int section) const override;
 

@@ -45,10 +45,11 @@ struct TestPrompts : Prompts {
     }
     std::vector<Path> receiptFiles() override { return {}; }
     std::vector<Path> statementFiles() override { return {}; }
-    std::optional<StatementEdit> statement(const Library& library, const StatementFile& file) override {
-        ImportSheet sheet(nullptr, library, file, keptLayouts[file.layout]);
-        if (!accepted(sheet)) return {};
-        keptLayouts[file.layout] = sheet.kept();
+    std::optional<StatementEdit> statement(const Library& library, StatementFile file) override {
+        const std::string layout = file.layout;
+        ImportSheet sheet(nullptr, library, std::move(file), keptLayouts[layout]);
+        if (!QTest::qWaitFor([&] { return !sheet.isReading(); }, 60000) || !accepted(sheet)) return {};
+        keptLayouts[layout] = sheet.kept();
         return sheet.edit();
     }
     std::optional<Path> pictureFile() override { return file; }

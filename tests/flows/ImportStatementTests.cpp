@@ -197,10 +197,22 @@ private slots:
         auto& import = *desk.window.findChild<StatementImport*>();
         auto& strip = *desk.window.findChild<ActivityStrip*>();
         bool shown = false;
-        connect(&import, &StatementImport::reading, this, [&] {
+        connect(&import, &StatementImport::workBegan, this, [&] {
             shown = strip.isVisible();
             if (cancelled) strip.findChild<QPushButton*>(QStringLiteral("stripCancel"))->click();
         });
+        desk.prompts->drive = [](QDialog& sheet) {
+            nameAccount(sheet);
+            // Another use of a column is given up before it is read: all is as it was.
+            choose(sheet, 2, ColumnUse::balance);
+            QVERIFY(static_cast<ImportSheet&>(sheet).isReading());
+            QVERIFY(!importButton(sheet).isEnabled());
+            sheet.findChild<QPushButton*>(QStringLiteral("stripCancel"))->click();
+            QVERIFY(!static_cast<ImportSheet&>(sheet).isReading());
+            QCOMPARE(sheet.findChild<QComboBox*>(QStringLiteral("columnUse2"))->currentText(),
+                     QStringLiteral("Amount"));
+            QVERIFY(importButton(sheet).isEnabled());
+        };
         drop(desk.window, {file});
         QTRY_VERIFY_WITH_TIMEOUT(!import.isBusy() && import.findChildren<QThread*>().isEmpty(), 60000);
         QVERIFY(shown);
