@@ -6,6 +6,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QTableView>
 
 namespace tamba {
 namespace {
@@ -35,6 +36,14 @@ void paintPill(QPainter& painter, const QRectF& cell, const QString& text, const
                      painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(box.width()) - 8));
 }
 
+/// The first of the columns that are shown.
+bool beginsRow(const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const auto* table = qobject_cast<const QTableView*>(option.widget);
+    for (int column = 0; column < index.column(); ++column)
+        if (!table || !table->isColumnHidden(column)) return false;
+    return true;
+}
+
 }  // namespace
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -44,7 +53,7 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     painter->fillRect(option.rect, selected ? colors.accentTint : colors.surface);
     painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
                       selected ? colors.accentTint : colors.hover);
-    if (selected && index.column() == 0)
+    if (selected && beginsRow(option, index))
         painter->fillRect(QRect(option.rect.left(), option.rect.top(), 3, option.rect.height()), colors.accent);
     const QRectF cell(option.rect);
     const QString text = index.data(Qt::DisplayRole).toString();
