@@ -49,6 +49,12 @@ int makeBooks(const Context& context, const NewOptions& options);
 int makeSample(const Context& context, const std::filesystem::path& folder);
 int checkBooks(const Context& context);
 
+struct FindOptions {
+    std::vector<std::string> words;
+    int limit = 20;  ///< of each kind
+};
+int findRecords(const Context& context, const FindOptions& options);
+
 struct ReceiptOptions {
     std::vector<std::string> files;
     std::optional<DateOrder> order;

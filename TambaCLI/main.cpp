@@ -29,6 +29,12 @@ void addLibraryCommands(CLI::App& app, Command& c) {
                          [&folder](const Context& x) { return makeSample(x, folder); });
     sample->add_option("DIR", folder, "The folder")->required();
 
+    auto& find = c.options<FindOptions>();
+    auto* search = c.add(&app, "find", "Find records by words, numbers, amounts and what is on receipts",
+                         [&find](const Context& x) { return findRecords(x, find); });
+    search->add_option("WORDS", find.words, "The beginnings of words, in any order")->required();
+    search->add_option("--limit", find.limit, "How many of each kind (20)")->check(CLI::Range(1, 1'000'000));
+
     c.add(&app, "check", "Look for what is missing, doubled or out of range in the books", checkBooks);
 }
 

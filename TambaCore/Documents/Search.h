@@ -30,7 +30,7 @@ struct Hit {
 struct Group {
     Kind kind = Kind::expense;
     std::size_t count = 0;  ///< all that match, more than `hits` may hold
-    std::vector<Hit> hits;  ///< best first: in the title, then newest
+    std::vector<Hit> hits;  ///< best first: those with more of the words in the title, then the newest
 };
 
 /// What is looked through, made once for one value of the books and fit for any number of searches, on any thread.
