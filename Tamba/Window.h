@@ -4,6 +4,7 @@
 #include "Tamba/Prompts.h"
 #include "Tamba/ReceiptQueue.h"
 #include "Tamba/Widgets/Sidebar.h"
+#include "TambaCore/Documents/Search.h"
 
 #include <QMainWindow>
 
@@ -25,6 +26,7 @@ class DropOverlay;
 class EmptyState;
 class ExpensesScreen;
 class InvoicesScreen;
+class SearchPalette;
 class StatementImport;
 class Toast;
 
@@ -79,6 +81,9 @@ private:
     void makeBankMenu();
     void fillDocumentMenu();
     void refreshMenus();
+    // WindowSearch.cpp
+    void makeSearch(QMenu& edit);
+    void showRecord(Search::Kind kind, const UUID& id);
 
     void connectScreens();
     void connectDocuments();
@@ -113,6 +118,7 @@ private:
     ActivityStrip* strip_;
     Toast* toast_;
     DropOverlay* overlay_;
+    SearchPalette* search_ = nullptr;
     QMenu* documentMenu_ = nullptr;
     QAction* new_ = nullptr;
     QAction* print_ = nullptr;

@@ -82,6 +82,7 @@ void Window::makeEditMenu() {
     QAction* find = edit->addAction(tr("&Find"), this, [this] { page().find(); });
     find->setShortcut(QKeySequence::Find);
     needBooks_.insert(needBooks_.end(), {remove, find});
+    makeSearch(*edit);
 }
 
 void Window::makeViewMenu() {
