@@ -213,9 +213,9 @@ CSV nilRated(const std::vector<NilRow>& rows) {
             std::int64_t taxable = 0;
             for (const NilRow& row : rows)
                 if (row.supply == supply && row.registered == registered) taxable = row.taxable;
-            csv.add({std::string(supply == SupplyType::interState ? "Inter" : "Intra") + "-State supplies to " +
-                         (registered ? "registered" : "unregistered") + " persons",
-                     decimal(taxable), decimal(0), decimal(0)});
+            std::string text = supply == SupplyType::interState ? "Inter" : "Intra";
+            text.append("-State supplies to ").append(registered ? "registered" : "unregistered").append(" persons");
+            csv.add({text, decimal(taxable), decimal(0), decimal(0)});
         }
     return csv;
 }
