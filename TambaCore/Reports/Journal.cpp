@@ -81,19 +81,20 @@ std::string_view incomeAccount(SupplyType supply) {
             return "income:exports";
         case SupplyType::sezLUT:
         case SupplyType::sezWithIGST:
-            return "income:sez";
+            return "income:SEZ";
         default:
             return "income:sales";
     }
 }
 
-/// Where money of no known bank account comes from or goes to.
-std::string_view accountOf(PaymentMethod method, bool isSpent) {
+/// Where money of no known bank account comes from or goes to. What came back of an expense goes where it came from.
+enum class Side { received, spent };
+std::string_view accountOf(PaymentMethod method, Side side) {
     switch (method) {
         case PaymentMethod::upi:
             return "assets:bank:UPI";
         case PaymentMethod::card:
-            return isSpent ? "liabilities:card" : "assets:bank:card";
+            return side == Side::spent ? "liabilities:card" : "assets:bank:card";
         case PaymentMethod::bank:
             return "assets:bank:transfer";
         case PaymentMethod::cash:
@@ -131,7 +132,7 @@ private:
     void addPayments(const Document& invoice, const DocTotals& sums);
     void add(const Expense& expense);
     void keep(Transaction transaction);
-    void moveMoney(Transaction& transaction, const std::optional<UUID>& bankLine, PaymentMethod method,
+    void moveMoney(Transaction& transaction, const std::optional<UUID>& bankLine, std::string_view otherwise,
                    std::int64_t amount, bool isForeign) const;
     [[nodiscard]] bool isForeign(const std::string& currency) const {
         return currency != library_.business.homeCurrency;
@@ -150,15 +151,15 @@ private:
     std::vector<std::string> leftOut_;
 };
 
-/// The amount comes in, or goes out when negative. The bank account of a statement's line in the home currency moves
-/// by what the bank made of a foreign amount.
-void Journal::moveMoney(Transaction& transaction, const std::optional<UUID>& bankLine, PaymentMethod method,
+/// The amount comes in, or goes out when negative, through the account of the statement's line, `otherwise` where there
+/// is none. An account in the home currency moves by what the bank made of a foreign amount.
+void Journal::moveMoney(Transaction& transaction, const std::optional<UUID>& bankLine, std::string_view otherwise,
                         std::int64_t amount, bool isForeign) const {
     const auto line = bankLine ? lines_.find(*bankLine) : lines_.end();
     transaction.cleared = line != lines_.end();
     const BankAccount* account =
         transaction.cleared && line->second->accountID ? find(library_.accounts, *line->second->accountID) : nullptr;
-    if (!account) return transaction.post(accountOf(method, amount < 0), amount);
+    if (!account) return transaction.post(otherwise, amount);
     const std::int64_t banked = line->second->amount;
     const bool isExact = isForeign && account->currency == library_.business.homeCurrency && isBelievable(banked) &&
                          (banked < 0) == (amount < 0);
@@ -218,8 +219,8 @@ void Journal::addPayments(const Document& invoice, const DocTotals& sums) {
         transaction.comment = "Payment for " + transaction.code +
                               abroad(invoice.currency, payment.settles(), invoice.rateMicros) +
                               (payment.reference.empty() ? "" : ", " + safe(payment.reference));
-        moveMoney(transaction, payment.bankTxnID, payment.method, home(payment.amount).value_or(0),
-                  isForeign(invoice.currency));
+        moveMoney(transaction, payment.bankTxnID, accountOf(payment.method, Side::received),
+                  home(payment.amount).value_or(0), isForeign(invoice.currency));
         transaction.post("assets:tds:receivable", home(payment.tds), 1);
         transaction.post(owedBy(transaction.payee),
                          cleared ? Checked::neg((*cleared)[i]) : Checked::neg(transaction.open()));
@@ -259,11 +260,12 @@ void Journal::add(const Expense& expense) {
     }
     const auto paid = home(expense.amount);
     if (!paid)
-        transaction.balance(accountOf(expense.method, true));
+        transaction.balance(accountOf(expense.method, Side::spent));
     else if (isMileage && !expense.bankTxnID)  // driven in one's own car: nobody was paid
         transaction.post("equity:owner:mileage", Checked::neg(*paid));
     else
-        moveMoney(transaction, expense.bankTxnID, expense.method, Checked::neg(*paid), isForeign(expense.currency));
+        moveMoney(transaction, expense.bankTxnID, accountOf(expense.method, Side::spent), Checked::neg(*paid),
+                  isForeign(expense.currency));
     transaction.balance(rounding);
     keep(std::move(transaction));
 }

@@ -124,6 +124,21 @@ TEST(Journal, aBankLineSaysWhatAForeignAmountCameTo) {
     EXPECT_EQ(balances["assets:bank:" + library.accounts[0].name], 832'500);
 }
 
+TEST(Journal, whatCameBackUndoesTheExpense) {
+    Library library = Library::make();
+    for (const int sign : {1, -1}) {
+        Expense expense = testing::anExpense();
+        expense.method = PaymentMethod::card;
+        expense.amount *= sign;
+        expense.tax *= sign;
+        if (sign < 0) expense.taxSplit = expense.taxSplit.negated();
+        library.expenses.append(expense);
+        const auto balances = read(Export::journal(library, IncomeBasis::accrual)).balances;
+        EXPECT_EQ(balances.at("liabilities:card"), sign > 0 ? -11800 : 0);
+        EXPECT_EQ(balances.at("assets:gst:input:cgst"), sign > 0 ? 900 : 0);
+    }
+}
+
 /// The first column is a day, the second an account, the third an amount.
 Sums sumsOf(const std::string& table) {
     Sums sums;
