@@ -67,6 +67,14 @@ std::vector<Table> everyTable(const Library& library, const Period& period) {
     return all;
 }
 
+void isDrawn(const Library& library, const Period& period) {
+    for (const Table& table : everyTable(library, period)) {
+        for (const Table::Row& row : table.rows) EXPECT_EQ(row.cells.size(), table.columns.size()) << table.title;
+        EXPECT_FALSE(Tables::text(table).empty()) << table.title;
+        EXPECT_FALSE(Tables::csv(table).text().empty()) << table.title;
+    }
+}
+
 std::int64_t sumOf(const Table& table, std::size_t column) {
     EXPECT_TRUE(table.rows.back().isSum) << table.title;
     return std::get<Table::Amount>(table.rows.back().cells[column]).minor;
@@ -85,10 +93,22 @@ TEST(ReportTables, addUpToTheReportsWhateverTheBooksHold) {
             << "each invoice with a balance stands in the list";
         const Table projects = ReportTables::projects(library, period);
         EXPECT_EQ(sumOf(projects, 4), reports.income(IncomeBasis::accrual, period) - reports.spending(period));
-        for (const Table& table : everyTable(library, period))
-            for (const Table::Row& row : table.rows) EXPECT_EQ(row.cells.size(), table.columns.size()) << table.title;
+        isDrawn(library, period);
     }
-    for (const Table& table : everyTable(Library::make(), period)) EXPECT_FALSE(Tables::text(table).empty());
+}
+
+TEST(ReportTables, areDrawnForBooksOfEveryKind) {
+    Library one = Library::make(), abroad = testing::randomBooks(1), composition = testing::randomBooks(2);
+    one.expenses.append(Expense::make(today));
+    abroad.business.regime = TaxRegime::simple;
+    abroad.business.country = "AE";
+    abroad.business.homeCurrency = "AED";
+    abroad.business.fyStartMonth = 1;
+    composition.business.regime = TaxRegime::gstComposition;  // with tax documents of the years before it joined
+    for (const Library& library : {Library(), Library::make(), one, abroad, composition})
+        for (const Period& period : {Period::month(today), Period::fy(library.fy(today)), Period{today, {2026, 1, 1}}})
+            isDrawn(library, period);
+    EXPECT_EQ(ReportTables::profit({one, today}, IncomeBasis::cash, year).rows.size(), 13U);
 }
 
 TEST(ReportTables, sharesStandOnlyWhereNothingCameBack) {
