@@ -76,7 +76,7 @@ int main(int argc, char** argv) {
         reading.push_back(milliseconds([&] { parsed = read(text); }));
         Bank::Added added;
         adding.push_back(
-            milliseconds([&] { added = Bank::addTransactions(books, parsed.transactions, std::nullopt); }));
+            milliseconds([&] { added = Bank::addTransactions(books, std::move(parsed.transactions), std::nullopt); }));
         if (parsed.skipped != 0 || !parsed.balanceBreaks.empty() || added.added != lines) return 1;
         splitting.push_back(milliseconds([&] {
             if (CSV::parse(text).size() < lines) std::abort();

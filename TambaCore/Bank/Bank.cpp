@@ -2,31 +2,48 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
-#include <string>
+#include <memory>
+#include <utility>
 
 namespace tamba::Bank {
 namespace {
 
-bool isEarlier(const BankTransaction& a, const BankTransaction& b) { return a.date < b.date; }
+using Record = std::shared_ptr<const BankTransaction>;
 
-/// Lines by their fingerprints. Keeps only hashes beside the lines, which are compared where hashes agree: a hundred
-/// thousand texts would cost more than everything else here.
+/// Without making the texts of two fingerprints where the narrations are the same as printed.
+bool haveSameFingerprint(const BankTransaction& a, const BankTransaction& b) {
+    return a.date == b.date && a.amount == b.amount && a.reference == b.reference &&
+           (a.text == b.text || a.fingerprint() == b.fingerprint());
+}
+
+/// A line with its day beside it: what is sorted is then in one stretch of memory.
+using Dated = std::pair<Day, Record>;
+
+bool isEarlier(const Dated& a, const Dated& b) { return a.first < b.first; }
+
+const BankTransaction& lineOf(const Dated& dated) { return *dated.second; }
+const BankTransaction& lineOf(const BankTransaction& line) { return line; }
+
+/// Lines by their fingerprints, of which only hashes are kept: a hundred thousand texts would cost more than everything
+/// else here.
 class Known {
 public:
     explicit Known(std::size_t count) : slots_(std::bit_ceil(2 * count + 2)) {}
 
-    /// The line with this fingerprint; when there is none, null, and `line` is it from now on.
-    const BankTransaction* findOrAdd(const BankTransaction& line) {
-        const std::string fingerprint = line.fingerprint();
-        const std::size_t hash = std::hash<std::string>()(fingerprint);
-        for (std::size_t i = hash;; ++i) {
-            Slot& slot = slots_[i & (slots_.size() - 1)];
-            if (!slot.line) {
-                slot = {hash, &line};
-                return nullptr;
-            }
-            if (slot.hash == hash && slot.line->fingerprint() == fingerprint) return slot.line;
+    /// Calls `visit(line, equal)` for each of the lines; `equal` is null for one that is new, and is to be set to where
+    /// it will stay. Memory is what this waits for, so what comes next is asked for early.
+    template <class Lines, class Visit>
+    void look(Lines& lines, Visit&& visit) {
+        constexpr std::size_t ahead = 8;
+        std::vector<std::size_t> hashes(lines.size());
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            if (i + ahead < lines.size()) __builtin_prefetch(&lineOf(lines[i + ahead]));
+            if (i + ahead / 2 < lines.size()) __builtin_prefetch(lineOf(lines[i + ahead / 2]).text.data());
+            hashes[i] = lineOf(lines[i]).fingerprintHash();
+        }
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            if (i + ahead < lines.size()) __builtin_prefetch(&slotAt(hashes[i + ahead]));
+            visit(lines[i], find(lineOf(lines[i]), hashes[i]));
         }
     }
 
@@ -35,52 +52,72 @@ private:
         std::size_t hash = 0;
         const BankTransaction* line = nullptr;
     };
+
+    Slot& slotAt(std::size_t hash) { return slots_[hash & (slots_.size() - 1)]; }
+
+    const BankTransaction*& find(const BankTransaction& line, std::size_t hash) {
+        for (std::size_t i = hash;; ++i) {
+            Slot& slot = slotAt(i);
+            if (!slot.line) slot.hash = hash;
+            if (!slot.line || (slot.hash == hash && haveSameFingerprint(*slot.line, line))) return slot.line;
+        }
+    }
+
     std::vector<Slot> slots_;
 };
 
-/// The books' lines and the new ones in the order of their dates; of one day, the books' own stand first.
-List<BankTransaction> merged(const List<BankTransaction>& books, List<BankTransaction> lines) {
-    lines.sort(isEarlier);
+/// The books' lines, which come first, and new ones in the order of their dates; those of one day stay as they were.
+List<BankTransaction> sorted(std::vector<Dated> lines, std::size_t ofBooks) {
+    const auto middle = lines.begin() + static_cast<std::ptrdiff_t>(ofBooks);
+    for (const auto& [begin, end] : {std::pair(lines.begin(), middle), std::pair(middle, lines.end())})
+        if (!std::is_sorted(begin, end, isEarlier)) std::stable_sort(begin, end, isEarlier);
+    std::inplace_merge(lines.begin(), middle, lines.end(), isEarlier);
     List<BankTransaction> result;
-    result.reserve(books.size() + lines.size());
-    std::size_t next = 0;
-    for (std::size_t i = 0; i < books.size(); ++i) {
-        while (next < lines.size() && isEarlier(lines[next], books[i])) result.append(lines.at(next++));
-        result.append(books.at(i));
-    }
-    while (next < lines.size()) result.append(lines.at(next++));
-    // Books that were not in order still come out so.
-    if (!std::is_sorted(result.begin(), result.end(), isEarlier)) result.sort(isEarlier);
+    result.reserve(lines.size());
+    for (Dated& line : lines) result.append(std::move(line.second));
+    return result;
+}
+
+std::vector<Dated> dated(const List<BankTransaction>& lines, std::size_t more) {
+    std::vector<Dated> result;
+    result.reserve(lines.size() + more);
+    for (std::size_t i = 0; i < lines.size(); ++i) result.emplace_back(lines[i].date, lines.at(i));
     return result;
 }
 
 }  // namespace
 
-Added addTransactions(Library library, const std::vector<BankTransaction>& lines, std::optional<UUID> account) {
+Added addTransactions(Library library, std::vector<BankTransaction> lines, std::optional<UUID> account) {
     Added result;
-    List<BankTransaction> fresh;
-    Known known(library.transactions.size() + lines.size());
-    for (const BankTransaction& line : library.transactions) (void)known.findOrAdd(line);
-    for (const BankTransaction& line : lines) {
-        if (const BankTransaction* equal = known.findOrAdd(line)) {
-            result.skippedLines.push_back({line, equal->id});
-            continue;
+    std::vector<Dated> all = dated(library.transactions, lines.size());
+    const std::size_t ofBooks = all.size();
+    Known known(all.size() + lines.size());
+    known.look(all, [](const Dated& one, const BankTransaction*& equal) {
+        if (!equal) equal = one.second.get();
+    });
+    known.look(lines, [&](BankTransaction& line, const BankTransaction*& equal) {
+        if (equal) {
+            result.skippedLines.push_back({std::move(line), equal->id});
+            return;
         }
-        BankTransaction filed = line;
-        filed.accountID = account;
-        fresh.append(std::move(filed));
-    }
-    result.added = static_cast<int>(fresh.size());
+        line.accountID = account;
+        const Day day = line.date;
+        equal = all.emplace_back(day, std::make_shared<const BankTransaction>(std::move(line))).second.get();
+    });
+    result.added = static_cast<int>(all.size() - ofBooks);
     result.skipped = static_cast<int>(result.skippedLines.size());
-    const bool inOrder = std::is_sorted(library.transactions.begin(), library.transactions.end(), isEarlier);
-    if (!fresh.empty() || !inOrder) library.transactions = merged(library.transactions, std::move(fresh));
+    if (result.added > 0 || !std::is_sorted(all.begin(), all.end(), isEarlier))
+        library.transactions = sorted(std::move(all), ofBooks);
     result.library = std::move(library);
     return result;
 }
 
 Library addAnyway(Library library, BankTransaction line, std::optional<UUID> account) {
     line.accountID = account;
-    library.transactions = merged(library.transactions, {std::move(line)});
+    std::vector<Dated> all = dated(library.transactions, 1);
+    const Day day = line.date;
+    all.emplace_back(day, std::make_shared<const BankTransaction>(std::move(line)));
+    library.transactions = sorted(std::move(all), library.transactions.size());
     return library;
 }
 

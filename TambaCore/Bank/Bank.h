@@ -25,8 +25,7 @@ struct Added {
 /// Files lines under an account. A line whose fingerprint is in the books already, under whatever account, is left out,
 /// so that importing a file twice adds nothing; of equal lines of one batch the first is kept. The books' lines stay
 /// sorted by date, those of one day in the order they came in.
-[[nodiscard]] Added addTransactions(Library library, const std::vector<BankTransaction>& lines,
-                                    std::optional<UUID> account);
+[[nodiscard]] Added addTransactions(Library library, std::vector<BankTransaction> lines, std::optional<UUID> account);
 /// Adds a line although an equal one is there: two payments of one sum to one payee on one day do happen.
 [[nodiscard]] Library addAnyway(Library library, BankTransaction line, std::optional<UUID> account);
 

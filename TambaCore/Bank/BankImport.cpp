@@ -90,28 +90,9 @@ bool isTight(std::string_view cell) {
     return cell.empty() || (isPlain(cell.front()) && isPlain(cell.back()) && cell.front() != '=');
 }
 
-Table cleaned(std::string_view text, std::size_t numberOffset, Cancel cancel) {
-    stopIf(cancel);
-    CSV::Read read = CSV::read(text);
-    Table table{"CSV", {}, {}};
-    table.rows.reserve(read.rows.size());
-    for (std::size_t i = 0; i < read.rows.size(); ++i) {
-        stopIf(cancel);
-        for (std::string& cell : read.rows[i]) {
-            // ="000501" keeps a spreadsheet from dropping the zeros.
-            if (isTight(cell)) continue;
-            std::string_view trimmed = Text::trim(cell);
-            if (trimmed.starts_with('=')) trimmed = Text::trim(trimmed.substr(1));
-            if (trimmed.size() != cell.size()) cell = std::string(trimmed);
-        }
-        table.rows.push_back({read.numbers[i] + numberOffset, std::move(read.rows[i])});
-    }
-    return table;
-}
-
-bool isReadable(const Table& table) {
+bool isReadable(const Rows& rows) {
     try {
-        (void)recognise(table);
+        (void)recognise(rows);
         return true;
     } catch (const ImportError&) {
         return false;
@@ -174,31 +155,70 @@ std::string decoded(std::string_view bytes) {
     return Text::isUTF8(bytes) ? std::string(bytes) : as("windows-1252", 0);
 }
 
-Table textTable(std::string text, Cancel cancel) {
-    // The files of very old machines end lines with CR alone, which the reader of CSV drops.
-    if (text.find('\n') == std::string::npos) std::replace(text.begin(), text.end(), '\r', '\n');
-    const auto marks =
-        std::count_if(text.begin(), text.end(), [](char c) { return c == ',' || c == ';' || c == '\t' || c == '\n'; });
-    if (text.size() > maximumCells && static_cast<std::size_t>(marks) > maximumCells)
-        throw ImportError(ImportError::Code::tooLarge);
-    std::vector<std::string> notes;
-    if (std::count(text.begin(), text.end(), '"') % 2 != 0)
-        notes.emplace_back("A quotation mark in this file has no partner: rows behind it may be missing or misread.");
-    Table table = cleaned(text, 0, cancel);
-    table.notes = notes;
-    if (isReadable(table)) return table;
-    for (const std::size_t start : headerLines(text)) {
-        const std::string_view rest = std::string_view(text).substr(start);
-        if (CSV::delimiter(rest) == CSV::delimiter(text) && start > 0 && rest.find('"') == rest.npos) continue;
-        Table above = cleaned(std::string_view(text).substr(0, start), 0, cancel);
-        const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(start), '\n');
-        Table below = cleaned(rest, static_cast<std::size_t>(lines), cancel);
-        if (!isReadable(below)) continue;
-        std::move(below.rows.begin(), below.rows.end(), std::back_inserter(above.rows));
-        above.notes = notes;
-        return above;
+Rows::Rows(const Table& table) : format(table.format), notes(table.notes) {
+    std::size_t cells = 0;
+    for (const Table::Row& row : table.rows) cells += row.cells.size();
+    views_.fields.reserve(cells);
+    for (const Table::Row& row : table.rows) {
+        views_.fields.insert(views_.fields.end(), row.cells.begin(), row.cells.end());
+        views_.ends.push_back(views_.fields.size());
+        views_.numbers.push_back(row.number);
     }
+}
+
+Rows::Rows(std::string_view csv, std::size_t firstLine, Cancel cancel) : format("CSV") {
+    stopIf(cancel);
+    views_ = CSV::views(csv);
+    stopIf(cancel);
+    for (std::size_t& number : views_.numbers) number += firstLine;
+    for (std::string_view& cell : views_.fields) {
+        if (isTight(cell)) continue;
+        cell = Text::trim(cell);
+        // ="000501" keeps a spreadsheet from dropping the zeros.
+        if (cell.starts_with('=')) cell = Text::trim(cell.substr(1));
+    }
+}
+
+void Rows::append(Rows&& others) {
+    const std::size_t before = views_.fields.size();
+    views_.fields.insert(views_.fields.end(), others.views_.fields.begin(), others.views_.fields.end());
+    for (const std::size_t end : others.views_.ends) views_.ends.push_back(before + end);
+    views_.numbers.insert(views_.numbers.end(), others.views_.numbers.begin(), others.views_.numbers.end());
+    views_.made.splice(views_.made.end(), others.views_.made);
+}
+
+Table Rows::table() const {
+    Table table{format, {}, notes};
+    table.rows.reserve(size());
+    for (std::size_t i = 0; i < size(); ++i)
+        table.rows.push_back({(*this)[i].number, {(*this)[i].cells.begin(), (*this)[i].cells.end()}});
     return table;
+}
+
+bool endsLinesWithCR(std::string_view text) { return text.find('\n') == text.npos && text.find('\r') != text.npos; }
+
+Rows textRows(std::string_view text, Cancel cancel) {
+    constexpr std::size_t enoughForHeader = 1'000'000;
+    const auto isMark = [](char c) { return c == ',' || c == ';' || c == '\t' || c == '\n'; };
+    if (text.size() > maximumCells &&
+        static_cast<std::size_t>(std::count_if(text.begin(), text.end(), isMark)) > maximumCells)
+        throw ImportError(ImportError::Code::tooLarge);
+    Rows rows(text, 0, cancel);
+    if (rows.isOpen())
+        rows.notes.emplace_back(
+            "A quotation mark in this file has no partner: rows behind it may be missing or misread.");
+    if (isReadable(rows)) return rows;
+    for (const std::size_t start : headerLines(text)) {
+        const std::string_view rest = text.substr(start);
+        if (CSV::delimiter(rest) == CSV::delimiter(text) && start > 0 && rest.find('"') == rest.npos) continue;
+        const auto lines = std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(start), '\n');
+        if (!isReadable(Rows(rest.substr(0, enoughForHeader), 0, cancel))) continue;
+        Rows all(text.substr(0, start), 0, cancel);
+        all.append(Rows(rest, static_cast<std::size_t>(lines), cancel));
+        all.notes = std::move(rows.notes);
+        return all;
+    }
+    return rows;
 }
 
 std::string joinedNarration(std::string_view name, std::string_view memo) {
@@ -212,28 +232,51 @@ Parsed finished(Parsed parsed) {
     return parsed;
 }
 
-std::optional<Table> table(std::string_view bytes, std::string_view fileName, Cancel cancel) {
-    if (kindOf(bytes) == Kind::workbook) return workbookTable(bytes, cancel);
-    std::string text = decoded(bytes);
-    switch (kindOf(text, extensionOf(fileName))) {
-        case Kind::html:
-            return htmlTable(text, cancel);
-        case Kind::json:
-            return jsonTable(text, cancel);
-        case Kind::text:
-            return textTable(std::move(text), cancel);
-        default:
-            return std::nullopt;
+namespace {
+
+/// A file, and whichever of text and cells its rows are views into.
+struct Opened {
+    Kind kind;
+    std::string text;
+    std::optional<Table> table;
+
+    [[nodiscard]] bool holdsTable() const { return kind != Kind::ofx && kind != Kind::qif; }
+};
+
+Opened opened(std::string_view bytes, std::string_view fileName, Cancel cancel) {
+    Opened file{kindOf(bytes), {}, {}};
+    stopIf(cancel);
+    if (file.kind == Kind::workbook) {
+        file.table = workbookTable(bytes, cancel);
+        return file;
     }
+    file.text = decoded(bytes);
+    file.kind = kindOf(file.text, extensionOf(fileName));
+    if (file.kind == Kind::html) file.table = htmlTable(file.text, cancel);
+    if (file.kind == Kind::json) file.table = jsonTable(file.text, cancel);
+    if (file.kind == Kind::text && endsLinesWithCR(file.text))
+        std::replace(file.text.begin(), file.text.end(), '\r', '\n');
+    return file;
+}
+
+Parsed interpreted(const Rows& rows, DateOrder order, const Currency& currency, Cancel cancel) {
+    return interpret(rows, recognise(rows), order, currency, cancel);
+}
+
+}  // namespace
+
+std::optional<Table> table(std::string_view bytes, std::string_view fileName, Cancel cancel) {
+    Opened file = opened(bytes, fileName, cancel);
+    if (!file.holdsTable()) return std::nullopt;
+    return file.table ? std::move(file.table) : textRows(file.text, cancel).table();
 }
 
 Parsed parse(std::string_view bytes, std::string_view fileName, DateOrder order, const Currency& currency,
              Cancel cancel) {
-    if (const auto rows = table(bytes, fileName, cancel))
-        return interpret(*rows, recognise(*rows), order, currency, cancel);
-    const std::string text = decoded(bytes);
-    return kindOf(text, extensionOf(fileName)) == Kind::ofx ? ofx(text, currency, cancel)
-                                                            : qif(text, order, currency, cancel);
+    const Opened file = opened(bytes, fileName, cancel);
+    if (file.kind == Kind::ofx) return ofx(file.text, currency, cancel);
+    if (file.kind == Kind::qif) return qif(file.text, order, currency, cancel);
+    return interpreted(file.table ? Rows(*file.table) : textRows(file.text, cancel), order, currency, cancel);
 }
 
 Parsed read(const std::filesystem::path& file, DateOrder order, const Currency& currency, Cancel cancel) {
@@ -242,13 +285,17 @@ Parsed read(const std::filesystem::path& file, DateOrder order, const Currency& 
 }
 
 Parsed csv(std::string_view text, DateOrder order, const Currency& currency) {
-    const Table table = textTable(std::string(text), nullptr);
-    return interpret(table, recognise(table), order, currency);
+    std::string inLines;
+    if (endsLinesWithCR(text)) {
+        inLines = text;
+        std::replace(inLines.begin(), inLines.end(), '\r', '\n');
+        text = inLines;
+    }
+    return interpreted(textRows(text, nullptr), order, currency, nullptr);
 }
 
 Parsed gridoJSON(std::string_view json, DateOrder order, const Currency& currency) {
-    const Table table = jsonTable(json, nullptr);
-    return interpret(table, recognise(table), order, currency);
+    return interpreted(Rows(jsonTable(json, nullptr)), order, currency, nullptr);
 }
 
 }  // namespace tamba::BankImport

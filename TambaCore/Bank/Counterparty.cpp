@@ -1,8 +1,9 @@
-#include "TambaCore/Bank/BankImport.h"
+#include "TambaCore/Bank/StatementParts.h"
 #include "TambaCore/Base/Text.h"
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <vector>
 
 /// The payee in a narration. Indian banks print a payment as fields ("UPI/DR/412345678901/SWIGGY/YESB/swiggy8@ybl"), so
@@ -189,6 +190,28 @@ constexpr auto known = std::to_array<Known>({
     {"federal", bank},
 });
 
+/// Bytes that end a word or a field. Every byte of a narration is asked, so a look-up is worth it.
+class Separators {
+public:
+    constexpr explicit Separators(std::string_view characters) {
+        for (const char c : characters) is_[static_cast<unsigned char>(c)] = true;
+    }
+    [[nodiscard]] constexpr bool contain(char c) const { return is_[static_cast<unsigned char>(c)]; }
+    [[nodiscard]] std::size_t next(std::string_view text, std::size_t at) const {
+        while (at < text.size() && !contain(text[at])) ++at;
+        return at;
+    }
+    [[nodiscard]] std::size_t skip(std::string_view text, std::size_t at) const {
+        while (at < text.size() && contain(text[at])) ++at;
+        return at;
+    }
+
+private:
+    std::array<bool, 256> is_{};
+};
+
+constexpr Separators blanks(" \t\n\r"), fieldEnds("/*-:"), namesEnds("/*"), allEnds(" \t\n\r/*-:");
+
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 unsigned char meaningOf(std::string_view word) {
@@ -219,7 +242,8 @@ struct Word {
             marks += c == 'x' || c == '*' || c == '#' || c == '.' || c == ',';
             isHandle = isHandle || c == '@';
         }
-        isNumber = digits + marks == word.size() || word.starts_with("xxx") || word.find("xxxx") != word.npos;
+        isNumber =
+            digits + marks == word.size() || (marks > 2 && (word.starts_with("xxx") || word.find("xxxx") != word.npos));
         isReference = digits >= 4 ||
                       (word.size() == 11 && word[4] == '0' && std::none_of(word.begin(), word.begin() + 4, isDigit));
         meaning = meaningOf(word);
@@ -236,11 +260,12 @@ struct Word {
 /// The words of one field, or the first of many.
 class Words {
 public:
-    explicit Words(std::string_view text, std::string_view separators = " \t\n\r") {
-        for (std::size_t at = text.find_first_not_of(separators); at < text.size() && count_ < words_.size();) {
-            const std::size_t end = std::min(text.find_first_of(separators, at), text.size());
+    static constexpr std::size_t most = 16;
+    explicit Words(std::string_view text, const Separators& separators = blanks, std::size_t atMost = most) {
+        for (std::size_t at = separators.skip(text, 0); at < text.size() && count_ < atMost;) {
+            const std::size_t end = separators.next(text, at);
             words_[count_++] = text.substr(at, end - at);
-            at = text.find_first_not_of(separators, end);
+            at = separators.skip(text, end);
         }
     }
     [[nodiscard]] bool empty() const { return count_ == 0; }
@@ -252,21 +277,13 @@ public:
     [[nodiscard]] const std::string_view* end() const { return words_.data() + count_; }
 
 private:
-    std::array<std::string_view, 16> words_;
+    std::array<std::string_view, most> words_;
     std::size_t count_ = 0;
 };
 
-/// In lower case for comparing, byte for byte as long as the text.
-std::string lowered(std::string_view text) {
-    std::string result(text);
-    for (char& c : result)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    return result;
-}
+enum class Kind { empty, handle, bank, purpose, payee };
 
-enum class Field { empty, handle, bank, purpose, payee };
-
-Field kindOf(const Words& words) {
+Kind kindOf(const Words& words) {
     bool forSomething = false, named = false, handle = false, atBank = false;
     std::string_view last;
     for (const std::string_view text : words) {
@@ -283,23 +300,25 @@ Field kindOf(const Words& words) {
             named = true;
         if (words.size() == 1 && word.is(bank)) atBank = true;
     }
-    if (handle) return Field::handle;
-    if (!named) return forSomething ? Field::purpose : Field::empty;
-    return atBank || last == "bank" ? Field::bank : Field::payee;
+    if (handle) return Kind::handle;
+    if (!named) return forSomething ? Kind::purpose : Kind::empty;
+    return atBank || last == "bank" ? Kind::bank : Kind::payee;
 }
 
 /// Cash, interest and charges have no payee.
-bool hasNoPayee(const Words& words) {
+bool hasNoPayee(std::string_view lower) {
+    const Words words(lower, allEnds, 4);  // the first tell, or there are no more than three
     if (words.empty()) return true;
     const std::string_view first = words.front();
     const std::string_view second = words.size() > 1 ? words[1] : std::string_view();
     if (first == "atw" || first == "eaw" || first == "nwd" || first == "sbint") return true;
     if (first == "atm") return second == "wdl" || second == "wd" || second == "cash" || second.starts_with("withdr");
     if (first == "cash" || second == "cash")
-        for (const std::string_view word : words)
+        for (const std::string_view word : Words(lower, allEnds))
             if (word == "wdl" || word == "dep" || word.starts_with("withdr") || word.starts_with("depos")) return true;
-    for (const std::string_view word : words)
-        if (word.starts_with("int.pd")) return true;
+    if (Text::contains(lower, "int.pd"))
+        for (const std::string_view word : Words(lower, allEnds))
+            if (word.starts_with("int.pd")) return true;
     if (first == "interest" || (first == "credit" && second == "interest")) return true;
     return words.size() <= 3 && (words.back() == "charges" || words.back() == "chrg" || words.back() == "chg");
 }
@@ -341,36 +360,72 @@ std::string_view withoutLead(std::string_view text, std::string_view lower) {
     return text;
 }
 
-}  // namespace
+struct Reading {
+    Kind kind = Kind::empty;
+    std::string name;
+};
 
-std::string cleanVendor(std::string_view narration) {
+Reading readField(std::string_view text, std::string_view lower) {
+    const Words words(lower);
+    Reading result;
+    if (!words.empty()) result.kind = kindOf(words);
+    if (result.kind == Kind::handle) result.name = handleName(text);
+    if (result.kind != Kind::handle && result.kind != Kind::empty) result.name = cleaned(text, lower);
+    return result;
+}
+
+constexpr std::size_t mostKnown = 256;
+
+/// Fields with digits are mostly numbers of their own; all others are looked up among the known ones.
+Reading readField(std::string_view text, std::string_view lower, std::vector<Payees::Field>* known) {
+    if (!known || text.empty() || std::any_of(text.begin(), text.end(), isDigit)) return readField(text, lower);
+    Payees::Field& field = (*known)[std::hash<std::string_view>()(text) % mostKnown];
+    if (field.text != text) {
+        Reading fresh = readField(text, lower);
+        field = {std::string(text), static_cast<int>(fresh.kind), std::move(fresh.name)};
+    }
+    return {static_cast<Kind>(field.kind), field.name};
+}
+
+std::string payee(std::string_view narration, std::vector<Payees::Field>* known) {
     constexpr std::size_t longest = 400;
     std::string_view text = Text::trim(Text::prefixBytes(Text::trim(narration), longest));
-    const std::string all = lowered(text);
-    text = withoutLead(text, all);
-    const std::string_view lower = std::string_view(all).substr(all.size() - text.size());
+    // In lower case for comparing, byte for byte as long as the text.
+    std::array<char, longest> small;
+    std::transform(text.begin(), text.end(), small.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; });
+    std::string_view lower(small.data(), text.size());
+    text = withoutLead(text, lower);
+    lower.remove_prefix(lower.size() - text.size());
+    if (hasNoPayee(lower)) return {};
 
     std::string handle, reason, atBank;
-    bool first = true;
-    if (hasNoPayee(Words(lower, " \t\n\r/*-:"))) return {};
     for (std::size_t begin = 0; begin < lower.size();) {
-        std::size_t end = std::min(lower.find_first_of("/*-:", begin), lower.size());
-        const Words words(lower.substr(begin, end - begin));
-        const Field kind = words.empty() ? Field::empty : kindOf(words);
+        std::size_t end = fieldEnds.next(lower, begin);
+        const auto part = [&](std::string_view whole) { return whole.substr(begin, end - begin); };
+        Reading field = readField(part(text), part(lower), known);
         // A name that the narration begins with may have a hyphen of its own: Coca-Cola.
-        if (first && kind == Field::payee) end = std::min(lower.find_first_of("/*", begin), lower.size());
-        const std::string_view field = text.substr(begin, end - begin);
-        const std::string_view small = lower.substr(begin, end - begin);
-        if (kind == Field::payee)
-            if (std::string name = cleaned(field, small); !name.empty()) return name;
-        if (kind == Field::handle && handle.empty()) handle = handleName(field);
-        if (kind == Field::purpose && reason.empty()) reason = cleaned(field, small);
-        if (kind == Field::bank && atBank.empty()) atBank = cleaned(field, small);
-        first = false;
+        if (begin == 0 && field.kind == Kind::payee && end < lower.size()) {
+            end = namesEnds.next(lower, end);
+            field.name = cleaned(part(text), part(lower));
+        }
+        if (field.kind == Kind::payee && !field.name.empty()) return std::move(field.name);
+        if (field.kind == Kind::handle && handle.empty()) handle = std::move(field.name);
+        if (field.kind == Kind::purpose && reason.empty()) reason = std::move(field.name);
+        if (field.kind == Kind::bank && atBank.empty()) atBank = std::move(field.name);
         begin = end + 1;
     }
     if (!handle.empty()) return handle;
     return reason.empty() ? atBank : reason;
+}
+
+}  // namespace
+
+std::string cleanVendor(std::string_view narration) { return payee(narration, nullptr); }
+
+std::string Payees::of(std::string_view narration) {
+    known_.resize(mostKnown);
+    return payee(narration, &known_);
 }
 
 }  // namespace tamba::BankImport

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 
 namespace tamba::BankImport {
 namespace {
@@ -99,44 +100,45 @@ ChosenOrder chooseOrder(const std::vector<DateCell>& dates, DateOrder setting) {
 
 namespace {
 
-/// The balance a line leads to, and the line before it in time.
-std::vector<std::size_t> inTime(const Parsed& parsed, bool newestFirst) {
-    std::vector<std::size_t> order;
-    for (std::size_t i = 0; i < parsed.transactions.size(); ++i) {
-        const std::size_t line = newestFirst ? parsed.transactions.size() - 1 - i : i;
-        if (parsed.transactions[line].balance) order.push_back(line);
-    }
-    return order;
-}
+/// A line that has a balance.
+struct Step {
+    std::size_t line = 0;
+    std::int64_t amount = 0, balance = 0;
+};
 
-std::size_t steps(const Parsed& parsed, bool newestFirst) {
-    const auto order = inTime(parsed, newestFirst);
-    std::size_t right = 0;
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        const BankTransaction& line = parsed.transactions[order[i]];
-        right += Checked::tryAdd(*parsed.transactions[order[i - 1]].balance, line.amount) == line.balance;
+/// How many balances follow from the one before.
+template <class Steps>
+std::size_t right(const Steps& steps) {
+    std::size_t count = 0;
+    std::optional<std::int64_t> before;
+    for (const Step& step : steps) {
+        count += before && Checked::tryAdd(*before, step.amount) == step.balance;
+        before = step.balance;
     }
-    return right;
+    return count;
 }
 
 }  // namespace
 
 void checkBalances(Parsed& parsed, std::optional<std::int64_t> opening) {
-    const bool newestFirst = steps(parsed, true) > steps(parsed, false);
-    const auto order = inTime(parsed, newestFirst);
-    if (order.empty()) return;
-    const BankTransaction& first = parsed.transactions[order.front()];
-    std::int64_t before = opening && !newestFirst ? *opening : Checked::sub(*first.balance, first.amount);
-    BalanceProof proof{before, 0, *parsed.transactions[order.back()].balance};
-    for (const std::size_t i : order) {
-        const BankTransaction& line = parsed.transactions[i];
-        const std::int64_t expected = Checked::add(before, line.amount);
-        if (expected != *line.balance) parsed.balanceBreaks.push_back({parsed.rows[i], expected, *line.balance});
-        before = *line.balance;
-    }
+    std::vector<Step> steps;
     std::optional<std::int64_t> sum = 0;
-    for (const BankTransaction& line : parsed.transactions)
+    for (std::size_t i = 0; i < parsed.transactions.size(); ++i) {
+        const BankTransaction& line = parsed.transactions[i];
+        if (line.balance) steps.push_back({i, line.amount, *line.balance});
         if (sum) sum = Checked::tryAdd(*sum, line.amount);
+    }
+    if (steps.empty()) return;
+    const bool newestFirst = right(std::ranges::reverse_view(steps)) > right(steps);
+    if (newestFirst) std::reverse(steps.begin(), steps.end());
+    std::int64_t before =
+        opening && !newestFirst ? *opening : Checked::sub(steps.front().balance, steps.front().amount);
+    BalanceProof proof{before, 0, steps.back().balance};
+    for (const Step& step : steps) {
+        const std::int64_t expected = Checked::add(before, step.amount);
+        if (expected != step.balance) parsed.balanceBreaks.push_back({parsed.rows[step.line], expected, step.balance});
+        before = step.balance;
+    }
     if (!sum || !Checked::tryAdd(proof.opening, *sum)) return;
     proof.sum = *sum;
     parsed.balanceProof = proof;

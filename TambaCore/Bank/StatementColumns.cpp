@@ -103,11 +103,11 @@ struct Evidence {
 
 constexpr std::size_t sampledRows = 400;
 
-std::vector<Evidence> evidence(const Table& table, std::size_t below, std::size_t dateColumn, std::size_t columns) {
+std::vector<Evidence> evidence(const Rows& rows, std::size_t below, std::size_t dateColumn, std::size_t columns) {
     std::vector<Evidence> result(columns);
     std::size_t sampled = 0;
-    for (std::size_t r = below; r < table.rows.size() && sampled < sampledRows; ++r) {
-        const auto& cells = table.rows[r].cells;
+    for (std::size_t r = below; r < rows.size() && sampled < sampledRows; ++r) {
+        const Cells cells = rows[r].cells;
         if (dateColumn >= cells.size() || dateCell(cells[dateColumn], DateOrder::dmy).kind == DateCell::Kind::none)
             continue;
         ++sampled;
@@ -130,15 +130,15 @@ std::vector<Evidence> evidence(const Table& table, std::size_t below, std::size_
 /// Hands out the columns of one header, each once.
 class Assignment {
 public:
-    Assignment(const Table& table, std::size_t headerRow)
-        : table_(table), header_(headerRow), titles_(titles(table.rows[headerRow].cells)), taken_(titles_.size()) {
+    Assignment(const Rows& rows, std::size_t headerRow)
+        : rows_(rows), header_(headerRow), titles_(titles(rows[headerRow].cells)), taken_(titles_.size()) {
         columns_.header = headerRow;
     }
 
     Columns columns() {
         findDate();
         if (!columns_[Role::date]) return columns_;
-        evidence_ = evidence(table_, header_ + 1, *columns_[Role::date], titles_.size());
+        evidence_ = evidence(rows_, header_ + 1, *columns_[Role::date], titles_.size());
         for (const auto& [role, names] : {std::pair{Role::category, Words{"category"}},
                                           {Role::counterparty, Words{"counterparty", "payee name"}},
                                           {Role::currency, Words{"currency", "ccy", "transaction currency"}},
@@ -262,7 +262,7 @@ private:
         if (widest) take(Role::description, *widest);
     }
 
-    const Table& table_;
+    const Rows& rows_;
     std::size_t header_;
     Titles titles_;
     std::vector<bool> taken_;
@@ -275,13 +275,13 @@ bool hasAmount(const Columns& columns) {
     return columns[Role::debit] || columns[Role::credit] || columns[Role::amount];
 }
 
-bool anyLine(const Table& table, const Columns& columns) {
+bool anyLine(const Rows& rows, const Columns& columns) {
     const std::size_t from = *columns.header + 1;
-    for (std::size_t r = from; r < std::min(table.rows.size(), from + sampledRows); ++r) {
-        const auto& cells = table.rows[r].cells;
+    for (std::size_t r = from; r < std::min(rows.size(), from + sampledRows); ++r) {
+        const Cells cells = rows[r].cells;
         const auto cell = [&](Role role) {
             const auto place = columns[role];
-            return place && *place < cells.size() ? std::string_view(cells[*place]) : std::string_view();
+            return place && *place < cells.size() ? cells[*place] : std::string_view();
         };
         if (dateCell(cell(Role::date), DateOrder::dmy).kind == DateCell::Kind::none) continue;
         for (const Role role : {Role::debit, Role::credit, Role::amount})
@@ -300,10 +300,11 @@ constexpr std::size_t longestTitle = 80;
 
 }  // namespace
 
-std::vector<std::string> titles(const std::vector<std::string>& cells) {
+std::vector<std::string> titles(Cells cells) {
+    constexpr std::size_t most = 1000;  // no table is wider
     std::vector<std::string> result;
-    for (const std::string& cell : cells) {
-        std::string title = collapsed(Text::lower(cell.size() > 400 ? std::string_view() : std::string_view(cell)));
+    for (const std::string_view cell : cells.first(std::min(cells.size(), most))) {
+        std::string title = collapsed(Text::lower(cell.size() > 400 ? std::string_view() : cell));
         std::replace(title.begin(), title.end(), '_', ' ');
         title = Text::replaceAll(Text::replaceAll(std::move(title), " /", "/"), "/ ", "/");
         result.push_back(std::move(title));
@@ -330,20 +331,22 @@ bool looksLikeHeader(const std::vector<std::string>& titles) {
     return dateAndAmount;
 }
 
-Columns recognise(const Table& table) {
+Columns recognise(const Table& table) { return recognise(Rows(table)); }
+
+Columns recognise(const Rows& rows) {
     constexpr std::size_t mostCandidates = 40;  // each looks at the rows below it
     std::optional<Columns> without;
     const char* missing = "date and amount";
     std::size_t tried = 0;
-    for (std::size_t r = 0; r < table.rows.size() && tried < mostCandidates; ++r) {
-        const auto& cells = table.rows[r].cells;
+    for (std::size_t r = 0; r < rows.size() && tried < mostCandidates; ++r) {
+        const Cells cells = rows[r].cells;
         const bool date =
-            std::any_of(cells.begin(), cells.end(), [](const auto& c) { return containsIgnoringCase(c, "date"); });
+            std::any_of(cells.begin(), cells.end(), [](std::string_view c) { return containsIgnoringCase(c, "date"); });
         if (cells.size() < 2 || !date || !looksLikeHeader(titles(cells))) continue;
         ++tried;
-        const Columns columns = Assignment(table, r).columns();
+        const Columns columns = Assignment(rows, r).columns();
         if (columns[Role::date] && hasAmount(columns)) {
-            if (anyLine(table, columns)) return columns;
+            if (anyLine(rows, columns)) return columns;
             if (!without) without = columns;
         } else if (tried == 1) {
             missing = columns[Role::date] ? "amount" : "date";
@@ -354,8 +357,10 @@ Columns recognise(const Table& table) {
 }
 
 std::string layoutKey(const Table& table, const Columns& columns) {
-    if (columns.header && *columns.header < table.rows.size())
-        return Text::join(titles(table.rows[*columns.header].cells), "|");
+    if (columns.header && *columns.header < table.rows.size()) {
+        const std::vector<std::string>& header = table.rows[*columns.header].cells;
+        return Text::join(titles(std::vector<std::string_view>(header.begin(), header.end())), "|");
+    }
     std::size_t widest = 0;
     for (const Table::Row& row : table.rows) widest = std::max(widest, row.cells.size());
     return "no titles, " + std::to_string(widest) + " columns";

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "TambaCore/Bank/BankImport.h"
+#include "TambaCore/Base/CSV.h"
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,14 +29,57 @@ inline void stopIf(Cancel cancel) {
     if (cancel && *cancel) throw Cancelled();
 }
 
+using Cells = std::span<const std::string_view>;
+
+/// The rows of a table as views, into the text of a file or the cells of a `Table`, either of which outlives it.
+class Rows {
+public:
+    struct Row {
+        std::size_t number = 0;  ///< as a spreadsheet counts them, from 1
+        Cells cells;
+    };
+
+    explicit Rows(const Table& table);
+    /// What is around a cell is taken off. `firstLine` counts the lines of the file above the text.
+    Rows(std::string_view csv, std::size_t firstLine, Cancel cancel);
+    Rows(const Rows&) = delete;
+    Rows(Rows&&) = default;
+    Rows& operator=(const Rows&) = delete;
+    Rows& operator=(Rows&&) = default;
+    ~Rows() = default;
+
+    [[nodiscard]] std::size_t size() const { return views_.ends.size(); }
+    [[nodiscard]] Row operator[](std::size_t index) const {
+        const std::size_t begin = index > 0 ? views_.ends[index - 1] : 0;
+        return {views_.numbers[index], {views_.fields.data() + begin, views_.ends[index] - begin}};
+    }
+    [[nodiscard]] bool isOpen() const { return views_.isOpen; }  ///< the text ends inside quotes
+    void append(Rows&& others);
+    [[nodiscard]] Table table() const;
+
+    std::string format;
+    std::vector<std::string> notes;
+
+private:
+    CSV::Views views_;
+};
+
+[[nodiscard]] Columns recognise(const Rows& rows);
+[[nodiscard]] Parsed interpret(const Rows& rows, const Columns& columns, DateOrder order, const Currency& currency,
+                               Cancel cancel);
+
+/// The files of very old machines end lines with CR alone, which the reader of CSV drops.
+[[nodiscard]] bool endsLinesWithCR(std::string_view text);
+/// `text` stays alive as long as the rows.
+[[nodiscard]] Rows textRows(std::string_view text, Cancel cancel);
+
 // Tables out of bytes; each throws ImportError when the bytes hold none.
-[[nodiscard]] Table textTable(std::string text, Cancel cancel);
 [[nodiscard]] Table htmlTable(std::string_view html, Cancel cancel);
 [[nodiscard]] Table jsonTable(std::string_view json, Cancel cancel);
 [[nodiscard]] Table workbookTable(std::string_view bytes, Cancel cancel);
 
 /// Cells of one spelling: lower case, one blank between words, none around "/".
-[[nodiscard]] std::vector<std::string> titles(const std::vector<std::string>& cells);
+[[nodiscard]] std::vector<std::string> titles(Cells cells);
 /// A row that could be a header: a cell with “date”, another with an amount word, and no figure or date among them.
 [[nodiscard]] bool looksLikeHeader(const std::vector<std::string>& titles);
 
@@ -91,6 +136,22 @@ struct AmountCell {
                                     Figures::Style style = Figures::Style::grouped);
 /// Why a cell that is filled is no amount: a finished sentence.
 [[nodiscard]] std::string whyNoAmount(const AmountCell& amount, std::string_view cell);
+
+/// `cleanVendor` for the lines of one file, which name the same payees again and again.
+class Payees {
+public:
+    [[nodiscard]] std::string of(std::string_view narration);
+
+    /// A field of a narration: what kind it is, and the name in it.
+    struct Field {
+        std::string text;
+        int kind = 0;
+        std::string name;
+    };
+
+private:
+    std::vector<Field> known_;  // by hash of the text; a later one takes the place of another
+};
 
 /// Fills `balanceBreaks` and `balanceProof` from the lines' balances, whichever end of the file is the newer.
 void checkBalances(Parsed& parsed, std::optional<std::int64_t> opening);

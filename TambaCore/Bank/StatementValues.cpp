@@ -291,7 +291,7 @@ bool isGrouped(std::string_view whole, char separator) {
 
 struct Split {
     AmountCell::State state = AmountCell::State::unreadable;
-    std::string whole, fraction;
+    std::string_view whole, fraction;  ///< the whole part may hold thousands separators
 };
 
 /// Where the decimals of a figure of digits, points and commas begin.
@@ -300,20 +300,14 @@ Split split(std::string_view figure, int exponent, char mark, Figures::Style sty
     const std::size_t point = figure.rfind('.'), comma = figure.rfind(',');
     const bool hasPoint = point != figure.npos, hasComma = comma != figure.npos;
     const auto decimalsAt = [&](std::size_t at) -> Split {
-        Split result{State::amount, std::string(figure.substr(0, at)), std::string(figure.substr(at + 1))};
-        if (result.whole.find_first_of(".,") == std::string::npos) return result;
-        const char separator = figure[at] == '.' ? ',' : '.';
-        if (!isGrouped(result.whole, separator)) return {};
-        std::erase(result.whole, separator);
-        return result;
+        const Split result{State::amount, figure.substr(0, at), figure.substr(at + 1)};
+        const bool isPlain = std::all_of(result.whole.begin(), result.whole.end(), isDigit);
+        return isPlain || isGrouped(result.whole, figure[at] == '.' ? ',' : '.') ? result : Split{};
     };
-    const auto thousands = [&](char separator) -> Split {
-        if (!isGrouped(figure, separator)) return {};
-        Split result{State::amount, std::string(figure), {}};
-        std::erase(result.whole, separator);
-        return result;
+    const auto thousands = [&](char separator) {
+        return isGrouped(figure, separator) ? Split{State::amount, figure, {}} : Split{};
     };
-    if (!hasPoint && !hasComma) return {State::amount, std::string(figure), {}};
+    if (!hasPoint && !hasComma) return {State::amount, figure, {}};
     if (hasPoint && hasComma) {
         const std::size_t last = std::max(point, comma);
         if (mark != 0 && figure[last] != mark) return {State::ambiguous, {}, {}};
@@ -350,7 +344,7 @@ Split split(std::string_view figure, int exponent, char mark, Figures::Style sty
 std::optional<std::int64_t> scaled(const Split& figure, int exponent) {
     std::int64_t value = 0;
     const auto push = [&](char digit) {
-        if (value > maximumAmount) return;
+        if (value > maximumAmount || !isDigit(digit)) return;
         value = value * 10 + (digit - '0');
     };
     for (const char c : figure.whole) push(c);
@@ -363,9 +357,37 @@ std::optional<std::int64_t> scaled(const Split& figure, int exponent) {
     return isBelievable(value) ? std::optional(value) : std::nullopt;
 }
 
+/// "1,23,456.78" or "500.00", as most amounts are printed, in one walk; nothing for any other spelling.
+std::optional<std::int64_t> commonFigure(std::string_view text) {
+    constexpr std::size_t shortest = 4, longest = 19;
+    if (text.size() < shortest || text.size() > longest || text[text.size() - 3] != '.') return std::nullopt;
+    std::int64_t value = 0;
+    int group = 0;
+    bool grouped = false;
+    for (const char c : text.substr(0, text.size() - 3)) {
+        if (isDigit(c)) {
+            value = value * 10 + (c - '0');
+            ++group;
+        } else {
+            if (c != ',' || group > 3 || group < (grouped ? 2 : 1)) return std::nullopt;
+            grouped = true;
+            group = 0;
+        }
+    }
+    const char tens = text[text.size() - 2], ones = text.back();
+    if (group == 0 || (grouped && group != 3) || !isDigit(tens) || !isDigit(ones)) return std::nullopt;
+    value = value * 100 + (tens - '0') * 10 + (ones - '0');
+    return isBelievable(value) ? std::optional(value) : std::nullopt;
+}
+
 }  // namespace
 
 void Figures::see(std::string_view cell) {
+    if (cell.empty()) return;
+    if (commonFigure(cell)) {
+        ++points_;
+        return;
+    }
     const std::string_view figure = figureOf(cell);
     const std::size_t point = figure.rfind('.'), comma = figure.rfind(',');
     if (point != figure.npos && comma != figure.npos) {
@@ -412,6 +434,13 @@ AmountCell figure(std::string_view text, const Currency& currency, char decimalM
 AmountCell amountCell(std::string_view cell, const Currency& currency, char decimalMark, Figures::Style style) {
     using State = AmountCell::State;
     AmountCell result;
+    if (cell.empty()) return result;
+    if (currency.exponent == 2 && decimalMark != ',') {
+        std::string_view unsigned_ = cell;
+        bool negative = false;
+        (void)removeSign(unsigned_, negative);
+        if (const auto minor = commonFigure(unsigned_)) return {State::amount, negative, Direction::unsaid, *minor};
+    }
     std::string_view text = trimmedBlanks(Text::trim(cell));
     if (text.find_first_not_of("-") == text.npos || text == "\u2013" || text == "\u2014" || text == minusSign)
         return result;

@@ -3,6 +3,7 @@
 #include "TambaCore/Base/Files.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tamba {
 namespace {
@@ -30,29 +31,52 @@ void addRow(std::string& text, const CSV::Row& row) {
     text += "\r\n";
 }
 
-/// Reads one text. Stretches of ordinary characters are taken at once.
+/// Reads one text. Stretches of ordinary characters are taken at once; a field in several stretches is put together.
+/// `Rows` takes the fields and is told where a row ends.
+template <class Rows>
 class Reader {
 public:
-    explicit Reader(std::string_view text) : text_(text), delimiter_(CSV::delimiter(text)) {}
+    Reader(std::string_view text, Rows& rows) : text_(text), delimiter_(CSV::delimiter(text)), rows_(rows) {
+        for (const char c : {delimiter_, '"', '\n', '\r'}) special_[static_cast<unsigned char>(c)] = true;
+    }
 
-    CSV::Read read() {
+    /// Whether the text ends inside quotes.
+    bool read() {
         while (at_ < text_.size()) {
             const std::size_t begin = at_;
-            while (at_ < text_.size() && !isSpecial(text_[at_])) ++at_;
-            field_.append(text_, begin, at_ - begin);
+            while (at_ < text_.size() && !special_[static_cast<unsigned char>(text_[at_])]) ++at_;
+            take(begin, at_);
             if (at_ < text_.size()) special(text_[at_]);
         }
-        if (!field_.empty() || !row_.empty()) endRow();
-        return std::move(result_);
+        if (!field().empty() || inRow_) endRow();
+        return open_;
     }
 
 private:
-    [[nodiscard]] bool isSpecial(char c) const { return c == delimiter_ || c == '"' || c == '\n' || c == '\r'; }
+    void take(std::size_t begin, std::size_t end) {
+        if (begin == end) return;
+        if (isMade_) {
+            made_.append(text_, begin, end - begin);
+        } else if (begin_ == end_) {
+            begin_ = begin;
+            end_ = end;
+        } else if (begin == end_) {
+            end_ = end;
+        } else {
+            isMade_ = true;
+            made_.assign(text_, begin_, end_ - begin_).append(text_, begin, end - begin);
+        }
+    }
+
+    [[nodiscard]] std::string_view field() const {
+        return isMade_ ? std::string_view(made_) : text_.substr(begin_, end_ - begin_);
+    }
 
     void special(char c) {
         ++at_;
         if (c == delimiter_) {
             endField();
+            inRow_ = true;
         } else if (c == '"') {
             quoted();
         } else if (c == '\n') {
@@ -65,46 +89,75 @@ private:
 
     void quoted() {
         while (true) {
-            const std::size_t quote = text_.find('"', at_);
-            field_.append(text_, at_, quote - at_);
-            if (quote == std::string_view::npos) {
-                at_ = text_.size();
-                return;
-            }
-            at_ = quote + 1;
-            if (at_ >= text_.size() || text_[at_] != '"') return;
-            field_ += '"';
-            ++at_;
+            const std::size_t quote = std::min(text_.find('"', at_), text_.size());
+            const bool ends = quote + 1 >= text_.size() || text_[quote + 1] != '"';
+            take(at_, ends ? quote : quote + 1);
+            at_ = std::min(ends ? quote + 1 : quote + 2, text_.size());
+            open_ = quote == text_.size();
+            if (ends) return;
         }
     }
 
     void endField() {
-        row_.push_back(std::move(field_));
-        field_.clear();
+        if (isMade_)
+            rows_.take(std::move(made_));
+        else
+            rows_.take(field());
+        begin_ = end_ = 0;
+        isMade_ = false;
     }
 
     void endRow() {
         ++number_;
-        endField();
-        if (row_.size() > 1 || !row_.front().empty()) {
-            columns_ = row_.size();
-            result_.rows.push_back(std::move(row_));
-            result_.numbers.push_back(number_);
-            row_ = {};
-            row_.reserve(columns_);
+        const bool isBlank = !inRow_ && field().empty();
+        if (!isBlank) {
+            endField();
+            rows_.end(number_);
         }
-        row_.clear();
+        begin_ = end_ = 0;
+        isMade_ = inRow_ = false;
     }
 
     std::string_view text_;
     char delimiter_;
-    std::size_t at_ = 0;
-    std::size_t number_ = 0;
-    std::size_t columns_ = 0;
-    std::string field_;
-    CSV::Row row_;
-    CSV::Read result_;
+    Rows& rows_;
+    std::array<bool, 256> special_{};
+    std::size_t at_ = 0, number_ = 0;
+    std::size_t begin_ = 0, end_ = 0;  // of the field, as long as it is in one stretch
+    std::string made_;
+    bool isMade_ = false, inRow_ = false, open_ = false;
 };
+
+struct StringRows {
+    void take(std::string_view field) { row.emplace_back(field); }
+    void take(std::string&& field) { row.push_back(std::move(field)); }
+    void end(std::size_t number) {
+        const std::size_t columns = row.size();
+        result.rows.push_back(std::move(row));
+        result.numbers.push_back(number);
+        row = {};
+        row.reserve(columns);
+    }
+
+    CSV::Read result;
+    CSV::Row row;
+};
+
+struct ViewRows {
+    void take(std::string_view field) { result.fields.push_back(field); }
+    void take(std::string&& field) { result.fields.emplace_back(result.made.emplace_back(std::move(field))); }
+    void end(std::size_t number) {
+        result.ends.push_back(result.fields.size());
+        result.numbers.push_back(number);
+    }
+
+    CSV::Views result;
+};
+
+std::string_view withoutMark(std::string_view text) {
+    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+    return text;
+}
 
 }  // namespace
 
@@ -147,8 +200,15 @@ char CSV::delimiter(std::string_view text) {
 }
 
 CSV::Read CSV::read(std::string_view text) {
-    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
-    return Reader(text).read();
+    StringRows rows;
+    (void)Reader(withoutMark(text), rows).read();
+    return std::move(rows.result);
+}
+
+CSV::Views CSV::views(std::string_view text) {
+    ViewRows rows;
+    rows.result.isOpen = Reader(withoutMark(text), rows).read();
+    return std::move(rows.result);
 }
 
 }  // namespace tamba

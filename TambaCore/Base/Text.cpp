@@ -37,7 +37,7 @@ UChar32 firstCodePoint(std::string_view character) {
     return character.empty() ? 0 : static_cast<UChar32>(codePoint(character, at));
 }
 
-bool isSpace(UChar32 c) { return u_isUWhiteSpace(c) != 0; }
+bool isSpace(UChar32 c) { return c < 0x80 ? c == ' ' || (c >= '\t' && c <= '\r') : u_isUWhiteSpace(c) != 0; }
 
 template <class Mapping>
 std::string mapCase(std::string_view text, Mapping&& mapping) {

@@ -184,30 +184,65 @@ BankTransaction BankTransaction::make(Day date, std::string text, std::int64_t a
 
 namespace {
 
-/// The first 40 letters and digits in lower case. Importing compares every line of the books, and most narrations are
-/// ASCII.
-std::string keptNarration(std::string_view text) {
-    constexpr std::size_t most = 40;
-    std::string kept;
-    kept.reserve(most);
-    for (const char c : text) {
-        if (static_cast<unsigned char>(c) >= 0x80)
-            return std::string(Text::prefix(Text::lettersAndDigits(Text::lower(text)), most));
-        const char small = c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-        if ((small >= 'a' && small <= 'z') || (small >= '0' && small <= '9')) kept += small;
-        if (kept.size() > most) break;
+constexpr std::size_t mostKept = 40;
+
+/// The first 40 letters and digits of a narration in lower case. Importing asks for those of every line of the books,
+/// and most narrations are ASCII: they fit in a buffer.
+class KeptNarration {
+public:
+    explicit KeptNarration(std::string_view text) {
+        std::size_t count = 0;
+        for (auto at = text.begin(); at != text.end() && count <= mostKept; ++at) {
+            const auto c = static_cast<unsigned char>(*at);
+            if (c >= 0x80) {
+                other_ = Text::prefix(Text::lettersAndDigits(Text::lower(text)), mostKept);
+                kept_ = other_;
+                return;
+            }
+            ascii_[count] = keeps[c];
+            count += keeps[c] != 0;
+        }
+        kept_ = {ascii_.data(), std::min(count, mostKept)};
     }
-    kept.resize(std::min(kept.size(), most));
-    return kept;
-}
+    KeptNarration(const KeptNarration&) = delete;
+    KeptNarration& operator=(const KeptNarration&) = delete;
+    ~KeptNarration() = default;
+
+    [[nodiscard]] std::string_view text() const { return kept_; }
+
+private:
+    static constexpr auto keeps = [] {
+        std::array<char, 0x80> table{};
+        for (char c = '0'; c <= '9'; ++c) table[static_cast<std::size_t>(c)] = c;
+        for (char c = 'a'; c <= 'z'; ++c)
+            table[static_cast<std::size_t>(c)] = table[static_cast<std::size_t>(c - ('a' - 'A'))] = c;
+        return table;
+    }();
+
+    std::array<char, mostKept + 2> ascii_;
+    std::string other_;
+    std::string_view kept_;
+};
 
 }  // namespace
 
 std::string BankTransaction::fingerprint() const {
     std::string result = date.iso();
     result.reserve(80 + reference.size());
-    result.append("|").append(std::to_string(amount)).append("|").append(keptNarration(text));
+    result.append("|").append(std::to_string(amount)).append("|").append(KeptNarration(text).text());
     return result.append("|").append(reference);
+}
+
+std::size_t BankTransaction::fingerprintHash() const {
+    const std::hash<std::string_view> hash;
+    constexpr std::size_t spread = 0x9E3779B97F4A7C15;
+    std::size_t result = hash(KeptNarration(text).text());
+    for (const std::size_t part : {hash(reference), static_cast<std::size_t>(amount),
+                                   static_cast<std::size_t>((date.y * 12 + date.m) * 31 + date.d)}) {
+        result = (result ^ part) * spread;
+        result ^= result >> 29;
+    }
+    return result;
 }
 
 bool BankTransaction::isMatched() const { return expenseID || invoiceID || paymentID; }

@@ -346,6 +346,8 @@ struct BankTransaction {
     /// What tells a line from others when a statement is imported again: day, amount, the first 40 letters and digits
     /// of the narration in lower case, reference. Neither account nor balance.
     [[nodiscard]] std::string fingerprint() const;
+    /// The same for lines of the same fingerprint, without making its text.
+    [[nodiscard]] std::size_t fingerprintHash() const;
     [[nodiscard]] bool isMatched() const;  ///< linked to an expense or to a payment of an invoice
     [[nodiscard]] bool isOpen() const;     ///< neither matched nor set aside
     bool operator==(const BankTransaction&) const = default;

@@ -9,6 +9,15 @@ namespace {
 
 using Rows = std::vector<CSV::Row>;
 
+Rows copied(const CSV::Views& views) {
+    Rows rows;
+    auto field = views.fields.begin();
+    for (const std::size_t end : views.ends)
+        for (rows.emplace_back(); field != views.fields.begin() + static_cast<std::ptrdiff_t>(end); ++field)
+            rows.back().emplace_back(*field);
+    return rows;
+}
+
 TEST(CSV, readsWhatBanksPrint) {
     const struct {
         const char* text;
@@ -42,11 +51,16 @@ TEST(CSV, readsWhatBanksPrint) {
         {"a,", {{"a", ""}}},
         {" a , b ", {{" a ", " b "}}},
     };
-    for (const auto& one : cases) EXPECT_EQ(CSV::parse(one.text), one.rows) << one.text;
+    for (const auto& one : cases) {
+        EXPECT_EQ(CSV::parse(one.text), one.rows) << one.text;
+        EXPECT_EQ(copied(CSV::views(one.text)), one.rows) << one.text;
+    }
 }
 
 TEST(CSV, countsRowsAsASpreadsheetDoes) {
     EXPECT_EQ(CSV::read("\na\n\n\"b\n\nc\"\nd").numbers, (std::vector<std::size_t>{2, 4, 5}));
+    EXPECT_FALSE(CSV::views("a,\"b\"\"\"").isOpen);
+    EXPECT_TRUE(CSV::views("a,\"b\"\"").isOpen);
 }
 
 TEST(CSV, guardsBeforeItQuotes) {
