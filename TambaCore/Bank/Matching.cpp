@@ -8,6 +8,7 @@
 #include "TambaCore/Documents/Expenses.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <unordered_set>
 
 namespace tamba::Bank {
@@ -50,6 +51,72 @@ void linkPayment(Library& library, std::size_t line, const UUID& invoice, const 
     });
 }
 
+/// Rates move between the invoice and its payment, and banks take their part; more than this is another matter.
+constexpr std::int64_t exchangeShare = 10;
+
+bool isNear(std::int64_t a, std::int64_t b) { return std::abs(Checked::sub(a, b)) <= b / exchangeShare; }
+
+/// What a part of a line is worth at home.
+std::optional<std::int64_t> inHomeCurrency(const Library& library, const BankTransaction& line, std::int64_t amount) {
+    const Currency own = currency(library, line);
+    const auto rate = own.code == library.home().code ? 1'000'000 : library.rate(own.code);
+    return MoneyMath::tryConvert(amount, own, library.home(), rate.value_or(0));
+}
+
+bool isExchanged(const Library& library, const BankTransaction& line, const Document& invoice) {
+    return currency(library, line).code != Currency::of(invoice.currency).code;
+}
+
+/// What a payment takes of the line, in the line's currency.
+std::optional<std::int64_t> taken(const Library& library, const BankTransaction& line, const Document& invoice,
+                                  std::int64_t amount) {
+    if (!isExchanged(library, line, invoice)) return amount;
+    const auto atHome = Books::inHomeCurrency(library, invoice, amount);
+    if (!atHome || currency(library, line).code == library.home().code) return atHome;
+    const auto lineAtHome = inHomeCurrency(library, line, line.amount);
+    if (!lineAtHome || *lineAtHome < 1) return std::nullopt;
+    return MoneyMath::mulDiv(line.amount, *atHome, *lineAtHome);
+}
+
+bool isOf(const Payment& payment, const BankTransaction& line) {
+    return payment.bankTxnID == line.id || (payment.id == line.paymentID && !payment.bankTxnID);
+}
+
+/// Calls `visit(invoice, payment)` for the payments the line is linked to.
+template <class Visit>
+void forEachPayment(const Library& library, const BankTransaction& line, Visit&& visit) {
+    for (const Document& document : library.documents)
+        for (const Payment& payment : document.payments)
+            if (isOf(payment, line)) visit(document, payment);
+}
+
+/// Refuses a line that is linked, unless one of several payments was removed and its part is free.
+std::int64_t needUnassigned(const Library& library, const BankTransaction& line) {
+    const std::int64_t rest = unassigned(library, line);
+    refuseIf(rest < 1 && isLinked(library, line), Code::lineMatched);
+    refuseIf(line.amount < 0, Code::wrongDirection);
+    return rest;
+}
+
+/// The same id whoever makes the payment: two machines that match the same line have made one. A line that pays an
+/// invoice a second time, after a part of it came free, needs another.
+UUID paymentID(const BankTransaction& line, const UUID& invoice, bool again) {
+    return UUID::derived(line.id, (again ? "further payment on " : "payment on ") + invoice.text());
+}
+
+/// Whether the line made the payment. One that says no more than the line is as good as made by it.
+bool isMadeBy(const BankTransaction& line, const UUID& invoice, const Payment& payment) {
+    if (payment.id == paymentID(line, invoice, false) || payment.id == paymentID(line, invoice, true)) return true;
+    return !payment.bankTxnID ||
+           (payment.date == line.date && (payment.reference.empty() || payment.reference == line.reference));
+}
+
+/// Whether no line that is in the books is linked to the payment.
+bool isTyped(const Library& library, const Payment& payment) {
+    return std::none_of(library.transactions.begin(), library.transactions.end(),
+                        [&payment](const BankTransaction& line) { return isOf(payment, line); });
+}
+
 /// How the narration says the money moved: "UPI/DR/…", "UPIAR/…", "POS 4160…", "CHQ PAID …"; else a transfer. Not in
 /// the middle of a word: "compose", "cupid".
 PaymentMethod methodOf(const std::string& narration) {
@@ -65,24 +132,35 @@ PaymentMethod methodOf(const std::string& narration) {
 /// whatever the rounding.
 std::int64_t inInvoiceCurrency(const Library& library, const BankTransaction& line, std::int64_t share,
                                const Document& invoice, std::int64_t balance) {
-    const Currency own = currency(library, line);
-    if (own.code == Currency::of(invoice.currency).code) return share;
-    const auto rate = own.code == library.home().code ? 1'000'000 : library.rate(own.code);
-    const auto atHome = MoneyMath::tryConvert(share, own, library.home(), rate.value_or(0));
-    if (!atHome) throw BooksError(Code::missingRate, own.code);
+    if (!isExchanged(library, line, invoice)) return share;
+    const auto atHome = inHomeCurrency(library, line, share);
+    if (!atHome) throw BooksError(Code::missingRate, currency(library, line).code);
     if (Books::inHomeCurrency(library, invoice, balance) == atHome) return balance;
     const auto amount = Books::fromHomeCurrency(library, invoice, *atHome);
     if (!amount) throw BooksError(Code::missingRate, invoice.currency);
     return *amount;
 }
 
-/// The payment has the same id whoever makes it: two machines that match the same line have made one payment.
+/// Money of another currency that is near the balance was meant to be it.
+std::int64_t withExchange(const Library& library, const BankTransaction& line, const Share& share,
+                          const Document& invoice, std::int64_t balance, std::int64_t amount) {
+    const bool isIt = isExchanged(library, line, invoice) && isNear(amount, balance);
+    if (share.remainder == Remainder::asExchange && !isIt)
+        throw BooksError(Code::split,
+                         "Only money that was exchanged can be lost in exchange, and no more than a tenth of what is "
+                         "to be paid.");
+    return isIt && (amount > balance || share.remainder == Remainder::asExchange) ? balance : amount;
+}
+
 Payment paymentFrom(const Library& library, const BankTransaction& line, const Share& share, const Document& invoice,
                     std::int64_t balance) {
     Payment payment;
-    payment.id = UUID::derived(line.id, "payment on " + invoice.id.text());
+    payment.id = paymentID(line, invoice.id, false);
+    for (const Payment& other : invoice.payments)
+        if (other.id == payment.id) payment.id = paymentID(line, invoice.id, true);
     payment.date = line.date;
-    payment.amount = inInvoiceCurrency(library, line, share.amount, invoice, balance);
+    payment.amount = withExchange(library, line, share, invoice, balance,
+                                  inInvoiceCurrency(library, line, share.amount, invoice, balance));
     if (share.remainder == Remainder::asTDS) payment.tds = std::max<std::int64_t>(0, balance - payment.amount);
     payment.method = methodOf(line.text);
     payment.reference = line.reference;
@@ -91,7 +169,8 @@ Payment paymentFrom(const Library& library, const BankTransaction& line, const S
 }
 
 /// The shares come to the line, are above zero and for invoices of their own; else throws `split`.
-void needShares(const Library& library, const BankTransaction& line, const std::vector<Share>& shares) {
+void needShares(const Library& library, const BankTransaction& line, std::int64_t rest,
+                const std::vector<Share>& shares) {
     std::unordered_set<UUID> invoices;
     std::int64_t sum = 0;
     for (const Share& share : shares) {
@@ -101,10 +180,12 @@ void needShares(const Library& library, const BankTransaction& line, const std::
             throw BooksError(Code::split, "Two shares are for the same invoice. Make them one.");
         sum = Checked::add(sum, share.amount);
     }
-    if (sum == line.amount && sum > 0) return;
+    if (sum == rest && sum > 0) return;
     const auto text = [own = currency(library, line)](std::int64_t minor) { return MoneyFormat::string(minor, own); };
     throw BooksError(Code::split,
-                     "The shares come to " + text(sum) + ", but the bank line is " + text(line.amount) + ".");
+                     "The shares come to " + text(sum) + ", but " +
+                         (rest == line.amount ? "the bank line is " : "what is left of the bank line is ") +
+                         text(rest) + ".");
 }
 
 Library payShares(Library library, std::size_t index, const std::vector<Share>& shares) {
@@ -117,7 +198,7 @@ Library payShares(Library library, std::size_t index, const std::vector<Share>& 
         if (!first) first = {invoice->id, payment.id};
         library = Books::recordPayment(std::move(library), share.invoice, std::move(payment));
     }
-    linkPayment(library, index, first->first, first->second);
+    if (!line.paymentID) linkPayment(library, index, first->first, first->second);
     return library;
 }
 
@@ -164,7 +245,7 @@ AutoMatched autoMatch(Library library) {
             const std::int64_t balance = candidates.balance(found->position);
             Payment payment;
             try {
-                payment = paymentFrom(books, *line, {invoice->id, line->amount, Remainder::due}, *invoice, balance);
+                payment = paymentFrom(books, *line, {invoice->id, line->amount}, *invoice, balance);
                 Books::needPayable(*invoice, balance, payment);
             } catch (const BooksError&) {
                 continue;  // one line of many: it stays open for a person to look at
@@ -193,9 +274,9 @@ Library matchToExpense(Library library, const UUID& line, const UUID& expense) {
 Library matchToInvoice(Library library, const UUID& line, const UUID& invoice, Remainder remainder) {
     const BankTransaction* found = find(library.transactions, line);
     if (!found || !library.document(invoice)) return library;
-    const std::int64_t amount = found->amount;
-    refuseIf(amount == 0 || !isBelievable(amount), Code::badPayment);
-    return splitReceipt(std::move(library), line, {{invoice, amount, remainder}});
+    refuseIf(found->amount == 0 || !isBelievable(found->amount), Code::badPayment);
+    const std::int64_t rest = needUnassigned(library, *found);
+    return splitReceipt(std::move(library), line, {{invoice, rest, remainder}});
 }
 
 Library splitReceipt(Library library, const UUID& line, const std::vector<Share>& shares) {
@@ -203,26 +284,106 @@ Library splitReceipt(Library library, const UUID& line, const std::vector<Share>
     const auto isThere = [&library](const Share& share) { return library.document(share.invoice) != nullptr; };
     if (index == library.transactions.size() || !std::all_of(shares.begin(), shares.end(), isThere)) return library;
     const BankTransaction& receipt = library.transactions[index];
-    refuseIf(isLinked(library, receipt), Code::lineMatched);
-    refuseIf(receipt.amount < 0, Code::wrongDirection);
-    needShares(library, receipt, shares);
+    needShares(library, receipt, needUnassigned(library, receipt), shares);
     return payShares(std::move(library), index, shares);
+}
+
+std::int64_t unassigned(const Library& library, const BankTransaction& line) {
+    const bool isExpense = std::any_of(library.expenses.begin(), library.expenses.end(),
+                                       [&line](const Expense& expense) { return expense.bankTxnID == line.id; });
+    if (line.amount < 1 || !isBelievable(line.amount) || line.expenseID || isExpense) return 0;
+    std::int64_t rest = line.amount, exchanged = 0;
+    bool isKnown = true;
+    forEachPayment(library, line, [&](const Document& invoice, const Payment& payment) {
+        const auto worth = taken(library, line, invoice, payment.amount);
+        isKnown = isKnown && worth && isBelievable(*worth);
+        if (!isKnown) return;
+        rest = Checked::sub(rest, *worth);
+        if (isExchanged(library, line, invoice)) exchanged = Checked::add(exchanged, *worth);
+    });
+    if (!isKnown || (exchanged > 0 && std::abs(rest) <= exchanged / exchangeShare)) return 0;
+    return std::max<std::int64_t>(rest, 0);
+}
+
+std::vector<TypedPayment> typedPayments(const Library& library, const BankTransaction& line, int dayWindow) {
+    std::vector<TypedPayment> found;
+    const std::int64_t rest = unassigned(library, line);
+    if (rest < 1) return found;
+    for (const Document& document : library.documents)
+        for (const Payment& payment : document.payments) {
+            const std::int64_t days = std::abs(payment.date.daysUntil(line.date));
+            if (days > dayWindow) continue;
+            const auto worth = taken(library, line, document, payment.amount);
+            if (!worth || !(isExchanged(library, line, document) ? isNear(rest, *worth) : *worth == rest)) continue;
+            if (isTyped(library, payment)) found.push_back({document.id, payment.id, days});
+        }
+    std::stable_sort(found.begin(), found.end(),
+                     [](const TypedPayment& a, const TypedPayment& b) { return a.days < b.days; });
+    return found;
+}
+
+Library matchToPayment(Library library, const UUID& line, const UUID& invoice, const UUID& payment) {
+    const std::size_t lineAt = indexOf(library.transactions, line), paidAt = indexOf(library.documents, invoice);
+    if (lineAt == library.transactions.size() || paidAt == library.documents.size()) return library;
+    const Document& paid = library.documents[paidAt];
+    const auto found =
+        std::find_if(paid.payments.begin(), paid.payments.end(), [&](const Payment& one) { return one.id == payment; });
+    if (found == paid.payments.end()) return library;
+    const BankTransaction& receipt = library.transactions[lineAt];
+    const std::int64_t rest = needUnassigned(library, receipt);
+    if (!isTyped(library, *found)) throw BooksError(Code::split, "That payment is matched with another bank line.");
+    const auto worth = taken(library, receipt, paid, found->amount);
+    if (!worth || (*worth > rest && !(isExchanged(library, receipt, paid) && isNear(rest, *worth))))
+        throw BooksError(Code::split, "The payment is " +
+                                          MoneyFormat::string(found->amount, Currency::of(paid.currency)) +
+                                          ", but the bank line has " +
+                                          MoneyFormat::string(rest, currency(library, receipt)) + " for it.");
+    if (!receipt.paymentID) linkPayment(library, lineAt, invoice, payment);
+    library.documents.update(paidAt, [&](Document& document) {
+        for (Payment& one : document.payments)
+            if (one.id == payment) one.bankTxnID = line;
+    });
+    return library;
+}
+
+std::optional<ExchangeDifference> exchangeDifference(const Library& library, const BankTransaction& line) {
+    const auto received = inHomeCurrency(library, line, line.amount);
+    if (!received || line.amount < 1 || unassigned(library, line) > 0) return std::nullopt;
+    std::optional<std::int64_t> difference = *received;
+    std::vector<std::string> numbers;
+    forEachPayment(library, line, [&](const Document& invoice, const Payment& payment) {
+        const bool isExchange = isExchanged(library, line, invoice);
+        if (isExchange) numbers.push_back(invoice.displayNumber());
+        const auto worth = isExchange ? Books::inHomeCurrency(library, invoice, payment.amount)
+                                      : inHomeCurrency(library, line, payment.amount);
+        difference = difference && worth ? Checked::tryAdd(*difference, -*worth) : std::nullopt;
+    });
+    // What rounding leaves is less than a whole unit.
+    if (numbers.empty() || !difference || std::abs(*difference) < library.home().scale()) return std::nullopt;
+    const bool gain = *difference > 0;
+    return ExchangeDifference{*difference, MoneyFormat::string(std::abs(*difference), library.home()) +
+                                               (gain ? " more than at the rate of " : " less than at the rate of ") +
+                                               Text::join(numbers, ", ") +
+                                               (gain ? ": an exchange gain." : ": an exchange loss.")};
 }
 
 Library unmatch(Library library, const UUID& id) {
     const std::size_t index = indexOf(library.transactions, id);
     if (index == library.transactions.size()) return library;
-    const auto payment = library.transactions[index].paymentID;
-    const auto madeByIt = [&](const Payment& one) {
-        return one.bankTxnID == id || (one.id == payment && !one.bankTxnID);
-    };
+    const BankTransaction line = library.transactions[index];
+    const auto isIts = [&line](const Payment& payment) { return isOf(payment, line); };
     for (std::size_t i = 0; i < library.expenses.size(); ++i)
         if (library.expenses[i].bankTxnID == id)
             library.expenses.update(i, [](Expense& expense) { expense.bankTxnID.reset(); });
     for (std::size_t i = 0; i < library.documents.size(); ++i) {
         const std::vector<Payment>& payments = library.documents[i].payments;
-        if (std::any_of(payments.begin(), payments.end(), madeByIt))
-            library.documents.update(i, [&](Document& paid) { std::erase_if(paid.payments, madeByIt); });
+        if (std::any_of(payments.begin(), payments.end(), isIts))
+            library.documents.update(i, [&](Document& paid) {
+                std::erase_if(paid.payments,
+                              [&](const Payment& one) { return isIts(one) && isMadeBy(line, paid.id, one); });
+                for (Payment& typed : paid.payments)
+                    if (isIts(typed)) typed.bankTxnID.reset();
+            });
     }
     if (library.transactions[index].isMatched())
         library.transactions.update(index, [](BankTransaction& line) {

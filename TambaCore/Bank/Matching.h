@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 /// Operations that link bank lines with what they paid. A line is linked to one expense, or to the payments it made on
@@ -29,11 +30,14 @@ struct AutoMatched {
 /// What becomes of the rest of an invoice that a payment does not cover.
 enum class Remainder {
     due,
-    asTDS,  ///< the client withheld it as tax and paid it to the government
+    asTDS,       ///< the client withheld it as tax and paid it to the government
+    asExchange,  ///< lost in exchange: money of another currency pays the whole balance
 };
-/// Records the line as a payment. Money in another currency than the invoice's goes by the home currency: at the rate
-/// kept for the account's, then back at the invoice's own rate. Throws `lineMatched`, `wrongDirection`, `missingRate`
-/// and as `Books::recordPayment`.
+/// Records the line, or what is unassigned of it, as a payment. Money in another currency than the invoice's goes by
+/// the home currency: at the rate kept for the account's, then back at the invoice's own rate. Where that is more than
+/// the balance, by a tenth at most, the rate has moved: the payment is the balance, and `exchangeDifference` tells of
+/// the rest. Throws `lineMatched`, `wrongDirection`, `missingRate`, `split` for `asExchange` where nothing was
+/// exchanged or more than a tenth is missing, and as `Books::recordPayment`.
 [[nodiscard]] Library matchToInvoice(Library library, const UUID& line, const UUID& invoice, Remainder remainder);
 
 /// A part of a line's money, in its account's currency, and the invoice it pays.
@@ -43,10 +47,35 @@ struct Share {
     Remainder remainder = Remainder::due;
 };
 /// One receipt of money that pays several invoices: a payment on each. Throws `split` where the shares do not come to
-/// the line, or one is not above zero, or two are for one invoice; else as `matchToInvoice`.
+/// what is unassigned of the line, or one is not above zero, or two are for one invoice; else as `matchToInvoice`.
 [[nodiscard]] Library splitReceipt(Library library, const UUID& line, const std::vector<Share>& shares);
 
-/// Removes the link, and the payments the line made. An expense stays, also one that was made from the line.
+/// A payment somebody typed before the money was seen on a statement.
+struct TypedPayment {
+    UUID invoice, payment;
+    std::int64_t days = 0;  ///< between it and the line
+};
+/// Payments of what is unassigned of the line, that no line is linked to and whose day is so near; the nearest first.
+/// In another currency a tenth may lie between.
+[[nodiscard]] std::vector<TypedPayment> typedPayments(const Library& library, const BankTransaction& line,
+                                                      int dayWindow);
+/// Links the line to a payment that is there, instead of recording it twice; the payment stays as it was typed. Throws
+/// `lineMatched`, `wrongDirection`, `split` where the payment belongs to another line or is more than is unassigned.
+[[nodiscard]] Library matchToPayment(Library library, const UUID& line, const UUID& invoice, const UUID& payment);
+
+/// The part of money in that no payment takes, in minor units of the account: all of it for an open line, none for one
+/// that is matched in full; something between where one of several payments was removed. It can be matched again.
+[[nodiscard]] std::int64_t unassigned(const Library& library, const BankTransaction& line);
+
+/// What money of another currency brought more, or less, than its invoices say at their own rates.
+struct ExchangeDifference {
+    std::int64_t minor = 0;  ///< of the home currency; a loss is negative
+    std::string sentence;
+};
+[[nodiscard]] std::optional<ExchangeDifference> exchangeDifference(const Library& library, const BankTransaction& line);
+
+/// Removes the link, and the payments the line made; one that was typed before stays. An expense stays, also one that
+/// was made from the line.
 [[nodiscard]] Library unmatch(Library library, const UUID& line);
 
 /// Sets a line aside that belongs to nothing (a transfer between own accounts), or brings it back. Throws
