@@ -31,13 +31,15 @@ Standing standing(const Document& document, std::int64_t credited, Day today) {
     result.paid = settled(document);
     for (const Payment& payment : document.payments) result.tds = Checked::add(result.tds, payment.tds);
     result.credited = credited;
-    const bool owed = document.kind == DocKind::invoice && document.isIssued();
+    // Only estimates are accepted or declined; an invoice in such a state is in no report and never late.
+    const bool owed = document.kind == DocKind::invoice && document.state == DocState::issued;
     if (owed) result.balance = Checked::sub(Checked::sub(result.totals.total, credited), result.paid);
 
     using enum DocStatus;
     const auto issuedStatus = [&] {
         switch (document.kind) {
             case DocKind::invoice:
+                if (!owed) return sent;
                 if (result.balance < 1) return paid;
                 if (document.dueDate < today) return overdue;
                 return result.paid > 0 || credited > 0 ? partial : sent;

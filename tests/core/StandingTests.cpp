@@ -37,6 +37,8 @@ TEST(Standing, saysHowDocumentsStand) {
         {like(invoice, issued, 589), late, "Overdue"},
         {like(invoice, issued, 590), late, "Paid"},
         {like(invoice, issued, 591), late, "Paid"},
+        {like(invoice, accepted), late, "Sent"},
+        {like(invoice, declined), late, "Sent"},
         {like(estimate, draft), late, "Draft"},
         {like(estimate, issued), due, "Sent"},
         {like(estimate, issued), late, "Expired"},
