@@ -82,6 +82,8 @@ struct ExpenseEntry {
 };
 int addExpense(const Context& context, const ExpenseEntry& entry);
 int showExpense(const Context& context, const std::string& idPrefix);
+/// Into the home currency for good, at the rate given, else at its own.
+int convertExpense(const Context& context, const std::string& idPrefix, const std::string& rate);
 
 /// Expenses that come again; one is named by the beginning of its ID.
 int listRecurring(const Context& context);

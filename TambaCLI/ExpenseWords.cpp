@@ -65,6 +65,11 @@ void addExpenseCommands(CLI::App& app, Command& c) {
 
     auto* show = c.add(expense, "show", "Show one expense", [&](const Context& x) { return showExpense(x, id); });
     show->add_option("ID", id, "The beginning of its ID")->required();
+    auto& convertedAt = c.options<std::string>();
+    auto* convert = c.add(expense, "convert", "Turn one into the home currency for good; its notes keep what was paid",
+                          [&](const Context& x) { return convertExpense(x, id, convertedAt); });
+    convert->add_option("ID", id, "The beginning of its ID")->required();
+    addText(convert, "--rate", convertedAt, "Exchange rate (the expense’s own)");
     addRecurringCommands(expense, c);
 }
 

@@ -23,6 +23,10 @@ int reportInputTax(const Context& context, const ReportOptions& options);
 int reportMileage(const Context& context, const ReportOptions& options);
 int reportProjects(const Context& context, const ReportOptions& options);
 
+/// What is owed and what the year has brought; the dates to keep in the next days.
+int showOverview(const Context& context);
+int showDue(const Context& context, int days);
+
 struct ReturnOptions {
     std::string period;  ///< "2026-10", "2026-Q3"
     std::string output;  ///< file for the portal

@@ -44,6 +44,13 @@ void addReportCommands(CLI::App& app, Command& c) {
     add("mileage", "Distances driven by month", year, reportMileage);
     add("projects", "What projects earn and cost", any, reportProjects);
     addReturnCommands(app, c);
+    c.add(&app, "overview", "What is owed, and what the year has brought so far", showOverview);
+    auto& days = c.options<int>();
+    days = 45;
+    c.add(&app, "due", "The dates to keep, with what is in them",
+          [&days](const Context& x) { return showDue(x, days); })
+        ->add_option("--days", days, "How far ahead (45)")
+        ->check(CLI::Range(1, 1'000));
 }
 
 }  // namespace tamba::cli

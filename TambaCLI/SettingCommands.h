@@ -5,7 +5,8 @@
 #include <optional>
 #include <string>
 
-/// `tamba-cli business` and `series`: what documents say of the business, and how they are numbered.
+/// `tamba-cli business`, `series` and `rate`: what documents say of the business, how they are numbered, and what
+/// foreign money is worth.
 namespace tamba::cli {
 
 /// What is absent stays as it is, what is empty is cleared.
@@ -27,5 +28,12 @@ struct SeriesEntry {
 };
 int listSeries(const Context& context);
 int setSeries(const Context& context, const SeriesEntry& entry);
+
+struct RateEntry {
+    std::string currency;
+    std::string rate;  ///< empty: keep none
+};
+int listRates(const Context& context);
+int setRate(const Context& context, const RateEntry& entry);
 
 }  // namespace tamba::cli

@@ -55,11 +55,23 @@ void addSeriesCommands(CLI::App& app, Command& c) {
     set->add_flag("--anyway", entry.anyway, "Keep a pattern that something is said against");
 }
 
+void addRateCommands(CLI::App& app, Command& c) {
+    auto* rate =
+        app.add_subcommand("rate", "Exchange rates to the home currency, as you type them")->require_subcommand(1);
+    c.add(rate, "list", "List the rates that are kept", listRates);
+    auto& entry = c.options<RateEntry>();
+    auto* set = c.add(rate, "set", "Keep a rate for what is entered from now on; \"\" forgets it",
+                      [&](const Context& x) { return setRate(x, entry); });
+    addText(set, "CURRENCY", entry.currency, "USD")->required();
+    addText(set, "RATE", entry.rate, "What one of it is worth: 83.25")->required();
+}
+
 }  // namespace
 
 void addSettingCommands(CLI::App& app, Command& c) {
     addBusinessCommands(app, c);
     addSeriesCommands(app, c);
+    addRateCommands(app, c);
 }
 
 }  // namespace tamba::cli

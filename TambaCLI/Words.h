@@ -64,13 +64,13 @@ void addExpenseCommands(CLI::App& app, Command& c);
 void addDocumentCommands(CLI::App& app, Command& c);
 /// client, project, item
 void addClientCommands(CLI::App& app, Command& c);
-/// business, series
+/// business, series, rate
 void addSettingCommands(CLI::App& app, Command& c);
 void addBankCommands(CLI::App& app, Command& c);
 /// What `bank` does with lines that are in the books.
 void addMatchCommands(CLI::App& bank, Command& c);
 void addRuleCommands(CLI::App& app, Command& c);
-/// report, gst
+/// report, gst, overview, due
 void addReportCommands(CLI::App& app, Command& c);
 void addExportCommands(CLI::App& app, Command& c);
 

@@ -136,6 +136,19 @@ std::optional<std::int64_t> inHomeCurrency(const Library& library, const Expense
     return MoneyMath::tryConvert(amount, Currency::of(expense.currency), library.home(), expense.rateMicros);
 }
 
+Library keepRate(Library library, std::string_view currency, std::optional<std::int64_t> rateMicros, Day day) {
+    std::size_t at = 0;
+    while (at < library.rates.size() && library.rates[at].currency != currency) ++at;
+    const bool known = at < library.rates.size();
+    if (!rateMicros && known)
+        library.rates.erase(at);
+    else if (rateMicros && !known)
+        library.rates.append(FXRate{std::string(currency), *rateMicros, day, {}});
+    else if (rateMicros && library.rates[at].rateMicros != *rateMicros)
+        library.rates.update(at, [&](FXRate& kept) { kept.rateMicros = *rateMicros, kept.updated = day; });
+    return library;
+}
+
 Expense convertedToHome(const Library& library, Expense expense) {
     const Currency from = Currency::of(expense.currency), home = library.home();
     if (from.code == home.code) return expense;

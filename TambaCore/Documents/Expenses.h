@@ -34,6 +34,10 @@ namespace tamba::Expenses {
 /// With another currency and the rate kept for it; 0 where none is kept, which leaves the expense out of reports. The
 /// figures stay as people read them: 118.00 rupees become 118 yen.
 [[nodiscard]] Expense withCurrency(const Library& library, Expense expense, std::string_view currency);
+/// Keeps the rate of a currency for what is entered from that day on; without a rate, keeps none. What is in the books
+/// stays at its own.
+[[nodiscard]] Library keepRate(Library library, std::string_view currency, std::optional<std::int64_t> rateMicros,
+                               Day day);
 /// Distance (thousandths) × rate (minor units per unit of distance), in minor units; nothing where one of the three is
 /// beyond belief, which entry refuses.
 [[nodiscard]] std::optional<std::int64_t> mileageAmount(std::int64_t distanceMilli, std::int64_t rateMinor);

@@ -4,6 +4,7 @@
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "TambaCore/Documents/Clients.h"
+#include "TambaCore/Documents/Expenses.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -221,15 +222,9 @@ bool RatesPage::isGood() const {
 void RatesPage::store(Library& library) const {
     for (const Row& row : rows_) {
         const auto rate = rateIn(row);
-        std::size_t at = 0;
-        while (at < library.rates.size() && library.rates[at].currency != row.currency) ++at;
-        const bool known = at < library.rates.size();
-        if (!rate && known && row.rate->text().trimmed().isEmpty())
-            library.rates.erase(at);
-        else if (rate && !known)
-            library.rates.append(FXRate{row.currency, *rate, today_, {}});
-        else if (rate && library.rates[at].rateMicros != *rate)
-            library.rates.update(at, [&](FXRate& kept) { kept.rateMicros = *rate, kept.updated = today_; });
+        // What cannot be read is no wish to forget the rate.
+        if (rate || row.rate->text().trimmed().isEmpty())
+            library = Expenses::keepRate(std::move(library), row.currency, rate, today_);
     }
 }
 
