@@ -81,7 +81,7 @@ ClientTable clientTable(const Library& library, const ClientFilter& filter, Day 
     std::int64_t owed = 0, overdue = 0;
     std::size_t leftOut = 0;
     for (const auto& [client, account] : entries) {
-        ClientRow row;
+        ClientListRow row;
         row.id = client->id;
         row.name = client->name;
         row.place = placeOf(*client);

@@ -18,7 +18,7 @@ struct ClientFilter {
     bool ascending = true;
 };
 
-struct ClientRow {
+struct ClientListRow {
     UUID id;
     std::string name, owed, overdue;
     std::string place;   ///< the state; the ISO code of a foreign country
@@ -26,11 +26,11 @@ struct ClientRow {
     std::string status;  ///< "Archived", "Check GSTIN"
     std::string hint;    ///< the whole sentence behind `status`
     Tone tone = Tone::none;
-    bool operator==(const ClientRow&) const = default;
+    bool operator==(const ClientListRow&) const = default;
 };
 
 struct ClientTable {
-    std::vector<ClientRow> rows;
+    std::vector<ClientListRow> rows;
     /// "12 clients", "₹1,23,456.00 owed", "₹20,000.00 overdue", "2 documents left out: no rate".
     std::string count, owed, overdue, leftOut;
 };

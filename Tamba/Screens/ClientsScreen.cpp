@@ -12,10 +12,13 @@
 #include "TambaCore/Documents/Clients.h"
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTableView>
@@ -29,36 +32,36 @@ enum Column { name, place, late, overdue, owed, status };
 }  // namespace
 
 std::vector<ClientsScreen::Model::Column> ClientsScreen::columns() {
-    const auto quiet = [](std::string ClientRow::* member) {
-        return [member](const ClientRow& row, int role) -> QVariant {
+    const auto quiet = [](std::string ClientListRow::* member) {
+        return [member](const ClientListRow& row, int role) -> QVariant {
             if (role == Qt::DisplayRole) return toQt(row.*member);
             return role == Qt::ForegroundRole ? QVariant(Colors::current().muted) : QVariant();
         };
     };
     return {
         {tr("Client"), Qt::AlignLeft,
-         [](const ClientRow& row, int role) -> QVariant {
+         [](const ClientListRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.name);
              if (role == RowDelegate::Strong) return true;
              return {};
          }},
         {tr("State or country"), Qt::AlignLeft,
-         [](const ClientRow& row, int role) -> QVariant {
+         [](const ClientListRow& row, int role) -> QVariant {
              if (role == Qt::ForegroundRole) return Colors::current().muted;
              return role == Qt::DisplayRole ? countryName(toQt(row.place)) : QVariant();
          }},
-        {tr("Pays"), Qt::AlignLeft, quiet(&ClientRow::late)},
+        {tr("Pays"), Qt::AlignLeft, quiet(&ClientListRow::late)},
         {tr("Overdue"), Qt::AlignRight,
-         [](const ClientRow& row, int role) -> QVariant {
+         [](const ClientListRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole) return toQt(row.overdue);
              return role == Qt::ForegroundRole ? QVariant(Colors::current().danger) : QVariant();
          }},
         {tr("Owed"), Qt::AlignRight,
-         [](const ClientRow& row, int role) -> QVariant {
+         [](const ClientListRow& row, int role) -> QVariant {
              return role == Qt::DisplayRole ? toQt(row.owed) : QVariant();
          }},
         {QString(), Qt::AlignLeft,
-         [](const ClientRow& row, int role) -> QVariant {
+         [](const ClientListRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole) return toQt(row.status);
              if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
              if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) return toQt(row.hint);
@@ -68,7 +71,7 @@ std::vector<ClientsScreen::Model::Column> ClientsScreen::columns() {
 }
 
 ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions& documents, QWidget* parent)
-    : QWidget(parent), model_(model), prompts_(prompts), rows_(columns()) {
+    : QWidget(parent), model_(model), prompts_(prompts), documents_(documents), rows_(columns()) {
     setObjectName(QStringLiteral("clientsScreen"));
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
@@ -113,11 +116,11 @@ ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions&
 }
 
 QWidget* ClientsScreen::makeHeader() {
-    const auto [header, top, tools] = ListParts::header(ListParts::Heading::title, this);
-    auto* title = Controls::label(tr("Clients"), "title", header);
+    const auto [header, top, tools] = ListParts::header(ListParts::Heading::tabs, this);
+    head_ = top;
     new_ = Controls::button(tr("New Client"), "newClient", Controls::Kind::primary, header);
     new_->setToolTip(tr("New client (Ctrl+N)"));
-    top->addWidget(title, 1);
+    top->addStretch(1);
     top->addWidget(new_);
     search_ = ListParts::search("searchClients", tr("Search clients"), tr("Search name, contact, e-mail, GSTIN, notes"),
                                 header);
@@ -153,6 +156,8 @@ void ClientsScreen::makeTable() {
                               this);
     keepSelection(*table_, rows_);
     table_->installEventFilter(this);
+    table_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(table_, &QTableView::customContextMenuRequested, this, &ClientsScreen::contextMenu);
     connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &ClientsScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ClientsScreen::refreshInspector);
 }
@@ -244,6 +249,32 @@ void ClientsScreen::archive(bool archived) {
     emit removed(tr("Client archived"));
 }
 
+void ClientsScreen::contextMenu(const QPoint& at) {
+    QMenu menu(this);
+    fillMenu(menu);
+    if (!menu.isEmpty()) menu.exec(table_->viewport()->mapToGlobal(at));
+}
+
+void ClientsScreen::fillMenu(QMenu& menu) {
+    const auto id = selected();
+    const Client* client = id ? model_.library().client(*id) : nullptr;
+    if (!client) return;
+    menu.addAction(Icons::icon(QStringLiteral("document"), &Colors::muted), tr("New Invoice"), this,
+                   [this, id] { documents_.create(DocKind::invoice, id); });
+    menu.addAction(tr("New Estimate"), this, [this, id] { documents_.create(DocKind::estimate, id); });
+    menu.addSeparator();
+    if (!client->email.empty())
+        menu.addAction(tr("Copy E-mail Address"), this,
+                       [email = toQt(client->email)] { QGuiApplication::clipboard()->setText(email); });
+    if (!client->taxID.empty())
+        menu.addAction(tr("Copy GSTIN"), this,
+                       [number = toQt(client->taxID)] { QGuiApplication::clipboard()->setText(number); });
+    menu.addAction(client->archived ? tr("Take Back from Archive") : tr("Archive"), this,
+                   [this, archived = !client->archived] { archive(archived); });
+    menu.addAction(Icons::icon(QStringLiteral("trash"), &Colors::danger), tr("Delete"), this,
+                   &ClientsScreen::deleteSelected);
+}
+
 void ClientsScreen::focusSearch() {
     search_->setFocus(Qt::ShortcutFocusReason);
     search_->selectAll();
@@ -290,7 +321,7 @@ void ClientsScreen::arrange() {
     }
     // Most books have nothing to say there.
     const auto& rows = rows_.rows();
-    if (std::all_of(rows.begin(), rows.end(), [](const ClientRow& row) { return row.status.empty(); })) {
+    if (std::all_of(rows.begin(), rows.end(), [](const ClientListRow& row) { return row.status.empty(); })) {
         taken -= table_->columnWidth(Column::status);
         table_->setColumnHidden(Column::status, true);
     }

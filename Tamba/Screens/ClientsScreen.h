@@ -11,8 +11,10 @@
 #include <optional>
 
 class QCheckBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 class QStackedWidget;
 class QTableView;
@@ -36,6 +38,10 @@ public:
     /// Deletes the selected client; where others refer to it, offers to archive it.
     void deleteSelected();
     void focusSearch();
+    /// What can be done with the selected client.
+    void fillMenu(QMenu& menu);
+    /// Where the tabs stand that lead here and away.
+    [[nodiscard]] QHBoxLayout& head() { return *head_; }
 
 signals:
     /// Something was deleted; the notice offers to take it back.
@@ -46,7 +52,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    using Model = RowsModel<ClientRow>;
+    using Model = RowsModel<ClientListRow>;
     [[nodiscard]] static std::vector<Model::Column> columns();
     QWidget* makeHeader();
     QWidget* makeFooter();
@@ -56,11 +62,14 @@ private:
     void arrange();
     void sortBy(int column);
     void archive(bool archived);
+    void contextMenu(const QPoint& at);
 
     AppModel& model_;
     Prompts& prompts_;
+    DocumentActions& documents_;
     ClientFilter filter_;
     Model rows_;
+    QHBoxLayout* head_;
     QLineEdit* search_;
     QCheckBox* archived_;
     QPushButton* new_;

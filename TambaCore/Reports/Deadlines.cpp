@@ -120,9 +120,9 @@ void fillAdvanceTax(Deadline& deadline, const Rule& rule, const Library& library
     deadline.holds = amount(library, deadline.taxable) + " profit so far";
     if (const std::int64_t tds = TDS::year(library, deadline.period.from.y).total; tds != 0)
         deadline.holds += " · " + amount(library, tds) + " TDS";
-    deadline.note = rule.percent == 100 ? "The only instalment for presumptive income. "
-                                        : "Not for presumptive income: all of its tax is due on 15 March. ";
-    deadline.note += "None where the year’s tax less TDS is below ₹10,000.";
+    deadline.note =
+        rule.percent == 100 ? "Presumptive income: the whole tax at once. " : "Presumptive income: only on 15 March. ";
+    deadline.note += "None below ₹10,000 after TDS.";
 }
 
 /// False where nobody needs the letter.
