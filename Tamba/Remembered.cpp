@@ -7,15 +7,12 @@
 #include <QSettings>
 #include <QWidget>
 
-#include <algorithm>
-
 namespace tamba::Remembered {
 namespace {
 
 QSettings settings() { return QSettings(QStringLiteral("tamba"), QStringLiteral("tamba")); }
 
-const QString folderKey = QStringLiteral("folder"), screenKey = QStringLiteral("screen"),
-              sizeKey = QStringLiteral("window");
+const QString folderKey = QStringLiteral("folder"), sizeKey = QStringLiteral("window");
 
 /// The titles of a statement hold characters that settings take for groups.
 QString layoutName(const std::string& key) {
@@ -32,13 +29,6 @@ std::optional<std::filesystem::path> folder() {
 }
 
 void setFolder(const std::filesystem::path& folder) { settings().setValue(folderKey, toQt(folder)); }
-
-Screen screen() {
-    const int kept = settings().value(screenKey).toInt();
-    return allScreens[std::clamp(kept, 0, static_cast<int>(std::size(allScreens)) - 1)];
-}
-
-void setScreen(Screen screen) { settings().setValue(screenKey, static_cast<int>(screen)); }
 
 bool restoreSize(QWidget& window) { return window.restoreGeometry(settings().value(sizeKey).toByteArray()); }
 

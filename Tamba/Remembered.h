@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Tamba/Widgets/Sidebar.h"
-
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -14,9 +12,6 @@ namespace tamba::Remembered {
 /// The books opened last, where they are still there.
 [[nodiscard]] std::optional<std::filesystem::path> folder();
 void setFolder(const std::filesystem::path& folder);
-
-[[nodiscard]] Screen screen();
-void setScreen(Screen screen);
 
 /// False, with the window as it was, when nothing is remembered.
 [[nodiscard]] bool restoreSize(QWidget& window);

@@ -62,11 +62,10 @@ int runTamba(int argc, char** argv) {
     if (!Remembered::restoreSize(window)) window.resize(1440, 880);
     const auto named = namedFolder(parser.positionalArguments());
     model.open(named ? *named : Remembered::folder().value_or(LibraryStore::defaultFolder()));
-    window.showScreen(Remembered::screen());
+    window.showScreen(Screen::overview);
     window.show();
     const int result = QApplication::exec();
     Remembered::setSize(window);
-    Remembered::setScreen(window.screen());
     // Books that were named for this once are not those to begin with the next time.
     if (model.state() == AppModel::State::open && window.ownFolder() != named)
         Remembered::setFolder(window.ownFolder());

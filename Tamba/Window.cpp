@@ -3,9 +3,12 @@
 #include "Tamba/DocumentActions.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/BankScreen.h"
+#include "Tamba/Screens/ClientPages.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Screens/OverviewScreen.h"
+#include "Tamba/Screens/ProjectsScreen.h"
 #include "Tamba/StatementImport.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Overlays.h"
@@ -71,6 +74,8 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     connectReceipts();
     connectStatements();
     connectScreens();
+    connectOverview();
+    connectProjects();
     connectDocuments();
     // A file dropped on a field is read, too, and no text to be typed there.
     for (QWidget* widget : frame->findChildren<QWidget*>()) widget->setAcceptDrops(false);
@@ -103,11 +108,16 @@ Window::~Window() {
 
 void Window::makePages() {
     documents_ = new DocumentActions(model_, *prompts_, this);
+    overview_ = new OverviewScreen(model_, pages_);
     expenses_ = new ExpensesScreen(model_, *prompts_, pages_);
     invoices_ = new InvoicesScreen(model_, *prompts_, *documents_, pages_);
     clients_ = new ClientsScreen(model_, *prompts_, *documents_, pages_);
+    projects_ = new ProjectsScreen(model_, *prompts_, pages_);
+    clientPages_ = new ClientPages(*clients_, *projects_, pages_);
     bank_ = new BankScreen(model_, *prompts_, pages_);
     const auto page = [this](Screen screen) -> Page& { return screens_[static_cast<std::size_t>(screen)]; };
+    page(Screen::overview) = {overview_, tr("&New Invoice"), [this] { documents_->create(DocKind::invoice); }, {}, {},
+                              {}};
     page(Screen::expenses) = {expenses_,
                               tr("&New Expense"),
                               [this] { expenses_->newExpense(); },
@@ -120,11 +130,11 @@ void Window::makePages() {
                               [this] { invoices_->focusSearch(); },
                               [this] { invoices_->deleteSelected(); },
                               [this] { invoices_->printSelected(); }};
-    page(Screen::clients) = {clients_,
+    page(Screen::clients) = {clientPages_,
                              tr("&New Client"),
-                             [this] { clients_->newClient(); },
-                             [this] { clients_->focusSearch(); },
-                             [this] { clients_->deleteSelected(); },
+                             [this] { clientPages_->createNew(); },
+                             [this] { clientPages_->focusSearch(); },
+                             [this] { clientPages_->deleteSelected(); },
                              {}};
     page(Screen::bank) = {bank_,
                           tr("&New Bank Account…"),
@@ -350,7 +360,8 @@ void Window::changeEvent(QEvent* event) {
 
 void Window::dragEnterEvent(QDragEnterEvent* event) {
     const auto files = localFiles(*event->mimeData());
-    if (files.empty() || model_.state() != AppModel::State::open) return;
+    // A document dragged out of a list is no receipt.
+    if (files.empty() || event->source() || model_.state() != AppModel::State::open) return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
     const auto statements = std::count_if(files.begin(), files.end(), isStatement);

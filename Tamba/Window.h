@@ -20,13 +20,17 @@ namespace tamba {
 
 class ActivityStrip;
 class BankScreen;
+class ClientPages;
 class ClientsScreen;
 class DocumentActions;
 class DropOverlay;
 class EmptyState;
 class ExpensesScreen;
 class InvoicesScreen;
+class OverviewScreen;
+class ProjectsScreen;
 class SearchPalette;
+struct OverviewGoal;
 class StatementImport;
 class Toast;
 
@@ -79,13 +83,23 @@ private:
     void makeEditMenu();
     void makeViewMenu();
     void makeBankMenu();
-    void fillDocumentMenu();
+    void makeExpenseMenu();
+    void makeDocumentMenu();
+    void makeClientMenu();
+    /// Fills a menu with what can be done with a screen's selection, or says what is missing.
+    void fillSelectionMenu(QMenu& menu, Screen screen, bool selected, const QString& otherwise,
+                           const std::function<void()>& fill);
     void refreshMenus();
     // WindowSearch.cpp
     void makeSearch(QMenu& edit);
     void showRecord(Search::Kind kind, const UUID& id);
 
     void connectScreens();
+    // WindowOverview.cpp
+    void connectOverview();
+    void connectProjects();
+    void showGoal(const OverviewGoal& goal);
+
     void connectDocuments();
     void connectReceipts();
     void connectStatements();
@@ -108,20 +122,24 @@ private:
     Sidebar* sidebar_;
     QStackedWidget* pages_;
     DocumentActions* documents_;
+    OverviewScreen* overview_;
     ExpensesScreen* expenses_;
     InvoicesScreen* invoices_;
     ClientsScreen* clients_;
+    ProjectsScreen* projects_;
+    ClientPages* clientPages_;
     BankScreen* bank_;
     std::array<Page, std::size(allScreens)> screens_;
-    Screen screen_ = Screen::expenses;
+    Screen screen_ = Screen::overview;
     EmptyState* problem_;
     ActivityStrip* strip_;
     Toast* toast_;
     DropOverlay* overlay_;
     SearchPalette* search_ = nullptr;
-    QMenu* documentMenu_ = nullptr;
     QAction* new_ = nullptr;
     QAction* print_ = nullptr;
+    QAction* find_ = nullptr;
+    QAction* delete_ = nullptr;
     QAction* undo_ = nullptr;
     QAction* redo_ = nullptr;
     std::vector<QAction*> needBooks_;  // only with open books

@@ -2,15 +2,20 @@
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/BankScreen.h"
+#include "Tamba/Screens/ClientPages.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Screens/ProjectsScreen.h"
 #include "Tamba/StatementImport.h"
+#include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Window.h"
 
 #include <QDesktopServices>
 #include <QMenuBar>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace tamba {
 
@@ -18,10 +23,9 @@ void Window::makeMenus() {
     makeFileMenu();
     makeEditMenu();
     makeViewMenu();
-    documentMenu_ = menuBar()->addMenu(tr("&Invoice"));
-    documentMenu_->setObjectName(QStringLiteral("documentMenu"));
-    needBooks_.push_back(documentMenu_->menuAction());
-    connect(documentMenu_, &QMenu::aboutToShow, this, &Window::fillDocumentMenu);
+    makeExpenseMenu();
+    makeDocumentMenu();
+    makeClientMenu();
     makeBankMenu();
     refreshMenus();
 }
@@ -45,7 +49,12 @@ void Window::makeFileMenu() {
         more, tr("&Invoice"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N),
         [this] { documents_->create(DocKind::invoice); }, true);
     add(more, tr("E&stimate"), {}, [this] { documents_->create(DocKind::estimate); }, true);
-    add(more, tr("&Client"), {}, [this] { showScreen(Screen::clients), clients_->newClient(); }, true);
+    add(
+        more, tr("&Client"), {},
+        [this] { showScreen(Screen::clients), clientPages_->showClients(), clients_->newClient(); }, true);
+    add(
+        more, tr("&Project"), {},
+        [this] { showScreen(Screen::clients), clientPages_->showProjects(), projects_->newProject(); }, true);
     add(file, tr("&Add Receipts…"), QKeySequence::Open, [this] { addReceipts(prompts_->receiptFiles()); }, true);
     add(
         file, tr("&Import Statement…"), QKeySequence(Qt::CTRL | Qt::Key_I),
@@ -77,11 +86,13 @@ void Window::makeEditMenu() {
     redo_ = edit->addAction(Icons::icon(QStringLiteral("redo"), &Colors::muted), tr("Redo"), &model_, &AppModel::redo);
     redo_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
     edit->addSeparator();
-    QAction* remove = edit->addAction(tr("&Delete"), this, [this] { page().remove(); });
-    remove->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Backspace));
-    QAction* find = edit->addAction(tr("&Find"), this, [this] { page().find(); });
-    find->setShortcut(QKeySequence::Find);
-    needBooks_.insert(needBooks_.end(), {remove, find});
+    QAction* copy = edit->addAction(tr("&Copy"), this, [] { ListParts::copySelection(); });
+    copy->setShortcut(QKeySequence::Copy);
+    needBooks_.push_back(copy);
+    delete_ = edit->addAction(tr("&Delete"), this, [this] { page().remove(); });
+    delete_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Backspace));
+    find_ = edit->addAction(tr("&Find"), this, [this] { page().find(); });
+    find_->setShortcut(QKeySequence::Find);
     makeSearch(*edit);
 }
 
@@ -105,7 +116,11 @@ void Window::makeViewMenu() {
         showScreen(Screen::invoices);
         invoices_->showKind(DocKind::creditNote);
     });
-    needBooks_.insert(needBooks_.end(), {check, estimates, notes});
+    QAction* projects = view->addAction(tr("&Projects"), this, [this] {
+        showScreen(Screen::clients);
+        clientPages_->showProjects();
+    });
+    needBooks_.insert(needBooks_.end(), {check, estimates, notes, projects});
 }
 
 void Window::makeBankMenu() {
@@ -125,22 +140,97 @@ void Window::makeBankMenu() {
     add(tr("&Change Account…"), &BankScreen::renameAccount);
 }
 
-void Window::fillDocumentMenu() {
-    documentMenu_->clear();
-    const auto id = screen_ == Screen::invoices ? invoices_->selected() : std::nullopt;
-    const Document* document = id ? model_.library().document(*id) : nullptr;
-    if (!document) {
-        documentMenu_->addAction(tr("Select an invoice first"))->setEnabled(false);
-        return;
+void Window::makeExpenseMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("E&xpense"));
+    menu->setObjectName(QStringLiteral("expenseMenu"));
+    needBooks_.push_back(menu->menuAction());
+    // The shortcut works without the menu, which is filled anew for what is selected.
+    auto* right = new QAction(tr("Looks &Right"), this);
+    right->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    connect(right, &QAction::triggered, this, [this] {
+        if (screen_ == Screen::expenses) expenses_->looksRight();
+    });
+    addAction(right);
+    needBooks_.push_back(right);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu, right] {
+        fillSelectionMenu(*menu, Screen::expenses, !expenses_->selected().empty(), tr("Select an expense first"),
+                          [this, menu] { expenses_->fillMenu(*menu); });
+        for (QAction* action : menu->actions())
+            if (action->text() == tr("Looks Right")) action->setShortcut(right->shortcut());
+    });
+}
+
+void Window::makeClientMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Client"));
+    menu->setObjectName(QStringLiteral("clientMenu"));
+    needBooks_.push_back(menu->menuAction());
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        fillSelectionMenu(*menu, Screen::clients, true, tr("Select a client or a project first"),
+                          [this, menu] { clientPages_->fillMenu(*menu); });
+    });
+}
+
+void Window::fillSelectionMenu(QMenu& menu, Screen screen, bool selected, const QString& otherwise,
+                               const std::function<void()>& fill) {
+    menu.clear();
+    if (screen_ == screen && selected) fill();
+    if (menu.isEmpty()) menu.addAction(otherwise)->setEnabled(false);
+}
+
+void Window::makeDocumentMenu() {
+    using Action = DocumentActions::Action;
+    QMenu* menu = menuBar()->addMenu(tr("&Invoice"));
+    menu->setObjectName(QStringLiteral("documentMenu"));
+    needBooks_.push_back(menu->menuAction());
+    const auto offered = [this] {
+        const auto id = screen_ == Screen::invoices ? invoices_->selected() : std::nullopt;
+        const Document* document = id ? model_.library().document(*id) : nullptr;
+        return document ? DocumentActions::offered(model_.library(), *document, model_.today()) : std::vector<Action>();
+    };
+    const std::pair<Action, QKeySequence> keys[] = {{Action::issue, Qt::CTRL | Qt::Key_Return},
+                                                    {Action::send, Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+                                                    {Action::recordPayment, Qt::CTRL | Qt::Key_R},
+                                                    {Action::remind, Qt::CTRL | Qt::SHIFT | Qt::Key_R},
+                                                    {Action::credit, {}},
+                                                    {Action::accept, {}},
+                                                    {Action::decline, {}},
+                                                    {Action::convert, {}},
+                                                    {Action::duplicate, Qt::CTRL | Qt::Key_D},
+                                                    {Action::savePDF, QKeySequence::Save},
+                                                    {Action::print, {}},
+                                                    {Action::voidDocument, {}},
+                                                    {Action::deleteDraft, {}}};
+    for (const auto& [action, shortcut] : keys) {
+        QAction* entry = menu->addAction(Icons::icon(DocumentActions::icon(action), &Colors::muted),
+                                         DocumentActions::title(action), this, [this, offered, action = action] {
+                                             const auto actions = offered();
+                                             if (std::find(actions.begin(), actions.end(), action) != actions.end())
+                                                 invoices_->run(action);
+                                         });
+        entry->setShortcut(shortcut);
+        entry->setData(static_cast<int>(action));
     }
-    for (const auto action : DocumentActions::offered(model_.library(), *document, model_.today()))
-        documentMenu_->addAction(Icons::icon(DocumentActions::icon(action), &Colors::muted),
-                                 DocumentActions::title(action), this, [this, action] { invoices_->run(action); });
+    QAction* none = menu->addAction(tr("Select an invoice first"));
+    none->setEnabled(false);
+    connect(menu, &QMenu::aboutToShow, this, [menu, none, offered] {
+        const auto actions = offered();
+        for (QAction* entry : menu->actions())
+            entry->setVisible(entry == none ? actions.empty()
+                                            : std::find(actions.begin(), actions.end(),
+                                                        static_cast<Action>(entry->data().toInt())) != actions.end());
+    });
+    // Only what is visible answers to its keys.
+    connect(menu, &QMenu::aboutToHide, this, [menu] {
+        for (QAction* entry : menu->actions()) entry->setVisible(true);
+    });
 }
 
 void Window::refreshMenus() {
     new_->setText(page().newTitle);
-    print_->setEnabled(page().print != nullptr && model_.state() == AppModel::State::open);
+    const bool open = model_.state() == AppModel::State::open;
+    print_->setEnabled(open && page().print);
+    find_->setEnabled(open && page().find);
+    delete_->setEnabled(open && page().remove);
 }
 
 }  // namespace tamba

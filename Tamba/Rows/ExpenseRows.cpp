@@ -171,6 +171,8 @@ bool belongsTo(const Library& library, const Expense& expense, ExpenseList list)
             return expense.billable && !expense.rebilledInvoiceID;
         case ExpenseList::mileage:
             return expense.kind == ExpenseKind::mileage;
+        case ExpenseList::withoutReceipt:
+            return expense.kind == ExpenseKind::regular && expense.attachments.empty() && expense.amount != 0;
     }
     return false;
 }
@@ -194,6 +196,8 @@ std::string_view title(ExpenseList list) {
             return "Billable";
         case ExpenseList::mileage:
             return "Mileage";
+        case ExpenseList::withoutReceipt:
+            return "No receipt";
     }
     return {};
 }

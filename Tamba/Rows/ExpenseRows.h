@@ -13,7 +13,7 @@
 namespace tamba {
 
 /// Which expenses a person looks at, as chosen in the sidebar.
-enum class ExpenseList { all, toCheck, withoutCategory, withoutRate, billable, mileage };
+enum class ExpenseList { all, toCheck, withoutCategory, withoutRate, billable, mileage, withoutReceipt };
 /// What its rows can be ordered by.
 enum class ExpenseOrder { date, vendor, category, amount, tax, method, status };
 

@@ -1,5 +1,6 @@
 #include "Tamba/Screens/DocumentPane.h"
 
+#include "Tamba/DocumentDrag.h"
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Rows/DocumentRows.h"
@@ -140,6 +141,7 @@ QWidget* DocumentPane::makePaper() {
     layout->addWidget(factsBox_);
     view_ = new DocumentPreview(content);
     layout->addWidget(view_);
+    new DocumentDrag(model_, *view_, [this] { return id_; }, this);
     layout->addStretch(1);
     paper_->setWidget(content);
     return paper_;

@@ -189,6 +189,16 @@ void ExpensesScreen::showList(ExpenseList list) {
     refresh();
 }
 
+void ExpensesScreen::showWhole(ExpenseList list) {
+    {
+        const QSignalBlocker quietSearch(search_), quietPeriod(period_);
+        search_->clear();
+        period_->choose(Span::all, model_.today());
+    }
+    showList(list);
+    if (selected().empty() && rows_.rowCount() > 0) table_->selectRow(0);
+}
+
 void ExpensesScreen::refresh() {
     const Library& library = model_.library();
     period_->setYearStart(library.fyStart());
@@ -306,18 +316,24 @@ void ExpensesScreen::sortBy(int column) {
 }
 
 void ExpensesScreen::contextMenu(const QPoint& at) {
-    const auto ids = selected();
-    if (ids.empty()) return;
+    if (selected().empty()) return;
     QMenu menu(this);
+    fillMenu(menu);
+    menu.exec(table_->viewport()->mapToGlobal(at));
+}
+
+void ExpensesScreen::looksRight() { inspector_->looksRight(); }
+
+void ExpensesScreen::fillMenu(QMenu& menu) {
     QMenu* categories = menu.addMenu(tr("Category"));
     for (const Category& category : model_.library().categories)
         categories->addAction(Icons::categoryIcon(category.symbol, category.colorHex), toQt(category.name), this,
                               [this, id = category.id] { setCategory(id); });
-    menu.addAction(tr("Looks Right"), inspector_, &ExpenseInspector::looksRight);
+    menu.addAction(tr("Looks Right"), this, &ExpensesScreen::looksRight);
+    menu.addAction(tr("Copy"), this, [this] { ListParts::copyRows(*table_); });
     menu.addSeparator();
     menu.addAction(Icons::icon(QStringLiteral("trash"), &Colors::danger), tr("Delete"), this,
                    &ExpensesScreen::deleteSelected);
-    menu.exec(table_->viewport()->mapToGlobal(at));
 }
 
 bool ExpensesScreen::eventFilter(QObject* watched, QEvent* event) {

@@ -11,6 +11,7 @@
 
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 class QStackedWidget;
 class QTableView;
@@ -29,6 +30,8 @@ public:
     ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* parent = nullptr);
 
     void showList(ExpenseList list);
+    /// The whole of a list: no search and no period takes anything from it.
+    void showWhole(ExpenseList list);
     /// Selects these expenses; filters that would hide them are taken off.
     void select(const std::vector<UUID>& ids);
     [[nodiscard]] std::vector<UUID> selected() const;
@@ -39,6 +42,10 @@ public:
     void newMileageTrip();
     void deleteSelected();
     void focusSearch();
+    /// Takes the mark “check” off what is selected.
+    void looksRight();
+    /// What can be done with the selected expenses.
+    void fillMenu(QMenu& menu);
 
 signals:
     void addReceiptsChosen();

@@ -1,5 +1,6 @@
 #include "Tamba/Screens/InvoicesScreen.h"
 
+#include "Tamba/DocumentDrag.h"
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/DocumentPane.h"
@@ -169,6 +170,7 @@ void InvoicesScreen::makeTable() {
     connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &InvoicesScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &InvoicesScreen::selectionChanged);
     connect(table_, &QWidget::customContextMenuRequested, this, &InvoicesScreen::contextMenu);
+    new DocumentDrag(model_, *table_->viewport(), [this] { return selected(); }, this);
 }
 
 void InvoicesScreen::makeConnections() {
@@ -210,6 +212,21 @@ void InvoicesScreen::showKind(DocKind kind) {
         kinds_->setCurrentIndex(static_cast<int>(std::find(std::begin(kinds), std::end(kinds), kind) - kinds));
     }
     refresh(Because::filterChanged);
+}
+
+void InvoicesScreen::showStatuses(DocKind kind, const std::vector<DocStatus>& statuses, Span span, Day day) {
+    showKind(kind);
+    {
+        const QScopedValueRollback guard(filling_, true);
+        search_->clear();
+        const auto& choices = statusChoices(kind);
+        const auto found = std::find_if(choices.begin(), choices.end(),
+                                        [&](const StatusChoice& choice) { return choice.statuses == statuses; });
+        status_->setCurrentIndex(found == choices.end() ? 0 : static_cast<int>(found - choices.begin()));
+        period_->choose(span, day);
+    }
+    refresh(Because::filterChanged);
+    if (!selected() && rows_.rowCount() > 0) table_->selectRow(0);
 }
 
 void InvoicesScreen::fillStatuses() {

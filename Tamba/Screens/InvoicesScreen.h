@@ -38,6 +38,8 @@ public:
     void select(const UUID& document);
     [[nodiscard]] std::optional<UUID> selected() const;
     void showKind(DocKind kind);
+    /// Those of one of the kind's status choices and nothing else; none: all. With a span, those of its days.
+    void showStatuses(DocKind kind, const std::vector<DocStatus>& statuses, Span span, Day day);
     /// A draft of the shown tab's kind.
     void newDocument();
     void focusSearch();

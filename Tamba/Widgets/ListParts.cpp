@@ -4,8 +4,12 @@
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/RowDelegate.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tamba::ListParts {
 
@@ -71,6 +75,38 @@ QTableView* table(QAbstractItemModel& rows, const char* name, const QString& acc
     header->setSectionResizeMode(look.stretched, QHeaderView::Stretch);
     header->setFixedHeight(32);
     return view;
+}
+
+QString selectedText(const QTableView& view) {
+    QList<int> numbers;
+    for (const QModelIndex& index : view.selectionModel()->selectedRows()) numbers << index.row();
+    std::sort(numbers.begin(), numbers.end());
+    QStringList lines;
+    for (const int row : numbers) {
+        QStringList cells;
+        for (int column = 0; column < view.model()->columnCount(); ++column) {
+            const QModelIndex index = view.model()->index(row, column);
+            QStringList texts;
+            for (const int role : {static_cast<int>(Qt::DisplayRole), static_cast<int>(RowDelegate::Second)})
+                if (const QString text = index.data(role).toString(); !text.isEmpty()) texts << text.simplified();
+            cells << texts.join(QStringLiteral(" · "));
+        }
+        lines << cells.join(QLatin1Char('\t'));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+void copyRows(const QTableView& view) {
+    if (const QString text = selectedText(view); !text.isEmpty()) QGuiApplication::clipboard()->setText(text);
+}
+
+void copySelection() {
+    QWidget* keys = QApplication::focusWidget();
+    if (const auto* view = qobject_cast<QTableView*>(keys)) {
+        copyRows(*view);
+    } else if (keys && keys->metaObject()->indexOfMethod("copy()") >= 0) {
+        QMetaObject::invokeMethod(keys, "copy");
+    }
 }
 
 }  // namespace tamba::ListParts

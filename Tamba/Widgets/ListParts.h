@@ -37,4 +37,11 @@ struct TableLook {
 [[nodiscard]] QTableView* table(QAbstractItemModel& rows, const char* name, const QString& accessible,
                                 const TableLook& look, QWidget* parent);
 
+/// The selected rows as spreadsheets take them: cells parted by tabs, rows by line ends; hidden columns, too, since the
+/// width of a window says nothing about what is wanted.
+[[nodiscard]] QString selectedText(const QTableView& view);
+void copyRows(const QTableView& view);
+/// Copies what the widget with the keys has selected: rows of a table, text of a field.
+void copySelection();
+
 }  // namespace tamba::ListParts

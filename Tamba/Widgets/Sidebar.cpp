@@ -2,11 +2,10 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
-#include "Tamba/Rows/BankRows.h"
+#include "Tamba/Rows/OverviewRows.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "TambaCore/Base/Text.h"
-#include "TambaCore/Documents/Standing.h"
 
 #include <QAbstractButton>
 #include <QFontMetrics>
@@ -119,6 +118,8 @@ private:
 
 QString title(Screen screen) {
     switch (screen) {
+        case Screen::overview:
+            return QObject::tr("Overview");
         case Screen::expenses:
             return QObject::tr("Expenses");
         case Screen::invoices:
@@ -158,7 +159,8 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
     items_->setSpacing(0);
     layout->addLayout(items_);
     for (const Screen screen : allScreens) {
-        static constexpr std::pair<const char*, const char*> looks[] = {{"receipt", "screenExpenses"},
+        static constexpr std::pair<const char*, const char*> looks[] = {{"overview", "screenOverview"},
+                                                                        {"receipt", "screenExpenses"},
                                                                         {"document", "screenInvoices"},
                                                                         {"people", "screenClients"},
                                                                         {"category-bank", "screenBank"}};
@@ -225,6 +227,7 @@ void Sidebar::addLists() {
     for (const Entry& entry : {Entry{ExpenseList::toCheck, "eye", "listToCheck"},
                                Entry{ExpenseList::withoutCategory, "category-none", "listWithoutCategory"},
                                Entry{ExpenseList::withoutRate, "exchange", "listWithoutRate"},
+                               Entry{ExpenseList::withoutReceipt, "receipt", "listWithoutReceipt"},
                                Entry{ExpenseList::billable, "billable", "listBillable"},
                                Entry{ExpenseList::mileage, "category-road", "listMileage"}}) {
         SidebarItem* item = addItem(entry.icon, toQt(title(entry.list)), entry.name, true);
@@ -271,18 +274,15 @@ void Sidebar::refresh() {
         // A list that nothing belongs to would be a dead end; the one being looked at stays.
         item->setVisible(screen_ == Screen::expenses && (count > 0 || item->isChecked()));
     }
-    const Books::Standings standings(library, model_.today());
-    const auto overdue = std::count_if(library.documents.begin(), library.documents.end(), [&](const Document& d) {
-        const auto standing = standings.of(d);
-        return standing && standing->status == DocStatus::overdue;
-    });
-    SidebarItem* invoices = screens_[static_cast<std::size_t>(Screen::invoices)];
-    invoices->setCount(static_cast<std::size_t>(overdue));
-    invoices->setAccessibleDescription(overdue == 0 ? QString() : tr("%1 overdue").arg(overdue));
-    const std::size_t open = openLines(library);
-    SidebarItem* bank = screens_[static_cast<std::size_t>(Screen::bank)];
-    bank->setCount(open);
-    bank->setAccessibleDescription(open == 0 ? QString() : tr("%1 to match").arg(open));
+    const Waiting waits = waiting(library, model_.today());
+    const auto badge = [this](Screen screen, std::size_t count, const QString& words) {
+        SidebarItem* item = screens_[static_cast<std::size_t>(screen)];
+        item->setCount(count);
+        item->setAccessibleDescription(count == 0 ? QString() : words.arg(count));
+    };
+    badge(Screen::expenses, waits.expenses, tr("%1 without a category or an exchange rate"));
+    badge(Screen::invoices, waits.invoices, tr("%1 overdue"));
+    badge(Screen::bank, waits.bank, tr("%1 to match"));
     refreshSaving();
     update();
 }

@@ -16,8 +16,9 @@ namespace tamba {
 class SidebarItem;
 
 /// The screens in the sidebar's order, which is also that of Ctrl+1, Ctrl+2 and so on.
-enum class Screen { expenses, invoices, clients, bank };
-inline constexpr Screen allScreens[] = {Screen::expenses, Screen::invoices, Screen::clients, Screen::bank};
+enum class Screen { overview, expenses, invoices, clients, bank };
+inline constexpr Screen allScreens[] = {Screen::overview, Screen::expenses, Screen::invoices, Screen::clients,
+                                        Screen::bank};
 [[nodiscard]] QString title(Screen screen);
 
 /// The left edge of the window: whose books these are, what can be looked at with counts of what waits, and whether all
@@ -54,7 +55,7 @@ private:
     QVBoxLayout* items_;
     std::vector<SidebarItem*> screens_;  // in the order of `allScreens`
     std::vector<SidebarItem*> lists_;
-    Screen screen_ = Screen::expenses;
+    Screen screen_ = Screen::overview;
     ExpenseList list_ = ExpenseList::all;
     QPushButton* ownBooks_;
     QPushButton* saving_;

@@ -70,6 +70,7 @@ private slots:
             put(desk, "scan.pdf", R::scannedPDF(bills[2])), put(desk, "with-pdf.eml", R::emailWithPDF(bills[3])),
             put(desk, "plain.eml", R::htmlEmail(bills[4]))};
         Window window(books.model, std::make_unique<TestPrompts>());
+        window.showScreen(Screen::expenses);
         window.resize(1440, 880);
         window.show();
         drop(window, files);

@@ -63,7 +63,7 @@ private slots:
         prompts.client = Client::make("Monsoon Tea");
         prompts.client->email = "accounts@monsoon.example";
         prompts.client->stateCode = "27";
-        QTest::keyClick(&window, Qt::Key_3, Qt::ControlModifier);
+        QTest::keyClick(&window, Qt::Key_4, Qt::ControlModifier);
         QCOMPARE(window.screen(), Screen::clients);
         QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
         QCOMPARE(model.library().clients.size(), std::size_t(1));
