@@ -135,6 +135,11 @@ void Window::makeBankMenu() {
         return action;
     };
     add(tr("&Match the Obvious Ones"), &BankScreen::matchObvious)->setShortcut(QKeySequence(Qt::Key_F5));
+    QMenu* line = bank->addMenu(tr("Selected &Line"));
+    connect(line, &QMenu::aboutToShow, this, [this, line] {
+        fillSelectionMenu(*line, Screen::bank, true, tr("Select a bank line first"),
+                          [this, line] { bank_->fillMenu(*line); });
+    });
     bank->addSeparator();
     add(tr("&Add Account…"), &BankScreen::addAccount);
     add(tr("&Change Account…"), &BankScreen::renameAccount);

@@ -1,8 +1,10 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/BankScreen.h"
+#include "Tamba/Screens/ClientPages.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Screens/ProjectsScreen.h"
 #include "Tamba/Widgets/SearchPalette.h"
 #include "Tamba/Window.h"
 
@@ -39,9 +41,12 @@ void Window::makeSearch(QMenu& edit) {
     action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
     needBooks_.push_back(action);
     connect(action, &QAction::triggered, this, [this, action] {
-        fillDocumentMenu();
         Commands commands;
+        // Menus about what is selected say what it is when they open.
+        const QList<QMenu*> menus = menuBar()->findChildren<QMenu*>();
+        for (QMenu* menu : menus) emit menu->aboutToShow();
         collect(commands, menuBar()->actions(), {}, action);
+        for (QMenu* menu : menus) emit menu->aboutToHide();
         search_->open(std::move(commands.texts), [actions = std::move(commands.actions)](std::size_t which) {
             if (QAction* chosen = actions.at(which)) chosen->trigger();
         });
@@ -56,13 +61,12 @@ void Window::showRecord(Search::Kind kind, const UUID& id) {
             return expenses_->select({id});
         case Search::Kind::client:
             showScreen(Screen::clients);
+            clientPages_->showClients();
             return clients_->select(id);
-        case Search::Kind::project: {
-            const Project* project = model_.library().project(id);
+        case Search::Kind::project:
             showScreen(Screen::clients);
-            if (project && project->clientID) clients_->select(*project->clientID);
-            return;
-        }
+            clientPages_->showProjects();
+            return projects_->select(id);
         case Search::Kind::item:
             return editSettings();
         case Search::Kind::bankLine:

@@ -150,8 +150,21 @@ void BankScreen::makeTable() {
                               this);
     keepSelection(*table_, rows_);
     table_->installEventFilter(this);
+    table_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(table_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        QMenu menu(this);
+        fillMenu(menu);
+        if (!menu.isEmpty()) menu.exec(table_->viewport()->mapToGlobal(at));
+    });
     connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &BankScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &BankScreen::selectionChanged);
+}
+
+void BankScreen::fillMenu(QMenu& menu) {
+    if (!selected()) return;
+    pane_->fillMenu(menu);
+    menu.addSeparator();
+    menu.addAction(tr("Copy"), this, [this] { ListParts::copyRows(*table_); });
 }
 
 void BankScreen::makeConnections() {

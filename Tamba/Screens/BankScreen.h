@@ -13,6 +13,7 @@
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPushButton;
 class QStackedWidget;
 class QTabBar;
@@ -44,6 +45,8 @@ public:
     void renameAccount();
     /// Says that bank lines stay, and what to do instead.
     void deleteSelected();
+    /// What can be done with the selected line.
+    void fillMenu(QMenu& menu);
 
 signals:
     void importChosen();

@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -238,6 +239,21 @@ void SuggestionsPane::setLine(const std::optional<UUID>& id) {
     if (id == id_ && id && !stale_) return;
     id_ = id;
     refresh();
+}
+
+void SuggestionsPane::fillMenu(QMenu& menu) {
+    const BankTransaction* line = shown();
+    if (!line) return;
+    for (std::size_t i = 0; line->isOpen() && i < choices_.size(); ++i) {
+        const MatchChoice& choice = choices_[i];
+        QAction* action =
+            menu.addAction(tr("Match with %1").arg(toQt(choice.title).replace(QLatin1Char('&'), QStringLiteral("&&"))),
+                           this, [this, i] { choose(i); });
+        action->setToolTip(toQt(choice.reason));
+    }
+    if (!menu.isEmpty()) menu.addSeparator();
+    for (QPushButton* button : {create_, split_, aside_, unmatch_})
+        if (!button->isHidden()) menu.addAction(button->text(), button, &QPushButton::click);
 }
 
 void SuggestionsPane::refresh() {

@@ -12,6 +12,7 @@
 
 class QComboBox;
 class QLabel;
+class QMenu;
 class QPushButton;
 class QVBoxLayout;
 
@@ -31,6 +32,8 @@ public:
     /// Carries out what the key stands for: 1 to 9, E, I, U, S, R. False for any other key; one that has nothing to do
     /// on this line does nothing.
     bool takeKey(int key);
+    /// What can be done with the line, as entries of a menu; nothing without a line.
+    void fillMenu(QMenu& menu);
 
 signals:
     /// An open line was dealt with: the next one can be looked at.
