@@ -62,6 +62,13 @@ Day Day::of(Instant instant) {
 }
 
 std::optional<Day> Day::iso(std::string_view text) {
+    // As the books have it, without taking it to pieces.
+    const auto isDigit = [&text](std::size_t i) { return text[i] >= '0' && text[i] <= '9'; };
+    if (text.size() == 10 && text[4] == '-' && text[7] == '-' && isDigit(0) && isDigit(1) && isDigit(2) && isDigit(3) &&
+        isDigit(5) && isDigit(6) && isDigit(8) && isDigit(9)) {
+        const auto number = [&text](std::size_t at) { return (text[at] - '0') * 10 + text[at + 1] - '0'; };
+        return valid(number(0) * 100 + number(2), number(5), number(8));
+    }
     std::vector<int> numbers;
     for (const std::string& piece : Text::split(Text::prefix(text, 10), '-'))
         if (const auto number = wholeNumber(piece)) numbers.push_back(*number);

@@ -53,7 +53,16 @@ T get(simdjson::simdjson_result<T> result, const char* expected) {
     return value;
 }
 
-std::string_view text(od::value& v) { return get(v.get_string(), "Not a text"); }
+/// Valid until the books' text is gone. Most texts have nothing escaped and are taken as they stand, without a copy;
+/// that they are whole, UTF-8 and without control characters was checked over the whole text.
+std::string_view text(od::value& v) {
+    std::string_view token = v.raw_json_token();
+    token = token.substr(0, token.rfind('"') + 1);
+    if (token.size() < 2 || token.front() != '"' || token.find('\\') != token.npos)
+        return get(v.get_string(), "Not a text");
+    get(v.get_raw_json_string(), "Not a text");
+    return token.substr(1, token.size() - 2);
+}
 
 std::string shortened(std::string_view word) {
     return word.size() <= 60 ? std::string(word) : std::string(Text::prefixBytes(word, 57)) + "…";
