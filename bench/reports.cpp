@@ -1,11 +1,13 @@
 // Reports over large books, against one pass of DocMath::totals over their invoices, in interleaved pairs:
 //   months   twelve months of income and spending     at most 3 passes
 //   aging    what is owed, by days past due           at most 1.5 passes
+//   GSTR-1   the return of a month                    less than either
 //   bench_reports [PAIRS]
 #include "TambaCore/Reports/Reports.h"
 
 #include "TambaCore/Documents/DocMath.h"
 #include "TambaCore/Fixtures.h"
+#include "TambaCore/Reports/GSTReturns.h"
 
 #include <algorithm>
 #include <chrono>
@@ -48,15 +50,18 @@ Library inOneYear(Library library, const FinancialYear& year) {
 int main(int argc, char** argv) {
     const int pairs = argc > 1 ? std::atoi(argv[1]) : 15;
     const FinancialYear year{2026, 4};
+    const Period october = Period::month({2026, 10, 1});
     const Reports reports{inOneYear(Fixtures::large(50'000, 20'000, 0, {2026, 11, 20}), year), {2026, 11, 20}};
     const struct {
         const char* name;
-        double bar;
+        double bar;  ///< in passes; 0: less than each of those before
         std::function<std::int64_t()> work;
     } cases[] = {
         {"months, by invoice", 3, [&] { return reports.months(IncomeBasis::accrual, year).back().income; }},
         {"months, by payment", 3, [&] { return reports.months(IncomeBasis::cash, year).back().income; }},
         {"aging", 1.5, [&] { return reports.aging().back().amount; }},
+        {"GSTR-1 of a month", 0,
+         [&] { return static_cast<std::int64_t>(GSTReturns::gstr1(reports.lib, october).hsnB2C.size()); }},
     };
     const auto floor = [&] {
         std::int64_t sum = 0;
@@ -65,6 +70,7 @@ int main(int argc, char** argv) {
     };
     std::int64_t sink = 0;
     bool withinBars = true;
+    double least = 1e9;
     for (const auto& [name, bar, work] : cases) {
         std::vector<double> ours, theirs, ratio;
         for (int i = 0; i < pairs; ++i) {
@@ -72,9 +78,11 @@ int main(int argc, char** argv) {
             theirs.push_back(milliseconds(floor, sink));
             ratio.push_back(ours.back() / theirs.back());
         }
-        std::printf("%-20s %7.1f ms  floor %7.1f ms  ratio %.2f (bar %.1f)\n", name, median(ours), median(theirs),
-                    median(ratio), bar);
-        withinBars = withinBars && median(ratio) <= bar;
+        const double limit = bar > 0 ? bar : least;
+        least = std::min(least, median(ratio));
+        std::printf("%-20s %7.1f ms  floor %7.1f ms  ratio %.2f (bar %.2f)\n", name, median(ours), median(theirs),
+                    median(ratio), limit);
+        withinBars = withinBars && median(ratio) <= limit;
     }
     std::printf("checked %lld\n", static_cast<long long>(sink));
     return withinBars ? 0 : 1;
