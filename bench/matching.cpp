@@ -1,6 +1,7 @@
 // Matching bank lines with expenses and invoices in books of one size and of twice that size:
 //   spent     every line is an expense of the books, most of them obvious
 //   received  every line pays an invoice and names it
+//   equal     the same, but all invoices have one amount and a few clients
 //   alike     all expenses have one amount on few days: nothing is obvious
 //   one       the suggestions for one line, as a window asks for them
 //   bench_matching [ROUNDS]
@@ -64,6 +65,17 @@ Library received(int size) {
     return library;
 }
 
+Library equal(int size) {
+    Library library = received(size);
+    for (std::size_t i = 0; i < library.documents.size(); ++i) {
+        library.documents.update(
+            i, [](Document& invoice) { invoice.lines = {Line::make("Retainer", 1000, 2'500'000, 1800)}; });
+        library.transactions.update(
+            i, [&](BankTransaction& line) { line.amount = DocMath::totals(library.documents[i]).total; });
+    }
+    return library;
+}
+
 Library alike(int size) {
     Library library = spent(size);
     for (std::size_t i = 0; i < library.expenses.size(); ++i) {
@@ -101,6 +113,7 @@ int main(int argc, char** argv) {
     const auto all = [](const Library& library) { return Bank::autoMatch(library).count; };
     report("spent", rounds, spent, all);
     report("received", rounds, received, all);
+    report("equal", rounds, equal, all);
     report("alike", rounds, alike, all);
     report("one", rounds, spent, [](const Library& library) {
         const auto found = Matcher::suggestions(library.transactions[777], library, Matcher::listDays);

@@ -30,6 +30,8 @@ constexpr int score(Fit fit) { return fitScores[static_cast<std::size_t>(fit)]; 
 // An invoice that the line does not name is never obvious, and one that is only close never makes another less so.
 constexpr int mostUnnamed = score(Fit::balance) + clientNamed;
 static_assert(mostUnnamed < obviousScore && score(Fit::close) + clientNamed < obviousScore - clearLead);
+// Nor does one whose client it does not name.
+static_assert(score(Fit::balance) < obviousScore - clearLead && mostUnnamed + beforeIssue < obviousScore - clearLead);
 
 /// How far an expense may be from the line: a whole unit, or 1 % of what is not small.
 std::int64_t tolerance(std::int64_t spent) { return spent < 10'000 ? 100 : spent / 100; }
@@ -165,13 +167,17 @@ void Candidates::addInvoice(View& view, Slot slot) {
     const auto balance = value(view, document, invoice.balance), total = value(view, document, invoice.total);
     if (!balance || !total || *balance < 1) return;
     view.due[slot] = {*balance, *total};
-    view.byBalance.emplace(*balance, slot);
-    view.byTotal.emplace(*total, slot);
+    view.byBalance.insert(priced(*balance, slot));
+    view.byTotal.insert(priced(*total, slot));
 }
 
-void Candidates::removeInvoice(View& view, Slot slot) {
-    view.byBalance.erase({view.due[slot].balance, slot});
-    view.byTotal.erase({view.due[slot].total, slot});
+Candidates::Priced Candidates::priced(std::int64_t amount, Slot slot) const {
+    return {amount, invoices_[slot].client, invoices_[slot].issueDate, slot};
+}
+
+void Candidates::removeInvoice(View& view, Slot slot) const {
+    view.byBalance.erase(priced(view.due[slot].balance, slot));
+    view.byTotal.erase(priced(view.due[slot].total, slot));
     view.due[slot] = {};
 }
 
@@ -255,13 +261,26 @@ std::vector<Candidates::Slot> Candidates::mentioned(const std::string& squeezedT
 std::vector<Candidates::Slot> Candidates::priced(const Asked& asked, std::int64_t above) {
     const View& view = asked.view;
     std::vector<Slot> found;
-    for (auto at = view.byBalance.lower_bound({asked.amount, 0});
-         at != view.byBalance.end() && at->first <= asked.amount + above; ++at)
-        found.push_back(at->second);
-    for (auto at = view.byTotal.lower_bound({asked.amount, 0}); at != view.byTotal.end() && at->first == asked.amount;
+    for (auto at = view.byBalance.lower_bound({asked.amount});
+         at != view.byBalance.end() && at->amount <= asked.amount + above; ++at)
+        found.push_back(at->slot);
+    for (auto at = view.byTotal.lower_bound({asked.amount}); at != view.byTotal.end() && at->amount == asked.amount;
          ++at)
-        found.push_back(at->second);
+        found.push_back(at->slot);
     return found;
+}
+
+bool Candidates::hasRival(Asked& asked, const std::set<Priced>& open, const std::vector<Slot>& mentioned) {
+    for (auto at = open.lower_bound({asked.amount}); at != open.end() && at->amount == asked.amount;) {
+        const Name client = at->client;
+        if (sharedWord(asked, client))
+            for (auto one = at; one != open.end() && one->amount == asked.amount && one->client == client &&
+                                one->issueDate <= asked.line.date;
+                 ++one)
+                if (!std::binary_search(mentioned.begin(), mentioned.end(), one->slot)) return true;
+        at = open.lower_bound({asked.amount, client + 1});
+    }
+    return false;
 }
 
 std::vector<Candidates::InvoiceMatch> Candidates::fitting(Asked& asked, std::vector<Slot> slots,
@@ -356,9 +375,10 @@ std::optional<Candidates::Found> Candidates::obvious(const BankTransaction& line
         const auto named = mentioned(withoutSpaces(Text::upper(line.text)));
         for (const InvoiceMatch& match : fitting(*asked, {}, named))
             offer(match.score, Kind::invoice, invoices_[match.slot].document);
-        if (best >= obviousScore && best - clearLead <= mostUnnamed)
-            for (const InvoiceMatch& match : fitting(*asked, priced(*asked, 0), named))
-                if (!match.namesNumber) second = std::max(second, match.score);
+        for (const auto& [open, fit] :
+             {std::pair{&asked->view.byTotal, Fit::total}, {&asked->view.byBalance, Fit::balance}})
+            if (best >= obviousScore && best - clearLead <= score(fit) + clientNamed && hasRival(*asked, *open, named))
+                second = std::max(second, score(fit) + clientNamed);
     }
     // Scores are above 0, so that a second of 0 is none.
     return found && best >= obviousScore && (second == 0 || second < best - clearLead) ? found : std::nullopt;

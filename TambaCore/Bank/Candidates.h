@@ -62,13 +62,22 @@ private:
         std::int64_t balance = 0, total = 0;  // in the home currency; no candidate while the balance is 0
     };
     using Slot = std::size_t;  // in `invoices_`
+    /// An open invoice by what it is worth. Those of one client stand together, the first issued first: whether any of
+    /// them rivals another invoice is told by one, and many invoices may be of one amount.
+    struct Priced {
+        std::int64_t amount;
+        Name client = 0;
+        Day issueDate = {0, 1, 1};
+        Slot slot = 0;
+        auto operator<=>(const Priced&) const = default;
+    };
     /// What the records are worth to lines in one currency, in minor units of the home currency.
     struct View {
         Currency currency;
         std::int64_t rateMicros;
         std::map<std::int64_t, std::vector<Group>> days;  // by day number; groups by value
         std::vector<Due> due;                             // by slot
-        std::set<std::pair<std::int64_t, Slot>> byBalance, byTotal;
+        std::set<Priced> byBalance, byTotal;
     };
     /// A line as it is compared.
     struct Asked {
@@ -91,7 +100,8 @@ private:
     void addExpenses(View& view);
     [[nodiscard]] Slot slotOf(std::size_t document) const;
     void addInvoice(View& view, Slot slot);
-    static void removeInvoice(View& view, Slot slot);
+    void removeInvoice(View& view, Slot slot) const;
+    [[nodiscard]] Priced priced(std::int64_t amount, Slot slot) const;
 
     /// Calls `visit(group, days apart)` for the expenses within amount and window.
     template <class Visit>
@@ -99,6 +109,8 @@ private:
     [[nodiscard]] std::vector<Slot> mentioned(const std::string& squeezedText) const;
     /// Invoices whose total is the line's amount, or whose balance is up to `above` more than it.
     [[nodiscard]] static std::vector<Slot> priced(const Asked& asked, std::int64_t above);
+    /// Whether an invoice of the line's amount, whose client but not whose number the line names, was issued by then.
+    [[nodiscard]] bool hasRival(Asked& asked, const std::set<Priced>& open, const std::vector<Slot>& mentioned);
     /// Those of the invoices that fit, in the order of the books.
     [[nodiscard]] std::vector<InvoiceMatch> fitting(Asked& asked, std::vector<Slot> slots,
                                                     const std::vector<Slot>& mentioned);
