@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <unordered_map>
 #include <utility>
 
 namespace tamba::cli {
@@ -42,11 +43,48 @@ const CategoryRule& ruleOf(const Library& library, const std::string& typed) {
     throw Refusal("There is no rule “" + typed + "” in these books.");
 }
 
-/// The account named, else the only one there is.
-std::optional<UUID> accountOf(const Library& library, const std::string& name) {
-    if (!name.empty()) return named(library.accounts, name, "bank account").id;
-    if (library.accounts.size() > 1) throw Refusal("There are several bank accounts. Say which with --account.");
-    return library.accounts.empty() ? std::nullopt : std::optional(library.accounts.front().id);
+/// Where a statement goes.
+struct Destination {
+    std::optional<BankAccount> account;
+    bool isNew = false;
+};
+
+/// The account named, a new one of that name, or else the only one there is.
+Destination destinationOf(const Library& library, const ImportOptions& options) {
+    const std::string_view name = Text::trim(options.account);
+    if (name.empty()) {
+        if (library.accounts.size() > 1) throw Refusal("There are several bank accounts. Say which with --account.");
+        if (library.accounts.empty()) return {};
+        return {library.accounts.front(), false};
+    }
+    const auto isNamed = [wanted = Text::lower(name)](const BankAccount& account) {
+        return Text::lower(Text::trim(account.name)) == wanted;
+    };
+    const auto found = std::find_if(library.accounts.begin(), library.accounts.end(), isNamed);
+    const BankAccount* account =
+        found != library.accounts.end() ? &*found : withID(library.accounts, name, "bank account");
+    const std::string currency = options.currency.empty() ? library.home().code : currencyCode(options.currency);
+    if (!account) return {BankAccount::make(std::string(name), currency), true};
+    if (!options.currency.empty() && account->currency != currency)
+        throw Refusal("The bank account “" + account->name + "” is in " + account->currency + ".");
+    return {*account, false};
+}
+
+const Payment& paymentOf(const Document& invoice, const UUID& id) {
+    return *std::find_if(invoice.payments.begin(), invoice.payments.end(),
+                         [&id](const Payment& payment) { return payment.id == id; });
+}
+
+/// A payment of the books by the beginning of its ID, with its invoice.
+Bank::TypedPayment paymentNamed(const Library& library, const std::string& typed) {
+    std::optional<Bank::TypedPayment> found;
+    for (const Document& document : library.documents)
+        if (const Payment* payment = withID(document.payments, typed, "payment")) {
+            if (found) throw Refusal("More than one payment begins with “" + typed + "”. Give more of its ID.");
+            found = {document.id, payment->id};
+        }
+    if (!found) throw Refusal("There is no payment “" + typed + "” in these books.");
+    return *found;
 }
 
 /// “expense Chai Point”, the invoices its payments are on, “set aside”; nothing while the line is open.
@@ -61,7 +99,9 @@ std::string matchedWith(const Library& library, const BankTransaction& line) {
             for (const Payment& payment : document.payments)
                 if (payment.bankTxnID == line.id || payment.id == line.paymentID)
                     numbers.push_back(document.displayNumber());
-        return Text::join(numbers, ", ");
+        const std::int64_t rest = Bank::unassigned(library, line);
+        return Text::join(numbers, ", ") +
+               (rest > 0 ? "; " + MoneyFormat::string(rest, Bank::currency(library, line)) + " of it open" : "");
     }
     return line.ignored ? "set aside" : "";
 }
@@ -79,13 +119,15 @@ void printLine(const Context& context, const Library& library, const UUID& id) {
         return;
     }
     const std::string matched = matchedWith(library, line);
+    const auto exchange = Bank::exchangeDifference(library, line);
     std::cout << details({{"Line", line.id.text()},
                           {"Date", line.date.formatted("d MMM yyyy")},
                           {"Narration", line.text},
                           {"Amount", amountText(library, line)},
                           {"Matched", line.isMatched() ? matched
                                       : line.ignored   ? "no, set aside"
-                                                       : "no"}});
+                                                       : "no"},
+                          {"Exchange", exchange ? exchange->sentence : ""}});
 }
 
 void printRules(const Context& context, const Library& library) {
@@ -108,11 +150,36 @@ void printRules(const Context& context, const Library& library) {
 }
 
 /// “INV/26-27/001=5000”: an invoice and the part of the line that pays it.
-Bank::Share shareOf(const Library& library, const BankTransaction& line, const std::string& typed, bool restAsTDS) {
+Bank::Share shareOf(const Library& library, const BankTransaction& line, const std::string& typed,
+                    Bank::Remainder remainder) {
     const std::size_t at = typed.rfind('=');
     if (at == typed.npos) throw Refusal("“" + typed + "” is not a share such as INV/26-27/001=5000.");
     return {documentOf(library, typed.substr(0, at)).id, amountOf(typed.substr(at + 1), Bank::currency(library, line)),
-            restAsTDS ? Bank::Remainder::asTDS : Bank::Remainder::due};
+            remainder};
+}
+
+Bank::Remainder remainderOf(const MatchOptions& options) {
+    if (options.restAsExchange) return Bank::Remainder::asExchange;
+    return options.restAsTDS ? Bank::Remainder::asTDS : Bank::Remainder::due;
+}
+
+/// Each line that is in the books already, with the one it equals, and each row that is no line, with the reason.
+void addLeftOut(JSON& object, const BankImport::Parsed& read, const std::vector<Bank::SkippedLine>& lines,
+                const std::unordered_map<UUID, std::size_t>& rows) {
+    const auto number = [](std::size_t row) { return static_cast<std::int64_t>(row); };
+    JSON held = JSON::array(), skipped = JSON::array(), breaks = JSON::array();
+    for (const auto& [line, equal] : lines)
+        held.append(JSON::object()
+                        .add("row", number(rows.at(line.id)))
+                        .add("date", line.date.iso())
+                        .add("amount", line.amount)
+                        .add("text", line.text)
+                        .add("equal", equal.text()));
+    for (const auto& row : read.skippedRows)
+        skipped.append(JSON::object().add("row", number(row.row)).add("reason", row.reason));
+    for (const auto& one : read.balanceBreaks)
+        breaks.append(JSON::object().add("row", number(one.row)).add("expected", one.expected).add("found", one.found));
+    object.add("inBooksLines", held).add("skippedRows", skipped).add("balanceBreakRows", breaks);
 }
 
 BankImport::Parsed statementOf(const std::string& file, DateOrder order, const Currency& currency) {
@@ -126,10 +193,14 @@ BankImport::Parsed statementOf(const std::string& file, DateOrder order, const C
 Library matched(const Library& library, const BankTransaction& line, const MatchOptions& options) {
     if (!options.expense.empty()) return Bank::matchToExpense(library, line.id, expenseOf(library, options.expense).id);
     if (!options.invoice.empty())
-        return Bank::matchToInvoice(library, line.id, documentOf(library, options.invoice).id,
-                                    options.restAsTDS ? Bank::Remainder::asTDS : Bank::Remainder::due);
+        return Bank::matchToInvoice(library, line.id, documentOf(library, options.invoice).id, remainderOf(options));
+    if (!options.payment.empty()) {
+        const Bank::TypedPayment payment = paymentNamed(library, options.payment);
+        return Bank::matchToPayment(library, line.id, payment.invoice, payment.payment);
+    }
     std::vector<Bank::Share> shares;
-    for (const std::string& typed : options.shares) shares.push_back(shareOf(library, line, typed, options.restAsTDS));
+    for (const std::string& typed : options.shares)
+        shares.push_back(shareOf(library, line, typed, remainderOf(options)));
     return Bank::splitReceipt(library, line.id, shares);
 }
 
@@ -137,11 +208,15 @@ Library matched(const Library& library, const BankTransaction& line, const Match
 
 int importStatement(const Context& context, const ImportOptions& options) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
-    const Library& library = existing(session);
-    const auto account = accountOf(library, options.account);
-    const Currency currency = account ? Currency::of(find(library.accounts, *account)->currency) : library.home();
-    const auto read = statementOf(options.file, options.order.value_or(library.business.receiptDateOrder), currency);
-    auto result = Bank::addTransactions(library, read.transactions, account);
+    Library library = existing(session);
+    const auto [destination, isNew] = destinationOf(library, options);
+    const auto account = destination ? std::optional(destination->id) : std::nullopt;
+    const Currency currency = destination ? Currency::of(destination->currency) : library.home();
+    auto read = statementOf(options.file, options.order.value_or(library.business.receiptDateOrder), currency);
+    if (isNew) library.accounts.append(*destination);
+    std::unordered_map<UUID, std::size_t> rows;
+    for (std::size_t i = 0; i < read.rows.size(); ++i) rows.emplace(read.transactions[i].id, read.rows[i]);
+    auto result = Bank::addTransactions(std::move(library), std::move(read.transactions), account);
     if (options.anyway)
         for (const auto& [line, equal] : std::exchange(result.skippedLines, {})) {
             result.library = Bank::addAnyway(std::move(result.library), line, account);
@@ -150,16 +225,20 @@ int importStatement(const Context& context, const ImportOptions& options) {
         }
     if (result.added > 0) save(session, result.library);
     if (context.json) {
-        std::cout << JSON::object()
-                         .add("format", read.format)
-                         .add("added", std::int64_t{result.added})
-                         .add("inBooks", std::int64_t{result.skipped})
-                         .add("skipped", std::int64_t{read.skipped})
-                         .add("balanceBreaks", static_cast<std::int64_t>(read.balanceBreaks.size()))
-                         .text()
-                  << "\n";
+        JSON object = JSON::object()
+                          .add("format", read.format)
+                          .add("added", std::int64_t{result.added})
+                          .add("inBooks", std::int64_t{result.skipped})
+                          .add("skipped", std::int64_t{read.skipped})
+                          .add("balanceBreaks", static_cast<std::int64_t>(read.balanceBreaks.size()));
+        if (isNew && result.added > 0) object.add("newAccount", destination->name);
+        addLeftOut(object, read, result.skippedLines, rows);
+        std::cout << object.text() << "\n";
         return 0;
     }
+    if (isNew && result.added > 0)
+        std::cout << "Made the bank account “" << oneLine(destination->name) << "” in " << destination->currency
+                  << ".\n";
     const auto lines = [](std::int64_t count) { return counted(static_cast<std::size_t>(count), "line", "lines"); };
     std::cout << "Added " << lines(result.added) << ".";
     if (result.skipped > 0)
@@ -210,14 +289,28 @@ int listLines(const Context& context, const LineFilter& filter) {
 int suggestMatches(const Context& context, const std::string& typed) {
     const LibrarySession session(context.folder, LibrarySession::Access::read);
     const Library& library = existing(session);
-    const auto suggestions = Matcher::suggestions(lineOf(library, typed), library, Matcher::listDays);
-    if (!context.json && suggestions.empty()) {
+    const BankTransaction& line = lineOf(library, typed);
+    const auto suggestions = Matcher::suggestions(line, library, Matcher::listDays);
+    const auto payments = Bank::typedPayments(library, line, Matcher::listDays);
+    if (!context.json && suggestions.empty() && payments.empty()) {
         std::cout << "No suggestions.\n";
         return 0;
     }
     using enum Table::Align;
     JSON records = JSON::array();
     Table table({{"Score", right}, {"ID"}, {"Date"}, {"For"}, {"Amount", right}, {"Why"}});
+    for (const auto& [invoiceID, paymentID, days] : payments) {
+        const Document& invoice = *library.document(invoiceID);
+        const Payment& payment = paymentOf(invoice, paymentID);
+        const std::string reason = "a payment that is recorded already; match it with --payment";
+        records.append(JSON::object()
+                           .add("payment", paymentID.text())
+                           .add("invoice", invoiceID.text())
+                           .add("days", days)
+                           .add("reason", reason));
+        table.add({"", shortID(paymentID), payment.date.iso(), invoice.displayNumber(),
+                   MoneyFormat::string(payment.amount, Currency::of(invoice.currency)), reason});
+    }
     for (const auto& [target, score, reason] : suggestions) {
         const bool isExpense = target.kind == MatchSuggestion::Target::Kind::expense;
         records.append(JSON::object()

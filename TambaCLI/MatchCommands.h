@@ -11,7 +11,8 @@
 namespace tamba::cli {
 
 struct ImportOptions {
-    std::string file, account;  ///< without an account, the only one
+    std::string file, account;  ///< without an account, the only one; one that is not there is made
+    std::string currency;       ///< of an account that is made
     std::optional<DateOrder> order;
     bool anyway = false;  ///< lines that the books hold already come in once more
 };
@@ -25,9 +26,9 @@ int listLines(const Context& context, const LineFilter& filter);
 int suggestMatches(const Context& context, const std::string& line);
 
 struct MatchOptions {
-    std::string line, expense, invoice;
+    std::string line, expense, invoice, payment;
     std::vector<std::string> shares;  ///< NUMBER=AMOUNT
-    bool restAsTDS = false;
+    bool restAsTDS = false, restAsExchange = false;
     bool obvious = false;
 };
 int matchLine(const Context& context, const MatchOptions& options);

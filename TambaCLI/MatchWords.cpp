@@ -19,7 +19,10 @@ void addMatchCommands(CLI::App& bank, Command& c) {
     auto* import = c.add(&bank, "import", "Read a statement into the books; lines that are there already are left out",
                          [&](const Context& x) { return importStatement(x, statement); });
     import->add_option("FILE", statement.file, "The statement")->required();
-    addText(import, "--account", statement.account, "Bank account (the only one)");
+    auto* account = addText(import, "--account", statement.account,
+                            "Bank account (the only one); made where there is none of that name");
+    addText(import, "--currency", statement.currency, "Currency of an account that is made (the home currency)")
+        ->needs(account);
     addWord(import, "--order", statement.order, "How the statement writes dates (as the business does)");
     import->add_flag("--anyway", statement.anyway, "Also add the lines that are in the books already");
 
@@ -30,7 +33,7 @@ void addMatchCommands(CLI::App& bank, Command& c) {
     addDay(list, "--to", filter.to, "Last day");
     list->add_flag("--open", filter.open, "Only those that wait to be matched");
 
-    withLine(c.add(&bank, "suggest", "Which expense or invoice a line could be",
+    withLine(c.add(&bank, "suggest", "Which expense, invoice or recorded payment a line could be",
                    [&](const Context& x) { return suggestMatches(x, line); }));
 
     auto& options = c.options<MatchOptions>();
@@ -39,15 +42,21 @@ void addMatchCommands(CLI::App& bank, Command& c) {
     auto* obvious = match->add_flag("--obvious", options.obvious, "Match every line that has one clear suggestion");
     auto* expense = addText(match, "--expense", options.expense, "An expense: the beginning of its ID");
     auto* invoice = addText(match, "--invoice", options.invoice, "An invoice: its number");
+    auto* payment =
+        addText(match, "--payment", options.payment, "A payment that was recorded before: the beginning of its ID");
     auto* shares = addTexts(match, "--share", options.shares, "A part of the line: NUMBER=AMOUNT; give several");
     auto* rest = match->add_flag("--rest-as-tds", options.restAsTDS, "What is left of the invoice was withheld as TDS");
-    obvious->excludes(one, expense, invoice, shares, rest);
-    expense->excludes(invoice, shares, rest);
+    auto* exchange = match->add_flag("--rest-as-exchange", options.restAsExchange,
+                                     "What is left of the invoice was lost in exchange");
+    obvious->excludes(one, expense, invoice, payment, shares, rest, exchange);
+    expense->excludes(invoice, payment, shares, rest, exchange);
+    payment->excludes(invoice, shares, rest, exchange);
     invoice->excludes(shares);
-    match->callback([&, one, expense, invoice, shares] {
+    rest->excludes(exchange);
+    match->callback([&, one, expense, invoice, payment, shares] {
         if (!options.obvious && one->empty()) throw CLI::RequiredError("LINE or --obvious");
-        if (!options.obvious && expense->empty() && invoice->empty() && shares->empty())
-            throw CLI::RequiredError("--expense, --invoice or --share");
+        if (!options.obvious && expense->empty() && invoice->empty() && payment->empty() && shares->empty())
+            throw CLI::RequiredError("--expense, --invoice, --payment or --share");
         c.run = [&options](const Context& x) { return matchLine(x, options); };
     });
 
