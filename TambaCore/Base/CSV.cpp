@@ -180,9 +180,9 @@ std::string CSV::text() const {
     return result;
 }
 
-void CSV::write(const std::filesystem::path& file) const {
-    Files::writeAtomically(file, std::string(byteOrderMark) + text());
-}
+std::string CSV::bytes() const { return std::string(byteOrderMark) + text(); }
+
+void CSV::write(const std::filesystem::path& file) const { Files::writeAtomically(file, bytes()); }
 
 CSV CSV::sortedByFirstColumn() const {
     CSV sorted = *this;

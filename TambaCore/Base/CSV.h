@@ -23,7 +23,9 @@ struct CSV {
 
     /// Header and rows, each ended by CR LF.
     [[nodiscard]] std::string text() const;
-    /// Writes a UTF-8 byte-order mark and the text, replacing the file as a whole. Throws FileError.
+    /// A whole file: a UTF-8 byte-order mark and the text.
+    [[nodiscard]] std::string bytes() const;
+    /// Writes these bytes, replacing the file as a whole. Throws FileError.
     void write(const std::filesystem::path& file) const;
     /// One field made safe: an apostrophe before what a spreadsheet would run ("=", "+", "@", or "-" that begins no
     /// number), then quotes around a field with a comma, a quote or a line end.

@@ -249,6 +249,39 @@ void copyTree(const Path& from, const Path& to) {
     checked([&](auto& e) { fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::copy_symlinks, e); });
 }
 
+void removeTree(const Path& path) {
+    observe("remove");
+    checked([&](auto& e) { return fs::remove_all(path, e); });
+}
+
+void append(const Path& path, std::string_view bytes) {
+    observe("write");
+    const Descriptor descriptor(path, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW, 0644);
+    writeAll(descriptor.get(), bytes);
+}
+
+void flushAll(const Path& folder) {
+    const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+    observe("flush");
+    if (::syncfs(descriptor.get()) != 0) fail(errno);
+}
+
+void exchange(const Path& from, const Path& to) {
+    if (!renameToNew(from, to)) {
+        observe("rename");
+        if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_EXCHANGE) != 0) {
+            if (errno != EINVAL && errno != ENOSYS) fail(errno);
+            // A file system without that call.
+            const Path aside = unfinished(to);
+            Files::removeTree(aside);
+            Files::move(to, aside);
+            Files::move(from, to);
+            Files::move(aside, from);
+        }
+    }
+    flushFolder(to.parent_path());
+}
+
 std::string safeName(std::string_view name) {
     const std::size_t separator = name.find_last_of("/\\");
     if (separator != std::string_view::npos) name.remove_prefix(separator + 1);

@@ -55,6 +55,16 @@ void makeFolders(const Path& folder);
 [[nodiscard]] std::vector<std::string> names(const Path& folder);
 /// Copies a file or a whole folder.
 void copyTree(const Path& from, const Path& to);
+/// Removes a file or a whole folder, links in it as links; nothing where there is none.
+void removeTree(const Path& path);
+
+/// Adds to the end of a file, made where there is none. Nothing is flushed: for the many files of a folder that nobody
+/// uses before `flushAll`.
+void append(const Path& path, std::string_view bytes);
+/// Puts everything on the disk that was written to the file system of `folder`.
+void flushAll(const Path& folder);
+/// Gives a file or folder the name `to`; what had that name before gets the name `from`, all or nothing.
+void exchange(const Path& from, const Path& to);
 /// A name that came from outside as a plain file name: no folders, no control characters, not hidden, at most 200
 /// bytes.
 [[nodiscard]] std::string safeName(std::string_view name);
