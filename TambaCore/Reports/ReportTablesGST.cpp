@@ -1,5 +1,5 @@
-#include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/GSTFigures.h"
+#include "TambaCore/Reports/GSTRules.h"
 #include "TambaCore/Reports/ReportTables.h"
 #include "TambaCore/Reports/TableParts.h"
 
@@ -168,16 +168,7 @@ Table creditTable(const Home& home, const GSTR3B& summary, const Currency& curre
          {},
          summary.creditIDs});
     table.notes.emplace_back("Credit counts only where the vendor’s invoice is in GSTR-2B.");
-    if (summary.notClaimed != 0)
-        table.notes.push_back(MoneyFormat::string(summary.notClaimed, currency) +
-                              " of tax on expenses is not claimed.");
-    const auto tell = [&table](const std::vector<UUID>& ids, const char* what) {
-        if (!ids.empty())
-            table.notes.push_back(std::to_string(ids.size()) + (ids.size() == 1 ? " expense" : " expenses") + what);
-    };
-    tell(summary.withoutGSTIN, " with claimed tax, but no valid GSTIN of the vendor: that is no credit.");
-    tell(summary.wrongState, " with CGST and SGST of another state: that credit is lost.");
-    tell(summary.foreign, " in foreign currency: a service from abroad is taxed under reverse charge.");
+    for (std::string& note : creditNotes(summary, currency)) table.notes.push_back(std::move(note));
     return table;
 }
 
@@ -204,6 +195,28 @@ Table paymentTable(const Home& home, const GSTR3B& summary) {
 
 }  // namespace
 
+}  // namespace tamba::ReportTables
+
+namespace tamba::TableParts {
+
+std::vector<std::string> creditNotes(const GSTReturns::GSTR3B& summary, const Currency& currency) {
+    std::vector<std::string> notes;
+    if (summary.notClaimed != 0)
+        notes.push_back(MoneyFormat::string(summary.notClaimed, currency) + " of tax on expenses is not claimed.");
+    const auto tell = [&notes](const std::vector<UUID>& ids, const char* what) {
+        if (!ids.empty())
+            notes.push_back(std::to_string(ids.size()) + (ids.size() == 1 ? " expense" : " expenses") + what);
+    };
+    tell(summary.withoutGSTIN, " with claimed tax, but no valid GSTIN of the vendor: that is no credit.");
+    tell(summary.wrongState, " with CGST and SGST of another state: that credit is lost.");
+    tell(summary.foreign, " in foreign currency: a service from abroad is taxed under reverse charge.");
+    return notes;
+}
+
+}  // namespace tamba::TableParts
+
+namespace tamba::ReportTables {
+
 std::vector<Table> gstr1(const Library& library, const GSTR1& outward) {
     Tables1 tables(library, outward);
     tables.addEntries("4A, 6B Registered buyers and SEZ", outward.b2b);
@@ -213,7 +226,7 @@ std::vector<Table> gstr1(const Library& library, const GSTR1& outward) {
     tables.addNilRated("8 Nil-rated or exempt", outward.nilRated);
     tables.addEntries("9B Credit notes to registered buyers", outward.cdnr);
     tables.addEntries("9B Credit notes on exports and large invoices", outward.cdnur);
-    const bool split = !outward.hsnB2C.empty();
+    const bool split = GSTRules::value(GSTRules::Rule::hsnSplit, outward.period.to) != 0;
     tables.addCodes(split ? "12 HSN summary, registered buyers" : "12 HSN summary", outward.hsnB2B);
     tables.addCodes("12 HSN summary, other buyers", outward.hsnB2C);
     tables.addNumbers("13 Documents issued", outward.numbers);
