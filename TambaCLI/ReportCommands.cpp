@@ -2,6 +2,7 @@
 
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/Breakdowns.h"
+#include "TambaCore/Reports/ReportTables.h"
 #include "TambaCore/Reports/Reports.h"
 #include "TambaCore/Reports/Sum.h"
 #include "TambaCore/Reports/TDS.h"
@@ -38,6 +39,11 @@ public:
     Reports reports;
     Period period;
 };
+
+int printCSV(const tamba::Table& table) {
+    std::cout << Tables::csv(table).text();
+    return 0;
+}
 
 /// Ends a report: as JSON with the period, the currency and what is left out, or as text with a line about it.
 int finish(const Context& context, const Asked& asked, JSON object, const std::string& text, const LeftOut& leftOut) {
@@ -91,6 +97,7 @@ Period periodOf(std::string_view typed, int yearStart) {
 int reportProfit(const Context& context, const ReportOptions& options) {
     const Asked asked(context, options);
     const IncomeBasis basis = options.basis == "cash" ? IncomeBasis::cash : IncomeBasis::accrual;
+    if (options.csv) return printCSV(ReportTables::profit(asked.reports, basis, asked.year()));
     Table table({{"Month"}, {"Income", right}, {"Expenses", right}, {"Profit", right}});
     JSON rows = JSON::array();
     Sum income, expenses;
@@ -123,6 +130,7 @@ int reportProfit(const Context& context, const ReportOptions& options) {
 
 int reportSpending(const Context& context, const ReportOptions& options) {
     const Asked asked(context, options);
+    if (options.csv) return printCSV(ReportTables::spending(asked.reports, asked.period));
     Table table({{"Category"}, {"Expenses", right}, {"Amount", right}});
     JSON rows = JSON::array();
     for (const CategoryRow& row : asked.reports.byCategory(asked.period)) {
@@ -145,6 +153,7 @@ int reportSpending(const Context& context, const ReportOptions& options) {
 
 int reportClients(const Context& context, const ReportOptions& options) {
     const Asked asked(context, options);
+    if (options.csv) return printCSV(ReportTables::clients(asked.reports, asked.period));
     Table table({{"Client"}, {"Invoices", right}, {"Invoiced without tax", right}});
     JSON rows = JSON::array();
     for (const ClientRow& row : asked.reports.byClient(asked.period)) {
@@ -161,8 +170,9 @@ int reportClients(const Context& context, const ReportOptions& options) {
     return finish(context, asked, object, asked.period.label() + "\n\n" + table.text(), leftOut);
 }
 
-int reportOwed(const Context& context) {
-    const Asked asked(context, {});
+int reportOwed(const Context& context, const ReportOptions& options) {
+    const Asked asked(context, options);
+    if (options.csv) return printCSV(ReportTables::owed(asked.reports));
     Table table({{"Past due"}, {"Invoices", right}, {"Owed", right}});
     JSON rows = JSON::array();
     for (const AgingRow& row : asked.reports.aging()) {
@@ -201,6 +211,7 @@ int reportOwed(const Context& context) {
 int reportTDS(const Context& context, const ReportOptions& options) {
     const Asked asked(context, options);
     const int startYear = options.period.empty() ? context.today.financialYear(4).startYear : asked.year().startYear;
+    if (options.csv) return printCSV(ReportTables::tdsDeductions(asked.library(), startYear));
     const TDS::Year year = TDS::year(asked.library(), startYear);
     const std::array<const char*, 4> quarters{"Apr–Jun", "Jul–Sep", "Oct–Dec", "Jan–Mar"};
     Table clients({{"Client"},
@@ -258,6 +269,7 @@ int reportTDS(const Context& context, const ReportOptions& options) {
 
 int reportInputTax(const Context& context, const ReportOptions& options) {
     const Asked asked(context, options);
+    if (options.csv) return printCSV(ReportTables::inputTax(asked.library(), asked.year()));
     Table table(
         {{"Month"}, {"CGST", right}, {"SGST", right}, {"IGST", right}, {"Other", right}, {"Not claimed", right}});
     JSON rows = JSON::array();
@@ -281,6 +293,7 @@ int reportInputTax(const Context& context, const ReportOptions& options) {
 
 int reportMileage(const Context& context, const ReportOptions& options) {
     const Asked asked(context, options);
+    if (options.csv) return printCSV(ReportTables::mileage(asked.library(), asked.year()));
     Table table({{"Month"}, {"Trips", right}, {"Distance", right}, {"Amount", right}});
     JSON rows = JSON::array();
     for (const auto& row : Breakdowns::mileage(asked.library(), asked.year())) {
@@ -301,6 +314,7 @@ int reportMileage(const Context& context, const ReportOptions& options) {
 
 int reportProjects(const Context& context, const ReportOptions& options) {
     const Asked asked(context, options);
+    if (options.csv) return printCSV(ReportTables::projects(asked.library(), asked.period));
     Table table({{"Project"}, {"Client"}, {"Income", right}, {"Expenses", right}, {"Profit", right}});
     JSON rows = JSON::array();
     for (const auto& row : Breakdowns::projects(asked.library(), asked.period)) {

@@ -13,11 +13,12 @@ namespace tamba::cli {
 struct ReportOptions {
     std::string period;  ///< "2026", "2026-Q3", "2026-10"; empty: the year of today
     std::string basis;   ///< "accrual", "cash"
+    bool csv = false;    ///< the rows for programs, instead of the report
 };
 int reportProfit(const Context& context, const ReportOptions& options);
 int reportSpending(const Context& context, const ReportOptions& options);
 int reportClients(const Context& context, const ReportOptions& options);
-int reportOwed(const Context& context);
+int reportOwed(const Context& context, const ReportOptions& options);
 int reportTDS(const Context& context, const ReportOptions& options);
 int reportInputTax(const Context& context, const ReportOptions& options);
 int reportMileage(const Context& context, const ReportOptions& options);

@@ -29,7 +29,8 @@ void addReportCommands(CLI::App& app, Command& c) {
     auto* report = app.add_subcommand("report", "Profit, spending, what is owed and more")->require_subcommand(1);
     const auto add = [&](const std::string& word, const std::string& help, const std::string& period, auto action) {
         auto* command = c.add(report, word, help, [&options, action](const Context& x) { return action(x, options); });
-        addText(command, "--period", options.period, period + " (the financial year of today)");
+        if (!period.empty()) addText(command, "--period", options.period, period + " (the financial year of today)");
+        command->add_flag("--csv", options.csv, "Print the rows as CSV");
         return command;
     };
     const std::string any = "2026 for the year from then, 2026-Q3, 2026-10", year = "2026 for the year from then";
@@ -38,7 +39,7 @@ void addReportCommands(CLI::App& app, Command& c) {
         ->check(CLI::IsMember({"accrual", "cash"}));
     add("spending", "Spending by category", any, reportSpending);
     add("clients", "Income by client", any, reportClients);
-    c.add(report, "owed", "What clients owe, by days past due", reportOwed);
+    add("owed", "What clients owe, by days past due", "", reportOwed);
     add("tds", "Tax that clients deducted, by client and quarter; April to March", year, reportTDS);
     add("input-tax", "Tax paid on expenses by month, claimed and not", year, reportInputTax);
     add("mileage", "Distances driven by month", year, reportMileage);
