@@ -73,5 +73,7 @@ void addRuleCommands(CLI::App& app, Command& c);
 /// report, gst, overview, due
 void addReportCommands(CLI::App& app, Command& c);
 void addExportCommands(CLI::App& app, Command& c);
+/// What is made from the tree of commands; not in the help.
+void addTreeCommands(CLI::App& app, Command& c);
 
 }  // namespace tamba::cli

@@ -93,6 +93,7 @@ int main(int argc, char** argv) {
         return name.empty() ? "The name of the folder is empty" : "";
     });
     app.add_flag("--json", c.context.json, "Print JSON: amounts in minor units, days as yyyy-mm-dd");
+    app.set_version_flag("--version", "tamba-cli " TAMBA_VERSION, "Print the version and exit");
     addDay(&app, "--today", c.today, "Take this day for today")->group("");
     addLibraryCommands(app, c);
     addReceiptCommands(app, c);
@@ -105,6 +106,7 @@ int main(int argc, char** argv) {
     addReportCommands(app, c);
     addExportCommands(app, c);
     addBackupCommands(app, c);
+    addTreeCommands(app, c);
 
     try {
         app.parse(argc, argv);
