@@ -99,6 +99,7 @@ File elements(std::string_view text, Cancel cancel) {
     forEachElement(text, cancel, [&](const Element& element) {
         const std::string& tag = element.tag;
         if (tag == "stmttrn") {
+            if (file.entries.size() == maximumLines) throw ImportError(ImportError::Code::tooLarge);
             file.entries.emplace_back();
             inside = true;
         } else if (std::find(ends.begin(), ends.end(), tag) != ends.end()) {

@@ -50,6 +50,7 @@ std::vector<Record> records(std::string_view text, Cancel cancel) {
     bool inLines = true, inOptions = false;
     const auto end = [&] {
         if (inLines && !record.empty()) result.push_back(std::move(record));
+        if (result.size() > maximumLines) throw ImportError(ImportError::Code::tooLarge);
         record = {};
     };
     std::size_t begin = 0;

@@ -102,11 +102,14 @@ struct Evidence {
 };
 
 constexpr std::size_t sampledRows = 400;
+/// Rows without a date are looked through so far for one that has it: each row that looks like a header asks.
+constexpr std::size_t mostRowsAsked = 20'000;
 
 std::vector<Evidence> evidence(const Rows& rows, std::size_t below, std::size_t dateColumn, std::size_t columns) {
     std::vector<Evidence> result(columns);
     std::size_t sampled = 0;
-    for (std::size_t r = below; r < rows.size() && sampled < sampledRows; ++r) {
+    const std::size_t end = std::min(rows.size(), below + mostRowsAsked);
+    for (std::size_t r = below; r < end && sampled < sampledRows; ++r) {
         const Cells cells = rows[r].cells;
         if (dateColumn >= cells.size() || dateCell(cells[dateColumn], DateOrder::dmy).kind == DateCell::Kind::none)
             continue;

@@ -22,7 +22,7 @@ namespace tamba::BankImport {
 [[nodiscard]] std::string withoutEntities(std::string_view text);
 
 /// No statement has more; what has is refused before it fills the memory.
-inline constexpr std::size_t maximumBytes = 64'000'000, maximumCells = 30'000'000;
+inline constexpr std::size_t maximumBytes = 64'000'000, maximumCells = 30'000'000, maximumLines = 1'048'576;
 
 using Cancel = const std::atomic<bool>*;
 inline void stopIf(Cancel cancel) {

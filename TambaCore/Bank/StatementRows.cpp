@@ -143,6 +143,10 @@ private:
     }
 
     void withoutDate(const Row& row, bool isAlone) {
+        if (columns_.header && std::ranges::equal(row.cells, rows_[*columns_.header].cells)) {
+            otherHeader_ = 0;
+            return;
+        }
         const auto rowTitles = titles(row.cells);
         if (!titles_.empty() && rowTitles == titles_) {  // once more on every page
             otherHeader_ = 0;

@@ -188,6 +188,15 @@ TEST(StatementFiles, areBounded) {
     for (int i = 0; i < 2'000; ++i) candidates += "Date,Debit\n";
     EXPECT_EQ(csv(candidates), -1);
 
+    std::string pages = header, rows = "<OFX>";
+    for (int i = 0; i < 200'000; ++i) pages += "Date,Description,Amount\n";
+    EXPECT_EQ(csv(pages + line), 0);  // the header once more on every page
+    for (int i = 0; i < 1'100'000; ++i) rows += "<STMTTRN>";
+    EXPECT_THROW((void)BankImport::ofx(rows, Currency::inr()), BankImport::ImportError);
+    rows.clear();
+    for (int i = 0; i < 1'100'000; ++i) rows += "T1\n^\n";
+    EXPECT_THROW((void)BankImport::qif(rows, DateOrder::dmy, Currency::inr()), BankImport::ImportError);
+
     std::string deep = "<OFX>";
     for (int i = 0; i < 10'000; ++i) deep += "<STMTTRNRS><A>";
     deep += "<STMTTRN><DTPOSTED>20260801<TRNAMT>-1<NAME>&a;&amp;amp;amp;";
