@@ -53,7 +53,8 @@ void Window::showGoal(const OverviewGoal& goal) {
             return;
         case Place::expenses:
             showScreen(Screen::expenses);
-            return expenses_->showWhole(goal.list);
+            return expenses_->showWhole(goal.list, goal.days ? Span::month : Span::all,
+                                        goal.days ? goal.days->from : today);
         case Place::bank:
             showScreen(Screen::bank);
             return bank_->showList(BankList::open);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <compare>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace tamba {
 namespace {
@@ -177,9 +178,22 @@ bool belongsTo(const Library& library, const Expense& expense, ExpenseList list)
     return false;
 }
 
-std::size_t countOf(const Library& library, ExpenseList list) {
-    return static_cast<std::size_t>(std::count_if(library.expenses.begin(), library.expenses.end(),
-                                                  [&](const Expense& e) { return belongsTo(library, e, list); }));
+ExpenseCounts countExpenses(const Library& library) {
+    using enum ExpenseList;
+    ExpenseCounts counts;
+    const auto count = [&counts](ExpenseList list) { ++counts.lists[static_cast<std::size_t>(list)]; };
+    std::unordered_set<UUID> categories;
+    for (const Category& category : library.categories) categories.insert(category.id);
+    for (const Expense& expense : library.expenses) {
+        const bool noCategory = !expense.categoryID || !categories.contains(*expense.categoryID);
+        const bool noRate = lacksRate(library, expense);
+        if (noCategory) count(withoutCategory);
+        if (noRate) count(withoutRate);
+        if (noCategory || noRate) ++counts.incomplete;
+        for (const ExpenseList list : {all, toCheck, billable, mileage, withoutReceipt})
+            if (belongsTo(library, expense, list)) count(list);
+    }
+    return counts;
 }
 
 std::string_view title(ExpenseList list) {

@@ -3,6 +3,8 @@
 #include "TambaCore/Model/Models.h"
 #include "TambaCore/Model/Period.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -45,8 +47,14 @@ struct ExpenseTable {
 
 [[nodiscard]] ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter);
 
-/// How many expenses each list of the sidebar holds.
-[[nodiscard]] std::size_t countOf(const Library& library, ExpenseList list);
+/// How many expenses each list holds, in one pass over the books.
+struct ExpenseCounts {
+    std::array<std::size_t, 7> lists{};  ///< by `ExpenseList`
+    std::size_t incomplete = 0;          ///< without a category or a rate, each once
+
+    [[nodiscard]] std::size_t of(ExpenseList list) const { return lists[static_cast<std::size_t>(list)]; }
+};
+[[nodiscard]] ExpenseCounts countExpenses(const Library& library);
 [[nodiscard]] bool belongsTo(const Library& library, const Expense& expense, ExpenseList list);
 
 [[nodiscard]] std::string_view title(ExpenseList list);

@@ -202,8 +202,9 @@ private:
              "Billable, and on no invoice yet", Tone::none},
             {ExpenseList::withoutReceipt, "receipt", "expense without a receipt", "expenses without a receipt",
              "Nothing on file shows what was bought", Tone::none}};
+        const ExpenseCounts counts = countExpenses(library_);
         for (const Entry& entry : entries) {
-            const std::size_t count = countOf(library_, entry.list);
+            const std::size_t count = counts.of(entry.list);
             if (count == 0) continue;
             OverviewItem item{.icon = entry.icon,
                               .title = counted(count, entry.one, entry.many),
@@ -245,10 +246,7 @@ Overview overview(const Library& library, Day today) { return Builder(library, t
 
 Waiting waiting(const Library& library, Day today) {
     Waiting result;
-    for (const Expense& expense : library.expenses)
-        if (belongsTo(library, expense, ExpenseList::withoutCategory) ||
-            belongsTo(library, expense, ExpenseList::withoutRate))
-            ++result.expenses;
+    result.expenses = countExpenses(library);
     result.invoices = Reports{library, today}.overdue().size();
     result.bank = openLines(library);
     return result;

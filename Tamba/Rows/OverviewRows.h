@@ -74,7 +74,7 @@ struct Overview {
 
 /// What waits on each screen, for the sidebar.
 struct Waiting {
-    std::size_t expenses = 0;  ///< without a category or a rate
+    ExpenseCounts expenses;
     std::size_t invoices = 0;  ///< overdue
     std::size_t bank = 0;      ///< lines to match
 };

@@ -271,6 +271,7 @@ void ClientsScreen::fillMenu(QMenu& menu) {
                        [number = toQt(client->taxID)] { QGuiApplication::clipboard()->setText(number); });
     menu.addAction(client->archived ? tr("Take Back from Archive") : tr("Archive"), this,
                    [this, archived = !client->archived] { archive(archived); });
+    menu.addAction(tr("Copy"), this, [this] { ListParts::copyRows(*table_); });
     menu.addAction(Icons::icon(QStringLiteral("trash"), &Colors::danger), tr("Delete"), this,
                    &ClientsScreen::deleteSelected);
 }

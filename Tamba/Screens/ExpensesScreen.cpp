@@ -189,11 +189,11 @@ void ExpensesScreen::showList(ExpenseList list) {
     refresh();
 }
 
-void ExpensesScreen::showWhole(ExpenseList list) {
+void ExpensesScreen::showWhole(ExpenseList list, Span span, Day day) {
     {
         const QSignalBlocker quietSearch(search_), quietPeriod(period_);
         search_->clear();
-        period_->choose(Span::all, model_.today());
+        period_->choose(span, day);
     }
     showList(list);
     if (selected().empty() && rows_.rowCount() > 0) table_->selectRow(0);

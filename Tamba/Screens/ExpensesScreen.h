@@ -30,8 +30,8 @@ public:
     ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* parent = nullptr);
 
     void showList(ExpenseList list);
-    /// The whole of a list: no search and no period takes anything from it.
-    void showWhole(ExpenseList list);
+    /// The whole of a list, or of its days: no search takes anything from it.
+    void showWhole(ExpenseList list, Span span, Day day);
     /// Selects these expenses; filters that would hide them are taken off.
     void select(const std::vector<UUID>& ids);
     [[nodiscard]] std::vector<UUID> selected() const;

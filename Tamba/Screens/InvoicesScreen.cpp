@@ -388,6 +388,8 @@ void InvoicesScreen::contextMenu(const QPoint& at) {
     for (const auto action : DocumentActions::offered(model_.library(), *document, model_.today()))
         menu.addAction(Icons::icon(DocumentActions::icon(action), &Colors::muted), DocumentActions::title(action), this,
                        [this, action] { pane_->run(action); });
+    menu.addSeparator();
+    menu.addAction(tr("Copy"), this, [this] { ListParts::copyRows(*table_); });
     menu.exec(table_->viewport()->mapToGlobal(at));
 }
 

@@ -357,6 +357,7 @@ void ProjectsScreen::fillMenu(QMenu& menu) {
     menu.addAction(project->archived ? tr("Take Back from Archive") : tr("Archive"), this,
                    [this, archived = !project->archived] { archive(archived); });
     menu.addSeparator();
+    menu.addAction(tr("Copy"), this, [this] { ListParts::copyRows(*table_); });
     menu.addAction(Icons::icon(QStringLiteral("trash"), &Colors::danger), tr("Delete"), this,
                    &ProjectsScreen::deleteSelected);
 }

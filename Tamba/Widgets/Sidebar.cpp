@@ -2,7 +2,6 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
-#include "Tamba/Rows/OverviewRows.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "TambaCore/Base/Text.h"
@@ -203,11 +202,11 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
         if (model_.saving() == AppModel::Saving::failed && !model_.saveNow()) emit model_.refused(model_.saveProblem());
     });
 
-    connect(&model_, &AppModel::changed, this, &Sidebar::refresh);
-    connect(&model_, &AppModel::opened, this, &Sidebar::refresh);
-    connect(&model_, &AppModel::dayChanged, this, &Sidebar::refresh);
+    connect(&model_, &AppModel::changed, this, &Sidebar::recount);
+    connect(&model_, &AppModel::opened, this, &Sidebar::recount);
+    connect(&model_, &AppModel::dayChanged, this, &Sidebar::recount);
     connect(&model_, &AppModel::savingChanged, this, &Sidebar::refreshSaving);
-    refresh();
+    recount();
 }
 
 SidebarItem* Sidebar::addItem(const char* icon, const QString& text, const char* name, bool nested) {
@@ -262,6 +261,11 @@ void Sidebar::setSample(bool sample) {
     place_->setText(sample ? tr("Sample books") : toQt(model_.folder().filename()));
 }
 
+void Sidebar::recount() {
+    waits_ = waiting(model_.library(), model_.today());
+    refresh();
+}
+
 void Sidebar::refresh() {
     const Library& library = model_.library();
     const QString name = library.business.name.empty() ? tr("My books") : toQt(library.business.name);
@@ -269,20 +273,19 @@ void Sidebar::refresh() {
     name_->setToolTip(name);
     check();
     for (SidebarItem* item : lists_) {
-        const std::size_t count = countOf(library, item->list);
+        const std::size_t count = waits_.expenses.of(item->list);
         item->setCount(item->list == ExpenseList::mileage ? 0 : count);
         // A list that nothing belongs to would be a dead end; the one being looked at stays.
         item->setVisible(screen_ == Screen::expenses && (count > 0 || item->isChecked()));
     }
-    const Waiting waits = waiting(library, model_.today());
     const auto badge = [this](Screen screen, std::size_t count, const QString& words) {
         SidebarItem* item = screens_[static_cast<std::size_t>(screen)];
         item->setCount(count);
         item->setAccessibleDescription(count == 0 ? QString() : words.arg(count));
     };
-    badge(Screen::expenses, waits.expenses, tr("%1 without a category or an exchange rate"));
-    badge(Screen::invoices, waits.invoices, tr("%1 overdue"));
-    badge(Screen::bank, waits.bank, tr("%1 to match"));
+    badge(Screen::expenses, waits_.expenses.incomplete, tr("%1 without a category or an exchange rate"));
+    badge(Screen::invoices, waits_.invoices, tr("%1 overdue"));
+    badge(Screen::bank, waits_.bank, tr("%1 to match"));
     refreshSaving();
     update();
 }

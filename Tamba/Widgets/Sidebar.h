@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Tamba/AppModel.h"
-#include "Tamba/Rows/ExpenseRows.h"
+#include "Tamba/Rows/OverviewRows.h"
 
 #include <QWidget>
 
@@ -45,6 +45,7 @@ protected:
 private:
     SidebarItem* addItem(const char* icon, const QString& text, const char* name, bool nested);
     void addLists();
+    void recount();
     void refresh();
     void check();
     void refreshSaving();
@@ -57,6 +58,7 @@ private:
     std::vector<SidebarItem*> lists_;
     Screen screen_ = Screen::overview;
     ExpenseList list_ = ExpenseList::all;
+    Waiting waits_;
     QPushButton* ownBooks_;
     QPushButton* saving_;
 };
