@@ -13,6 +13,7 @@
 #include "Tamba/Widgets/DocumentPreview.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/ReceiptView.h"
+#include "Tamba/Widgets/SearchPalette.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Books.h"
@@ -109,6 +110,25 @@ class ShotsTests : public QObject {
         passing.expenses.update(1, [&](Expense& e) { e.billable = true, e.clientID.reset(); });
         BillableSheet billable(&window, passing, draft);
         shoot(billable, QStringLiteral("sheet-billable"));
+    }
+
+    void shootSearch(Window& window) {
+        auto& palette = *window.findChild<SearchPalette*>();
+        auto& words = *palette.findChild<QLineEdit*>(QStringLiteral("searchWords"));
+        window.showScreen(Screen::expenses);
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (const auto& [name, text] : {std::pair("search", "monsoon"),
+                                         {"search-receipt", "sub total"},
+                                         {"search-empty", ""},
+                                         {"search-commands", "new"},
+                                         {"search-none", "zanzibar"}}) {
+            words.setText(QString::fromLatin1(text));
+            QTest::keyClick(&window, Qt::Key_K, Qt::ControlModifier);
+            QTRY_VERIFY(palette.isVisible() && palette.isSettled());
+            shoot(window, QString::fromLatin1(name));
+            palette.dismiss();
+        }
     }
 
     void shootImport(Window& window, const Library& library) {
@@ -317,6 +337,7 @@ private slots:
         shootClients(window, library);
         shootSheets(window, library);
         shootImport(window, library);
+        shootSearch(window);
         shootSettings(window, library, books.model);
         BackupSheet backups(&window, books.model.backups());
         shoot(backups, QStringLiteral("sheet-backups"));

@@ -1,0 +1,127 @@
+#include "Tamba/Screens/BankScreen.h"
+#include "Tamba/Screens/ExpensesScreen.h"
+#include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Widgets/SearchPalette.h"
+#include "TambaCore/Fixtures.h"
+#include "tests/app/Support.h"
+
+#include <QLineEdit>
+#include <QListView>
+
+namespace tamba {
+
+/// The search over everything, by the keys.
+class SearchPaletteTests : public QObject {
+    Q_OBJECT
+
+    struct Desk {
+        OpenBooks books;
+        Window window{books.model, std::make_unique<TestPrompts>()};
+        SearchPalette& palette = *window.findChild<SearchPalette*>();
+        QLineEdit& words = *palette.findChild<QLineEdit*>(QStringLiteral("searchWords"));
+        QListView& list = *palette.findChild<QListView*>(QStringLiteral("searchHits"));
+
+        Desk() {
+            books.model.perform(QStringLiteral("Sample"), [](Library, Day today) { return Fixtures::library(today); });
+            window.show();
+            window.activateWindow();
+            (void)QTest::qWaitForWindowActive(&window);
+        }
+        void search(const std::string& text) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_K, Qt::ControlModifier);
+            QVERIFY(palette.isVisible());
+            words.setText(toQt(text));
+            QTRY_VERIFY(palette.isSettled());
+        }
+        void press(Qt::Key key) { QTest::keyClick(&words, key); }
+        [[nodiscard]] QString current() const { return list.currentIndex().data().toString(); }
+        [[nodiscard]] const Library& library() const { return books.model.library(); }
+    };
+
+private slots:
+    void aRecordOpensOnItsScreen() {
+        Desk desk;
+        const auto numbered = [&](const Document& d) { return d.kind == DocKind::invoice && d.number; };
+        const Document& invoice =
+            *std::find_if(desk.library().documents.begin(), desk.library().documents.end(), numbered);
+        desk.search(*invoice.number);
+        desk.press(Qt::Key_Return);
+        QVERIFY(!desk.palette.isVisible());
+        QCOMPARE(desk.window.screen(), Screen::invoices);
+        QCOMPARE(desk.window.findChild<InvoicesScreen*>()->selected(), std::optional(invoice.id));
+
+        const Expense& expense = desk.library().expenses[3];
+        desk.search(expense.vendor + " " + MoneyFormat::plain(expense.amount, Currency::of(expense.currency)));
+        desk.press(Qt::Key_Return);
+        QCOMPARE(desk.window.screen(), Screen::expenses);
+        const auto selected = desk.window.findChild<ExpensesScreen*>()->selected();
+        QCOMPARE(desk.library().expense(selected.at(0))->vendor, expense.vendor);
+
+        const BankTransaction& line = desk.library().transactions[5];
+        desk.search(line.text);
+        desk.press(Qt::Key_Return);
+        QCOMPARE(desk.window.screen(), Screen::bank);
+        const auto shown = desk.window.findChild<BankScreen*>()->selected();
+        QCOMPARE(find(desk.library().transactions, *shown)->text, line.text);
+    }
+
+    void theArrowsPassHeadingsAndAllOfAKindCanBeSeen() {
+        Desk desk;
+        desk.search("a");
+        const auto* rows = desk.list.model();
+        const QModelIndex first = desk.list.currentIndex();
+        QCOMPARE(first.row(), 1);
+        for (int i = 0; i < 5; ++i) desk.press(Qt::Key_Down);
+        QVERIFY(desk.current().startsWith(QStringLiteral("Show all ")));
+        const int before = rows->rowCount();
+        desk.press(Qt::Key_Down);  // over the next heading
+        QCOMPARE(desk.list.currentIndex().row(), 8);
+        desk.press(Qt::Key_Up);
+        desk.press(Qt::Key_Return);
+        QVERIFY(desk.palette.isVisible());
+        QVERIFY(rows->rowCount() > before);
+        QCOMPARE(desk.list.currentIndex().row(), 6);
+        for (int i = 0; i < 300; ++i) desk.press(Qt::Key_PageUp);
+        QCOMPARE(desk.list.currentIndex().row(), 1);
+    }
+
+    void whatIsNewIsFound() {
+        Desk desk;
+        desk.search("zanzibar");
+        QVERIFY(!desk.list.isVisible());
+        desk.press(Qt::Key_Escape);
+        desk.books.model.perform(QStringLiteral("Client"), [](Library library, Day) {
+            library.clients.append(Client::make("Zanzibar Spices"));
+            return library;
+        });
+        desk.search("zanzibar");
+        QCOMPARE(desk.current(), QStringLiteral("Zanzibar Spices"));
+    }
+
+    void commandsRunAndEscapeGivesTheKeysBack() {
+        Desk desk;
+        auto* field = desk.window.findChild<QLineEdit*>(QStringLiteral("search"));
+        desk.window.showScreen(Screen::expenses);
+        field->setFocus();
+        desk.search("zanzibar");
+        desk.press(Qt::Key_Escape);
+        QVERIFY(!desk.palette.isVisible());
+        QCOMPARE(QApplication::focusWidget(), field);
+
+        desk.search("credit notes");
+        while (desk.current() != QStringLiteral("Credit Notes")) {
+            const QModelIndex before = desk.list.currentIndex();
+            desk.press(Qt::Key_Down);
+            QVERIFY(desk.list.currentIndex() != before);
+        }
+        desk.press(Qt::Key_Return);
+        QCOMPARE(desk.window.screen(), Screen::invoices);
+        QVERIFY(!desk.palette.isVisible());
+    }
+};
+
+static const TestClass<SearchPaletteTests> registered;
+
+}  // namespace tamba
+
+#include "SearchPaletteTests.moc"
