@@ -32,11 +32,20 @@ std::vector<std::string> wordsOf(std::string_view text) {
     return all;
 }
 
+/// All words, and one of them in the command's own text: "new invoice" is Invoice in the menu New Other.
 bool fits(const SearchCommand& command, const std::vector<std::string>& wanted) {
-    const auto has = wordsOf(command.text);
-    return !wanted.empty() && std::all_of(wanted.begin(), wanted.end(), [&has](const std::string& word) {
-        return std::any_of(has.begin(), has.end(), [&word](const std::string& each) { return each.starts_with(word); });
-    });
+    const auto own = wordsOf(command.text), menu = wordsOf(command.where);
+    const auto among = [](const std::vector<std::string>& words, const std::string& wantedWord) {
+        return std::any_of(words.begin(), words.end(),
+                           [&wantedWord](const std::string& each) { return each.starts_with(wantedWord); });
+    };
+    bool any = false;
+    for (const std::string& word : wanted) {
+        const bool here = among(own, word);
+        if (!here && !among(menu, word)) return false;
+        any = any || here;
+    }
+    return any;
 }
 
 /// An identity for a row that is no record.

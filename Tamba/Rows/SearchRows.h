@@ -32,7 +32,7 @@ struct SearchRow {
 /// Hits of each kind that are shown at once, and of the one that somebody asked to see all of.
 inline constexpr std::size_t hitsShown = 5, hitsOfExpanded = 200;
 
-/// Each kind under its heading, the commands with all words in their texts last.
+/// Each kind under its heading, the commands whose texts and menus have all words last.
 [[nodiscard]] std::vector<SearchRow> searchRows(const std::vector<Search::Group>& groups,
                                                 std::optional<Search::Kind> expanded, std::string_view words,
                                                 const std::vector<SearchCommand>& commands);

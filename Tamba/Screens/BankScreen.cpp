@@ -181,6 +181,8 @@ void BankScreen::makeConnections() {
         if (filter_.list != BankList::open || openLines(model_.library()) == 0) showList(BankList::all);
     });
     connect(pane_, &SuggestionsPane::settled, this, &BankScreen::selectNextOpen);
+    connect(pane_, &SuggestionsPane::keysReturned, this, [this] { table_->setFocus(); });
+    connect(search_, &QLineEdit::returnPressed, this, [this] { table_->setFocus(); });
     connect(pane_, &SuggestionsPane::expenseChosen, this, &BankScreen::expenseChosen);
     connect(pane_, &SuggestionsPane::documentChosen, this, &BankScreen::documentChosen);
     connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {

@@ -8,6 +8,7 @@
 #include "TambaCore/Documents/Expenses.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
@@ -208,6 +209,7 @@ QWidget* SuggestionsPane::makeBody() {
     category->addWidget(Controls::label(tr("Category"), "field", categoryRow_));
     category_ = makeChoice(categoryRow_);
     Controls::name(*category_, "lineCategory", tr("Category"));
+    category_->view()->installEventFilter(this);
     category->addWidget(category_, 1);
     rows->addWidget(categoryRow_);
     create_ = Controls::button(tr("Create Expense"), "createExpense", Controls::Kind::plain, body);
@@ -280,6 +282,7 @@ void SuggestionsPane::refresh() {
 
     QStringList keys;
     if (!choices_.empty()) keys << (choices_.size() == 1 ? tr("1 match") : tr("1–%1 match").arg(choices_.size()));
+    if (!categoryRow_->isHidden()) keys << tr("C category");
     if (!create_->isHidden()) keys << tr("E expense");
     if (!split_->isHidden()) keys << tr("S split");
     if (!aside_->isHidden()) keys << (open ? tr("I set aside") : tr("I bring back"));
@@ -390,6 +393,9 @@ void SuggestionsPane::fillOffer() {
 bool SuggestionsPane::takeKey(int key) {
     if (key >= Qt::Key_1 && key <= Qt::Key_9) return choose(static_cast<std::size_t>(key - Qt::Key_1)), true;
     switch (key) {
+        case Qt::Key_C:
+            openCategory();
+            return true;
         case Qt::Key_E:
             createExpense();
             return true;
@@ -473,6 +479,22 @@ void SuggestionsPane::split() {
         return Bank::splitReceipt(std::move(library), id, shares);
     });
     if (done) emit settled(line);
+}
+
+void SuggestionsPane::openCategory() {
+    if (categoryRow_->isHidden() || !shown()) return;
+    openedByKey_ = true;
+    category_->setFocus(Qt::ShortcutFocusReason);
+    category_->showPopup();
+}
+
+bool SuggestionsPane::eventFilter(QObject* watched, QEvent* event) {
+    // The list closes. What was chosen in it comes after this.
+    if (watched == category_->view() && event->type() == QEvent::Hide && openedByKey_) {
+        openedByKey_ = false;
+        QMetaObject::invokeMethod(this, &SuggestionsPane::keysReturned, Qt::QueuedConnection);
+    }
+    return QFrame::eventFilter(watched, event);
 }
 
 void SuggestionsPane::changeCategory() {

@@ -29,17 +29,22 @@ public:
     void setLine(const std::optional<UUID>& id);
     [[nodiscard]] const std::optional<UUID>& line() const { return id_; }
 
-    /// Carries out what the key stands for: 1 to 9, E, I, U, S, R. False for any other key; one that has nothing to do
-    /// on this line does nothing.
+    /// Carries out what the key stands for: 1 to 9, C, E, I, U, S, R. False for any other key; one that has nothing to
+    /// do on this line does nothing.
     bool takeKey(int key);
     /// What can be done with the line, as entries of a menu; nothing without a line.
     void fillMenu(QMenu& menu);
 
 signals:
+    /// A choice that a key opened is made or given up: the keys can go back to the lines.
+    void keysReturned();
     /// An open line was dealt with: the next one can be looked at.
     void settled(const tamba::UUID& line);
     void expenseChosen(const tamba::UUID& id);
     void documentChosen(const tamba::UUID& id);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QWidget* makeHead();
@@ -59,6 +64,7 @@ private:
     void toggleAside();
     void unmatch();
     void split();
+    void openCategory();
     void changeCategory();
     void addRule();
 
@@ -84,6 +90,7 @@ private:
     QLabel* nothing_;
     QWidget* categoryRow_;
     QComboBox* category_;
+    bool openedByKey_ = false;
     QPushButton* create_;
     QPushButton* split_;
     QPushButton* aside_;

@@ -189,7 +189,7 @@ void SearchPalette::place() {
     setGeometry(parentWidget()->rect());
     const int wide = std::min(660, width() - 2 * edge);
     const int top = std::max(edge, height() / 10);
-    int high = words_->sizeHint().height() + 2;
+    int high = words_->sizeHint().height() + 6;  // and the lines around
     if (hint_->isVisibleTo(box_)) high += hint_->sizeHint().height();
     if (list_->isVisibleTo(box_))
         for (int row = 0; row < rows_.rowCount() && high < height(); ++row)

@@ -5,6 +5,7 @@
 #include "TambaCore/Documents/Standing.h"
 #include "tests/app/Support.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTabBar>
@@ -207,6 +208,28 @@ private slots:
         QCOMPARE(open.model.library().rules.size(), std::size_t(1));
         QCOMPARE(open.model.library().rules[0].contains, std::string("KARVE ESTATES"));
         QCOMPARE(open.model.library().rules[0].categoryID, chosen);
+    }
+
+    void theCategoryIsChosenByTheKeys() {
+        Open open;
+        open.screen.select(open.line(0).id);
+        auto& category = *open.screen.findChild<QComboBox*>(QStringLiteral("lineCategory"));
+        const QWidget* lines = QApplication::focusWidget();
+        const int before = category.currentIndex();
+        for (const Qt::Key last : {Qt::Key_Escape, Qt::Key_Return}) {
+            open.press(Qt::Key_C);
+            QTRY_VERIFY(category.view()->isVisible());
+            QTest::keyClick(category.view(), Qt::Key_Down);
+            QTest::keyClick(category.view(), last);
+            QTRY_COMPARE(open.screen.focusWidget(), lines);
+            open.screen.activateWindow();
+            QTRY_COMPARE(QApplication::focusWidget(), lines);
+            QCOMPARE(category.currentIndex(), last == Qt::Key_Return ? before + 1 : before);
+        }
+        open.press(Qt::Key_E);
+        const Library& library = open.model.library();
+        QCOMPARE(library.expenses[library.expenses.size() - 1].categoryID,
+                 UUID::parse(toStd(category.itemData(before + 1).toString())));
     }
 
     void aRefusalIsSaidAndTheLineStays() {
