@@ -15,7 +15,7 @@ using InvoiceParts::Look;
 using InvoiceParts::right;
 using InvoiceParts::width;
 
-constexpr double gap = 28, half = (width - gap) / 2, figure = 108;
+constexpr double gap = 28, half = (width - gap) / 2, figure = 84;
 
 /// Short enough that no name can push the rest off the page.
 std::string clipped(const std::string& text, std::size_t characters) {
@@ -24,41 +24,30 @@ std::string clipped(const std::string& text, std::size_t characters) {
     return beginning.size() == one.size() ? one : std::string(Text::trim(beginning)) + "…";
 }
 
-/// A column of headings and lines, one row of pieces each, to stand beside another.
-struct Cells {
-    std::string label, value;
-    bool isTitle = false;
-};
-std::vector<Cells> cellsOf(const std::vector<Section>& sections) {
-    std::vector<Cells> cells;
+/// Sections under each other, each with a rule below its title.
+Column columnOf(const std::vector<Section>& sections, double x, const Look& look) {
+    const auto rule = [color = look.hairline](PDFCanvas& canvas, const Rect& at) {
+        canvas.line({at.x, at.y}, {at.x + at.width, at.y}, color, 0.5);
+    };
+    Column column{x, half, {}};
     for (const Section& section : sections) {
-        if (!cells.empty()) cells.emplace_back();
-        cells.push_back({section.title, "", true});
-        for (const auto& [label, value] : section.lines) cells.push_back({clipped(label, 60), clipped(value, 60)});
+        column.pieces.push_back({.text = section.title,
+                                 .style = look.strong.colored(look.accent),
+                                 .above = column.pieces.empty() ? 0.0 : 16.0});
+        column.pieces.push_back({.above = 2, .height = 2, .drawing = rule});
+        for (const auto& [label, value] : section.lines) {
+            const std::string text = clipped(value, 60);
+            // A name may need the room that a figure leaves.
+            const double needed = std::clamp(PDFCanvas::width(text, look.body) + 2, figure, half - 70);
+            column.pieces.push_back({.text = text,
+                                     .style = look.body.aligned(Align::right),
+                                     .above = 2,
+                                     .label = clipped(label, 60),
+                                     .labelStyle = look.quiet,
+                                     .indent = half - needed});
+        }
     }
-    return cells;
-}
-
-void addCells(Row& row, const Cells& cells, double x, const Look& look) {
-    if (cells.isTitle) {
-        const auto rule = [color = look.hairline](PDFCanvas& canvas, const Rect& at) {
-            canvas.line({at.x, at.y}, {at.x + at.width, at.y}, color, 0.5);
-        };
-        row.columns.push_back({x,
-                               half,
-                               {{.text = cells.label, .style = look.strong.colored(look.accent)},
-                                {.above = 2, .height = 2, .drawing = rule}}});
-        return;
-    }
-    if (cells.label.empty() && cells.value.empty()) {
-        row.columns.push_back({x, half, {{.text = " ", .style = look.small}}});
-        return;
-    }
-    // A name may need the room that a figure leaves.
-    const double needed = std::clamp(PDFCanvas::width(cells.value, look.body) + 2, figure, half - 70);
-    row.columns.push_back({x, half - needed - 6, {{.text = cells.label, .style = look.quiet}}});
-    row.columns.push_back(
-        {x + half - needed, needed, {{.text = cells.value, .style = look.body.aligned(Align::right)}}});
+    return column;
 }
 
 Flow laidOut(const Sheet& sheet, const Look& look, std::size_t notes) {
@@ -69,13 +58,7 @@ Flow laidOut(const Sheet& sheet, const Look& look, std::size_t notes) {
                         {.text = clipped(sheet.subtitle, 200), .style = look.quiet, .above = 4}}};
     flow.add({.columns = {title}, .below = 14, .rule = look.hairline, .ruleWidth = 0.5});
     flow.space(14);
-    const std::vector<Cells> leftCells = cellsOf(sheet.left), rightCells = cellsOf(sheet.right);
-    for (std::size_t i = 0; i < std::max(leftCells.size(), rightCells.size()); ++i) {
-        Row row{.below = 2};
-        if (i < leftCells.size()) addCells(row, leftCells[i], left, look);
-        if (i < rightCells.size()) addCells(row, rightCells[i], left + half + gap, look);
-        flow.add(std::move(row));
-    }
+    flow.add({.columns = {columnOf(sheet.left, left, look), columnOf(sheet.right, left + half + gap, look)}});
     if (sheet.notes.empty()) return flow;
     flow.space(16);
     Column column{left, width, {{.text = sheet.notesTitle, .style = look.strong.colored(look.accent)}}};
