@@ -95,6 +95,24 @@ Library startAt(Library library, const UUID& series, Day date, std::int64_t coun
     return library;
 }
 
+bool isRemovable(const Library& library, const UUID& id) {
+    const NumberSeries* series = find(library.series, id);
+    if (!series) return false;
+    const bool numbers = std::any_of(library.documents.begin(), library.documents.end(),
+                                     [&](const Document& d) { return d.seriesID == id && d.number; });
+    return !numbers && std::count_if(library.series.begin(), library.series.end(),
+                                     [&](const NumberSeries& other) { return other.kind == series->kind; }) > 1;
+}
+
+Library remove(Library library, const UUID& id) {
+    if (!isRemovable(library, id)) return library;
+    library.series.erase(indexOf(library.series, id));
+    for (std::size_t i = 0; i < library.documents.size(); ++i)
+        if (library.documents[i].seriesID == id)
+            library.documents.update(i, [](Document& document) { document.seriesID.reset(); });
+    return library;
+}
+
 std::optional<std::string> problem(const Library& library, const NumberSeries& series, Day today) {
     static constexpr std::array<std::string_view, 4> known{"{FY}", "{YYYY}", "{YY}", "{MM}"};
     const std::string number = nextNumber(library, series, today);

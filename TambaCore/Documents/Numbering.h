@@ -39,6 +39,12 @@ struct Next {
 /// series or counter that cannot be (below 1, above 999,999,999) changes nothing.
 [[nodiscard]] Library startAt(Library library, const UUID& series, Day date, std::int64_t counter);
 
+/// Whether a series may go: it has numbered nothing, and its kind of document has another.
+[[nodiscard]] bool isRemovable(const Library& library, const UUID& series);
+/// The books without a series; its drafts go on with the one that new documents begin with. Unchanged where it may not
+/// go.
+[[nodiscard]] Library remove(Library library, const UUID& series);
+
 /// What the settings mark beside a pattern, as a finished sentence; nothing when all is well. A pattern that is marked
 /// still works, except that too long a number is refused when a document is issued.
 /// - numbers too long: "· too long for GST (16 max)", the mark of the settings as it stands

@@ -121,7 +121,7 @@ LibrarySession::Saved LibrarySession::save(const Library& ours) {
     if (const auto theirs = strangersChange()) return mergeAndSave(ours, *theirs);
     stamp_ = store_.save(ours);
     wrote(ours);
-    return {ours, false, {}};
+    return {ours, false, {}, {}};
 }
 
 std::optional<LibrarySession::Saved> LibrarySession::takeInChange(const Library& ours) {
@@ -137,7 +137,7 @@ LibrarySession::Saved LibrarySession::mergeAndSave(const Library& ours, const Ch
     earlier_.clear();
     base_ = theirs.library;
     wrote(merged.library);
-    return {std::move(merged.library), true, std::move(merged.conflicts)};
+    return {std::move(merged.library), true, std::move(merged.conflicts), theirs.library};
 }
 
 void LibrarySession::wrote(const Library& library) {

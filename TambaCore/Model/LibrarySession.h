@@ -50,6 +50,7 @@ public:
         Library library;                  ///< what now stands on disk: `ours`, or the merge
         bool merged = false;              ///< another machine's changes came in
         std::vector<Conflict> conflicts;  ///< fields both changed; ours were kept, theirs are named here
+        Library theirs = {};              ///< what the other machine had written, where it was merged
     };
     /// Saves `ours`. When the file on disk is no longer what was last read or written, its changes are merged in first.
     /// Throws `StoreError`; what is on disk then stays, also when it became unreadable.

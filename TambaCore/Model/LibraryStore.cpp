@@ -72,6 +72,18 @@ std::string extension(const fs::path& file) {
     return kept.empty() || kept.size() > 20 ? "dat" : kept;
 }
 
+/// Throws `FileError` at the first file that differs from its copy.
+void compareTrees(const fs::path& from, const fs::path& to) {
+    for (const std::string& name : Files::names(from)) {
+        if (Files::size(from / name)) {
+            if (!Files::size(to / name) || !Files::sameBytes(from / name, to / name))
+                throw FileError("the copy of “" + name + "” is not the same");
+        } else if (fs::is_directory(from / name)) {
+            compareTrees(from / name, to / name);
+        }
+    }
+}
+
 }  // namespace
 
 StoreError::StoreError(Code code, std::string_view message) : code_(code), text_(sentence(code, message)) {}
@@ -80,6 +92,15 @@ LibraryStore::Path LibraryStore::defaultFolder() {
     if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/') return Path(data) / "Tamba";
     const char* home = std::getenv("HOME");
     return Path(home && *home ? home : "/") / ".local" / "share" / "Tamba";
+}
+
+LibraryStore::Path LibraryStore::placeIn(const Path& chosen) {
+    try {
+        const bool own = !Files::exists(chosen) || Files::exists(LibraryStore(chosen).fileURL());
+        return own || Files::names(chosen).empty() ? chosen : chosen / "Tamba";
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unreadable, error.what());
+    }
 }
 
 void LibraryStore::prepare() const {
@@ -236,6 +257,25 @@ void LibraryStore::copyTo(const Path& destination) const {
             Files::copyTree(folder_ / name, destination / name);
         }
     });
+}
+
+void LibraryStore::copyVerified(const Path& destination) const {
+    writing([&] {
+        if (Files::exists(destination) && !Files::names(destination).empty())
+            throw FileError("there are other files in that folder");
+    });
+    try {
+        copyTo(destination);
+        writing([&] { compareTrees(folder_, destination); });
+    } catch (const StoreError&) {
+        std::error_code ignored;
+        for (const auto& entry : fs::directory_iterator(destination, ignored)) fs::remove_all(entry.path(), ignored);
+        throw;
+    }
+}
+
+std::vector<std::string> LibraryStore::ownNames() {
+    return {"Assets", "Backups", "Invoices", "Receipts", "Removed", "tamba.json"};
 }
 
 std::string LibraryStore::slug(std::string_view text) {

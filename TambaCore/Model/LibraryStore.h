@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tamba {
 
@@ -36,6 +37,10 @@ public:
 
     /// $XDG_DATA_HOME/Tamba, else ~/.local/share/Tamba.
     [[nodiscard]] static Path defaultFolder();
+
+    /// Where books go when somebody points at `chosen`: there when nothing or books are in it, else in a folder "Tamba"
+    /// inside, so that they are not mixed with other files. Throws `unreadable`.
+    [[nodiscard]] static Path placeIn(const Path& chosen);
 
     [[nodiscard]] const Path& folder() const { return folder_; }
     [[nodiscard]] Path fileURL() const { return folder_ / "tamba.json"; }
@@ -81,6 +86,12 @@ public:
     /// Copies every top-level item to `destination`; refuses, before copying anything more, when one is there already
     /// or the destination lies within the folder itself.
     void copyTo(const Path& destination) const;
+
+    /// Copies the folder into `destination`, which must not be there or hold nothing, and compares every file with its
+    /// copy. When that fails, what was copied is taken away again. Throws `unwritable`.
+    void copyVerified(const Path& destination) const;
+    /// The entries of the folder that the store itself makes; anything else is somebody's own.
+    [[nodiscard]] static std::vector<std::string> ownNames();
 
     /// File-name-safe form of a vendor: lower case, letters and digits of any script, at most 40 characters.
     [[nodiscard]] static std::string slug(std::string_view text);

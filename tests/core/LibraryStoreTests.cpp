@@ -284,6 +284,37 @@ TEST(LibraryStore, copyingNeverOverwrites) {
     EXPECT_THROW(LibraryStore(folder / "absent").copyTo(folder / "third"), StoreError) << "there is nothing to copy";
 }
 
+TEST(LibraryStore, aCopyThatFailsLeavesNothingBehind) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder / "books");
+    store.save(aLibrary());
+    write(store.folder() / "Receipts/2026-04/a.jpg", "one");
+    std::filesystem::create_directories(folder / "place");
+    store.copyVerified(folder / "place");
+    EXPECT_EQ(contents(folder / "place/Receipts/2026-04/a.jpg"), "one");
+    EXPECT_THROW(store.copyVerified(folder / "place"), StoreError) << "other files are there";
+    EXPECT_EQ(contents(folder / "place/Receipts/2026-04/a.jpg"), "one");
+
+    std::filesystem::create_directories(folder / "second");
+    Files::setObserver([left = 3](const char* operation) mutable {
+        if (std::string_view(operation) == "copy" && --left == 0) throw FileError("No space left on device");
+    });
+    EXPECT_THROW(store.copyVerified(folder / "second"), StoreError);
+    Files::setObserver(nullptr);
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "second"));
+}
+
+TEST(LibraryStore, booksGoBesideNobodyElsesFiles) {
+    const TemporaryFolder folder;
+    LibraryStore(folder / "books").save(aLibrary());
+    std::filesystem::create_directories(folder / "empty");
+    write(folder / "documents/letter.txt", "Dear");
+    EXPECT_EQ(LibraryStore::placeIn(folder / "absent"), folder / "absent");
+    EXPECT_EQ(LibraryStore::placeIn(folder / "empty"), folder / "empty");
+    EXPECT_EQ(LibraryStore::placeIn(folder / "books"), folder / "books");
+    EXPECT_EQ(LibraryStore::placeIn(folder / "documents"), folder / "documents/Tamba");
+}
+
 /// Runs `save` in a child process that ends, as if the power went, just before its n-th operation on the disk. True
 /// when it got that far.
 bool endsAtOperation(int n, const LibraryStore& store, const Library& library) {

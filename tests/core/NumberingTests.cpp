@@ -94,6 +94,21 @@ TEST(Numbering, marksPatternsThatWillNotDo) {
     }
 }
 
+TEST(Numbering, aSeriesGoesOnlyWhereItLeavesNoHole) {
+    Library library = aBook();
+    const UUID first = library.series[0].id, second = UUID::random();
+    EXPECT_EQ(Numbering::remove(library, first), library) << "the only one for invoices";
+    library.series.append({second, DocKind::invoice, "Exports", "EX/{FY}/{###}", {}, {}});
+    Document draft = Document::make(DocKind::invoice, {2026, 10, 14}, {2026, 10, 29});
+    draft.seriesID = second;
+    library.documents.append(draft);
+    const Library without = Numbering::remove(library, second);
+    EXPECT_EQ(without.series.size(), 3U);
+    EXPECT_FALSE(without.documents[without.documents.size() - 1].seriesID);
+    library.documents.update(library.documents.size() - 1, [](Document& d) { d.number = "EX/26-27/001"; });
+    EXPECT_EQ(Numbering::remove(library, second), library) << "it has numbered one";
+}
+
 TEST(Numbering, knowsWhatMayStandOnATaxDocument) {
     for (const char* good : {"INV/26-27/000001", "a", "-"}) EXPECT_TRUE(Numbering::isAllowed(good)) << good;
     for (const char* bad : {"", "INV/26-27/0000001", "INV 1", "INV.1", "INV#1", "é1"})

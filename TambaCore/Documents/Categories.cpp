@@ -1,0 +1,56 @@
+#include "TambaCore/Documents/Categories.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tamba::Categories {
+namespace {
+
+std::size_t count(const auto& list, const auto& uses) {
+    return static_cast<std::size_t>(std::count_if(list.begin(), list.end(), uses));
+}
+
+}  // namespace
+
+Use use(const Library& library, const UUID& category) {
+    return {count(library.expenses, [&](const Expense& e) { return e.categoryID == category; }),
+            count(library.recurring, [&](const RecurringExpense& r) { return r.template_.categoryID == category; }),
+            count(library.rules, [&](const CategoryRule& r) { return r.categoryID == category; })};
+}
+
+std::string useText(const Use& use) {
+    std::vector<std::string> parts;
+    const auto add = [&](std::size_t number, const char* one, const char* many) {
+        if (number > 0) parts.push_back(std::to_string(number) + " " + (number == 1 ? one : many));
+    };
+    add(use.expenses, "expense", "expenses");
+    add(use.recurring, "recurring expense", "recurring expenses");
+    add(use.rules, "rule", "rules");
+    std::string text;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        text += (i == 0 ? "" : i + 1 == parts.size() ? " and " : ", ") + parts[i];
+    return text;
+}
+
+Library remove(Library library, const UUID& category, const std::optional<UUID>& instead) {
+    const std::size_t index = indexOf(library.categories, category);
+    const bool toItself = instead == category;
+    if (index == library.categories.size() || toItself || (instead && !library.category(*instead))) return library;
+    library.categories.erase(index);
+    for (std::size_t i = 0; i < library.expenses.size(); ++i)
+        if (library.expenses[i].categoryID == category)
+            library.expenses.update(i, [&](Expense& expense) { expense.categoryID = instead; });
+    for (std::size_t i = 0; i < library.recurring.size(); ++i)
+        if (library.recurring[i].template_.categoryID == category)
+            library.recurring.update(i, [&](RecurringExpense& each) { each.template_.categoryID = instead; });
+    for (std::size_t i = library.rules.size(); i-- > 0;) {
+        if (library.rules[i].categoryID != category) continue;
+        if (instead)
+            library.rules.update(i, [&](CategoryRule& rule) { rule.categoryID = *instead; });
+        else
+            library.rules.erase(i);
+    }
+    return library;
+}
+
+}  // namespace tamba::Categories
