@@ -25,7 +25,7 @@ AppModel::AppModel(std::function<Day()> today, QObject* parent)
 
 AppModel::~AppModel() { saveNow(); }
 
-bool AppModel::open(const Path& folder) {
+bool AppModel::open(const Path& folder, Expect expect) {
     if (!saveNow()) return false;
     // The lock of a folder that is opened again must be given back first.
     session_.reset();
@@ -34,9 +34,18 @@ bool AppModel::open(const Path& folder) {
     library_ = Library();
     history_.clear();
     try {
-        session_ = std::make_unique<LibrarySession>(folder, LibrarySession::Access::write);
-        library_ = session_->loaded() ? *session_->loaded() : Library::make();
-        state_ = State::open;
+        if (expect == Expect::books && !Files::exists(store().fileURL())) {
+            state_ = State::missing;
+            problem_ =
+                tr("The books that were in %1 are not there any more. The folder may have been moved or renamed, "
+                   "or its disk is not connected.")
+                    .arg(toQt(folder));
+        } else {
+            session_ = std::make_unique<LibrarySession>(folder, LibrarySession::Access::write);
+            new_ = !session_->loaded();
+            library_ = new_ ? Library::make() : *session_->loaded();
+            state_ = State::open;
+        }
     } catch (const LockedError& error) {
         state_ = State::locked;
         problem_ = toQt(std::string_view(error.what()));
@@ -133,17 +142,9 @@ bool AppModel::saveNow() {
     saveTimer_.stop();
     if (saving_ == Saving::saved || state_ != State::open) return true;
     try {
-        const Library ours = library_;
-        auto saved = session_->save(ours);
+        auto saved = session_->save(library_);
         setSaving(Saving::saved);
-        if (saved.merged) {
-            // Steps from before would take the other machine's work away again.
-            history_.clear();
-            library_ = std::move(saved.library);
-            emit changed(ours, library_);
-            emit historyChanged();
-            reportMerge(saved.conflicts);
-        }
+        if (saved.merged) takeMerge(std::move(saved));
         return true;
     } catch (const std::exception& error) {
         const bool first = saving_ != Saving::failed;
@@ -153,27 +154,17 @@ bool AppModel::saveNow() {
     }
 }
 
-void AppModel::reportMerge(const std::vector<Conflict>& conflicts) {
-    if (conflicts.empty()) {
+void AppModel::takeMerge(LibrarySession::Saved merge) {
+    MergeReport report{merge.library, library_, std::move(merge.theirs), std::move(merge.conflicts)};
+    // Steps from before would take the other machine's work away again.
+    history_.clear();
+    library_ = std::move(merge.library);
+    emit changed(report.ours, library_);
+    emit historyChanged();
+    if (report.conflicts.empty())
         emit noticed(tr("Changes made on another computer were brought in."));
-        return;
-    }
-    QStringList lines;
-    for (const Conflict& conflict : conflicts) {
-        const QString what = conflict.field.empty() ? tr("a record in %1").arg(toQt(conflict.list))
-                                                    : tr("%1 in %2").arg(toQt(conflict.field), toQt(conflict.list));
-        const QString sentence = conflict.keptTheirs ? tr("• %1: kept %3, which was issued there; here it was %2")
-                                                     : tr("• %1: kept %2, there it was %3");
-        lines << sentence.arg(what, conflict.ours.empty() ? tr("nothing") : toQt(conflict.ours),
-                              conflict.theirs.empty() ? tr("removed") : toQt(conflict.theirs));
-        if (lines.size() == 12 && conflicts.size() > 12) {
-            lines << tr("… and %1 more").arg(conflicts.size() - 12);
-            break;
-        }
-    }
-    emit refused(tr("These books were also changed on another computer. Both sets of changes are in now; where they "
-                    "touched the same thing, this computer’s was kept:") +
-                 QStringLiteral("\n\n") + lines.join(QLatin1Char('\n')));
+    else
+        emit conflicted(report);
 }
 
 void AppModel::lookForOtherChanges() {
@@ -181,12 +172,7 @@ void AppModel::lookForOtherChanges() {
     if (state_ != State::open || saving_ != Saving::saved) return;
     attempt([this] {
         auto taken = session_->takeInChange(library_);
-        if (!taken || taken->library == library_) return;
-        history_.clear();
-        const Library before = std::exchange(library_, std::move(taken->library));
-        emit changed(before, library_);
-        emit historyChanged();
-        reportMerge(taken->conflicts);
+        if (taken && taken->library != library_) takeMerge(std::move(*taken));
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tamba/History.h"
+#include "Tamba/Rows/ConflictRows.h"
 #include "TambaCore/Model/LibrarySession.h"
 
 #include <QObject>
@@ -26,8 +27,12 @@ public:
     using Action = std::function<Library(Library, Day today)>;
 
     /// `open`: the books may be changed. `damaged`: the file could not be read, and is never written until a backup is
-    /// restored. `locked`: another Tamba has it. `closed`: before `open`.
-    enum class State { closed, open, damaged, locked };
+    /// restored. `locked`: another Tamba has it. `missing`: the folder held books before and holds none now. `closed`:
+    /// before `open`.
+    enum class State { closed, open, damaged, locked, missing };
+    /// What a folder is opened for. Where books were before, an empty folder is a disk that is not there or books that
+    /// were moved, and nothing is begun in it.
+    enum class Expect { anything, books };
     enum class Saving { saved, pending, failed };
     /// Whether a step can be taken back. What has moved files or left the program cannot, nor can anything before it.
     enum class Undo { possible, beginsNewHistory };
@@ -37,10 +42,12 @@ public:
 
     /// Opens the books of a folder in place of the present ones, which are saved first. Never throws: `state()` and
     /// `problem()` tell how it went. False, with everything as it was, when the present books could not be saved.
-    bool open(const Path& folder);
+    bool open(const Path& folder, Expect expect = Expect::anything);
 
     [[nodiscard]] State state() const { return state_; }
-    /// The sentence for `damaged` and `locked`.
+    /// The folder held no books when it was opened, and nobody has set any up since.
+    [[nodiscard]] bool isNew() const { return state_ == State::open && new_ && !library_.onboarded; }
+    /// The sentence for `damaged`, `locked` and `missing`.
     [[nodiscard]] const QString& problem() const { return problem_; }
     [[nodiscard]] const Path& folder() const { return folder_; }
     [[nodiscard]] const Library& library() const { return library_; }
@@ -88,17 +95,20 @@ signals:
     void refused(const QString& sentence);
     /// A finished sentence for a passing notice.
     void noticed(const QString& sentence);
+    /// Another computer's changes were brought in, and some touched the same things as those made here.
+    void conflicted(const tamba::MergeReport& report);
 
 private:
     void install(Library library);
     [[nodiscard]] Library withDue(Library library) const;
     void addDue();
     void setSaving(Saving saving, const QString& problem = {});
-    void reportMerge(const std::vector<Conflict>& conflicts);
+    void takeMerge(LibrarySession::Saved merge);
 
     std::function<Day()> today_;
     Path folder_;
     State state_ = State::closed;
+    bool new_ = false;
     QString problem_;
     std::unique_ptr<LibrarySession> session_;
     Library library_;

@@ -31,7 +31,12 @@ float contrast(const QColor& a, const QColor& b) {
 QColor Colors::readable(const QColor& color) const {
     const QColor target = dark ? QColor(Qt::white) : QColor(Qt::black);
     QColor result = color;
-    for (int i = 0; i < 20 && contrast(result, surface) < 4.5F; ++i) result = mixed(result, target, 0.08F);
+    const auto isReadable = [&] {
+        for (const QColor& ground : {surface, window, sidebar, hover})
+            if (contrast(result, ground) < 4.5F) return false;
+        return true;
+    };
+    for (int i = 0; i < 30 && !isReadable(); ++i) result = mixed(result, target, 0.08F);
     return result;
 }
 

@@ -20,7 +20,8 @@ struct Colors {
     /// Those of the application's palette: a widget's own is altered by style sheets.
     [[nodiscard]] static Colors current();
     [[nodiscard]] QPalette palette() const;
-    /// A colour of the books' own (a category's) as it can be read on a surface.
+    /// A colour of the books' own (a category's) as it can be read on every ground: darker or lighter until its
+    /// contrast reaches 4.5.
     [[nodiscard]] QColor readable(const QColor& color) const;
 };
 

@@ -8,6 +8,7 @@
 #include "Tamba/Sheets/BackupSheet.h"
 #include "Tamba/Sheets/BillableSheet.h"
 #include "Tamba/Sheets/ClientSheet.h"
+#include "Tamba/Sheets/ConflictSheet.h"
 #include "Tamba/Sheets/CreditNoteSheet.h"
 #include "Tamba/Sheets/ImportSheet.h"
 #include "Tamba/Sheets/IssueSheet.h"
@@ -106,8 +107,14 @@ std::optional<Prompts::Path> DialogPrompts::saveFile(const QString& title, const
     return toPath(file);
 }
 
-std::optional<std::string> DialogPrompts::backup(const std::vector<LibrarySession::Backup>& backups) {
-    BackupSheet sheet(&window_, backups);
+std::vector<std::size_t> DialogPrompts::conflicts(const MergeReport& report) {
+    ConflictSheet sheet(&window_, report);
+    if (sheet.exec() != QDialog::Accepted) return {};
+    return sheet.otherWay();
+}
+
+std::optional<std::string> DialogPrompts::backup(const BackupQuestion& question) {
+    BackupSheet sheet(&window_, question);
     if (sheet.exec() != QDialog::Accepted) return {};
     return sheet.chosen();
 }
@@ -124,9 +131,8 @@ std::optional<RecurringEdit> DialogPrompts::recurring(const Library& library) {
     return sheet.edit();
 }
 
-std::optional<SettingsEdit> DialogPrompts::settings(const Library& library, const std::optional<Path>& logo,
-                                                    Day today) {
-    SettingsSheet sheet(&window_, library, today, logo, [this] { return pictureFile(); });
+std::optional<SettingsEdit> DialogPrompts::settings(const Library& library, const SettingsContext& context, Day today) {
+    SettingsSheet sheet(&window_, library, today, context, [this] { return pictureFile(); });
     if (sheet.exec() != QDialog::Accepted) return {};
     return sheet.edit();
 }

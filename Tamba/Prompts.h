@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tamba/Remembered.h"
+#include "Tamba/Rows/ConflictRows.h"
 #include "Tamba/Rows/ImportRows.h"
 #include "TambaCore/Bank/Matching.h"
 #include "TambaCore/Documents/Reminders.h"
@@ -11,6 +13,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,11 +37,30 @@ struct CreditNote {
 /// An e-mail about a document: the one that sends it, or a reminder.
 enum class Mail { sending, reminder };
 
+/// What the settings show beside the books: where these are, their logo's file, and how this computer shows them.
+struct SettingsContext {
+    std::filesystem::path folder = {};
+    std::optional<std::filesystem::path> logo = {};
+    Remembered::Appearance appearance = {};
+};
+
+/// What is to be done with the folder of the books once the settings are closed.
+enum class FolderWish { none, move, openOther, restore };
+
 /// The books with business, number series, catalogue and rates as the settings have them. A new logo is a file that is
 /// still to be brought in.
 struct SettingsEdit {
     Library library;
-    std::optional<std::filesystem::path> logo;
+    std::optional<std::filesystem::path> logo = {};
+    std::optional<Remembered::Appearance> appearance = {};
+    FolderWish wish = FolderWish::none;
+};
+
+/// The backups of a folder, how to read one, and the books as they stand; nothing when they cannot be read.
+struct BackupQuestion {
+    std::vector<LibrarySession::Backup> backups;
+    std::function<Library(const std::string& name)> read;
+    std::optional<Library> present;
 };
 
 /// What is to happen to expenses that come again.
@@ -65,11 +87,12 @@ public:
     [[nodiscard]] virtual std::optional<Path> libraryFolder(const Path& present) = 0;
     /// Where a new file is to go; an existing one of that name may be replaced.
     [[nodiscard]] virtual std::optional<Path> saveFile(const QString& title, const std::string& name) = 0;
-    [[nodiscard]] virtual std::optional<std::string> backup(const std::vector<LibrarySession::Backup>& backups) = 0;
+    /// The places in the report at which the other side is to have its way.
+    [[nodiscard]] virtual std::vector<std::size_t> conflicts(const MergeReport& report) = 0;
+    [[nodiscard]] virtual std::optional<std::string> backup(const BackupQuestion& question) = 0;
     [[nodiscard]] virtual std::optional<MileageTrip> mileage(const Library& library, Day today) = 0;
     [[nodiscard]] virtual std::optional<RecurringEdit> recurring(const Library& library) = 0;
-    /// `logo`: where the present one lies.
-    [[nodiscard]] virtual std::optional<SettingsEdit> settings(const Library& library, const std::optional<Path>& logo,
+    [[nodiscard]] virtual std::optional<SettingsEdit> settings(const Library& library, const SettingsContext& context,
                                                                Day today) = 0;
     /// A name for something new; nothing when given up.
     [[nodiscard]] virtual std::optional<std::string> newName(const QString& title) = 0;
@@ -114,10 +137,11 @@ public:
     std::optional<Path> pictureFile() override;
     std::optional<Path> libraryFolder(const Path& present) override;
     std::optional<Path> saveFile(const QString& title, const std::string& name) override;
-    std::optional<std::string> backup(const std::vector<LibrarySession::Backup>& backups) override;
+    std::vector<std::size_t> conflicts(const MergeReport& report) override;
+    std::optional<std::string> backup(const BackupQuestion& question) override;
     std::optional<MileageTrip> mileage(const Library& library, Day today) override;
     std::optional<RecurringEdit> recurring(const Library& library) override;
-    std::optional<SettingsEdit> settings(const Library& library, const std::optional<Path>& logo, Day today) override;
+    std::optional<SettingsEdit> settings(const Library& library, const SettingsContext& context, Day today) override;
     std::optional<std::string> newName(const QString& title) override;
     std::optional<Client> newClient(const Library& library) override;
     std::optional<BankAccount> bankAccount(const Library& library, const BankAccount& account) override;

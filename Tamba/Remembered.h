@@ -9,13 +9,27 @@ class QWidget;
 /// What this computer remembers from one start to the next, beside the books: which ones, and how the window stood.
 namespace tamba::Remembered {
 
-/// The books opened last, where they are still there.
+/// The books opened last, whether they are still there or not.
 [[nodiscard]] std::optional<std::filesystem::path> folder();
 void setFolder(const std::filesystem::path& folder);
+/// Whether books have been open in this folder before.
+[[nodiscard]] bool heldBooks(const std::filesystem::path& folder);
+void setHeldBooks(const std::filesystem::path& folder);
 
 /// False, with the window as it was, when nothing is remembered.
 [[nodiscard]] bool restoreSize(QWidget& window);
 void setSize(const QWidget& window);
+
+/// How the windows look on this computer, and the language of their texts.
+struct Appearance {
+    enum class Looks { system, light, dark };
+    enum class Language { system, english, hindi };
+    Looks looks = Looks::system;
+    Language language = Language::system;
+    bool operator==(const Appearance&) const = default;
+};
+[[nodiscard]] Appearance appearance();
+void setAppearance(const Appearance& appearance);
 
 /// How the statements of one layout were read last; empty when none came in.
 [[nodiscard]] std::string layout(const std::string& key);

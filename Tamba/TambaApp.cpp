@@ -1,10 +1,13 @@
 #include "Tamba/TambaApp.h"
 
 #include "Tamba/Icons.h"
+#include "Tamba/Instance.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Remembered.h"
 #include "Tamba/SignalWatcher.h"
+#include "Tamba/StartUp.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Window.h"
 
 #include <QApplication>
@@ -18,8 +21,8 @@ namespace tamba {
 namespace {
 
 /// The books that the command line or the environment names.
-std::optional<std::filesystem::path> namedFolder(const QStringList& arguments) {
-    if (!arguments.isEmpty()) return std::filesystem::absolute(toPath(arguments.front()));
+std::optional<std::filesystem::path> namedFolder(const StartArguments& arguments) {
+    if (arguments.folder) return arguments.folder;
     const char* named = std::getenv("TAMBA_LIBRARY_DIR");
     return named && *named ? std::optional<std::filesystem::path>(named) : std::nullopt;
 }
@@ -27,7 +30,10 @@ std::optional<std::filesystem::path> namedFolder(const QStringList& arguments) {
 }  // namespace
 
 void applyLooks(QApplication& application, const AppModel& model) {
-    Style::apply(application, Colors::make(Style::desktopIsDark(), Icons::colorOf(model.library().business.accentHex)));
+    const auto looks = Remembered::appearance().looks;
+    const bool dark = looks == Remembered::Appearance::Looks::system ? Style::desktopIsDark()
+                                                                     : looks == Remembered::Appearance::Looks::dark;
+    Style::apply(application, Colors::make(dark, Icons::colorOf(model.library().business.accentHex)));
 }
 
 int runTamba(int argc, char** argv) {
@@ -43,8 +49,14 @@ int runTamba(int argc, char** argv) {
     parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("FOLDER"), QObject::tr("The books to open."),
                                  QStringLiteral("[FOLDER]"));
+    parser.addPositionalArgument(QStringLiteral("FILE"), QObject::tr("Receipts and statements to add to them."),
+                                 QStringLiteral("[FILE…]"));
     parser.process(application);
+    const auto arguments = StartArguments::of(parser.positionalArguments());
+    const auto named = namedFolder(arguments);
+    if (Instance::handOver(StartUp::folder(named), arguments.files)) return 0;
 
+    Translations::install(application, Remembered::appearance().language);
     Style::install(application);
     AppModel model;
     Window window(model);
@@ -60,15 +72,13 @@ int runTamba(int argc, char** argv) {
     QObject::connect(
         &application, &QGuiApplication::commitDataRequest, &model, [&model] { model.saveNow(); }, Qt::DirectConnection);
     if (!Remembered::restoreSize(window)) window.resize(1440, 880);
-    const auto named = namedFolder(parser.positionalArguments());
-    model.open(named ? *named : Remembered::folder().value_or(LibraryStore::defaultFolder()));
     window.showScreen(Screen::overview);
+    StartUp startUp(model, window, named);
+    startUp.begin();
     window.show();
+    window.addFiles(arguments.files);
     const int result = QApplication::exec();
     Remembered::setSize(window);
-    // Books that were named for this once are not those to begin with the next time.
-    if (model.state() == AppModel::State::open && window.ownFolder() != named)
-        Remembered::setFolder(window.ownFolder());
     return result;
 }
 

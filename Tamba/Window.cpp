@@ -1,7 +1,9 @@
 #include "Tamba/Window.h"
 
 #include "Tamba/DocumentActions.h"
+#include "Tamba/FolderActions.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Remembered.h"
 #include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ClientPages.h"
 #include "Tamba/Screens/ClientsScreen.h"
@@ -20,6 +22,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDragEnterEvent>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QStackedWidget>
 #include <QThread>
@@ -49,6 +52,7 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     setMinimumSize(960, 620);
     receipts_ = new ReceiptQueue(model_, std::move(scan), this);
     statements_ = new StatementImport(model_, *prompts_, this);
+    folder_ = new FolderActions(model_, *prompts_, this);
 
     auto* frame = new QWidget(this);
     auto* columns = new QHBoxLayout(frame);
@@ -73,6 +77,7 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     makeMenus();
     connectReceipts();
     connectStatements();
+    connectFolder();
     connectScreens();
     connectOverview();
     connectProjects();
@@ -81,20 +86,22 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     for (QWidget* widget : frame->findChildren<QWidget*>()) widget->setAcceptDrops(false);
 
     connect(problem_, &EmptyState::actionChosen, this, [this] {
-        if (model_.state() == AppModel::State::damaged) return restoreBackup();
-        openFolder(model_.folder());
+        if (model_.state() == AppModel::State::damaged) return folder_->restore();
+        const bool missing = model_.state() == AppModel::State::missing;
+        model_.open(model_.folder(), missing ? AppModel::Expect::books : AppModel::Expect::anything);
     });
-    connect(problem_, &EmptyState::otherChosen, this, [this] {
-        if (const auto folder = prompts_->libraryFolder(model_.folder())) openFolder(*folder);
-    });
+    connect(problem_, &EmptyState::thirdChosen, this, [this] { openFolder(model_.folder()); });
+    connect(problem_, &EmptyState::otherChosen, folder_, &FolderActions::openOther);
     connect(&model_, &AppModel::refused, this, [this](const QString& sentence) { prompts_->alert(sentence); });
     connect(&model_, &AppModel::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
+    connect(&model_, &AppModel::conflicted, this, &Window::decideConflicts);
     connect(&model_, &AppModel::historyChanged, this, &Window::refreshHistory);
     connect(&model_, &AppModel::opened, this, &Window::refreshState);
     connect(&model_, &AppModel::opened, this, &Window::refreshMenus);
     connect(&model_, &AppModel::opened, this, &Window::looksChanged);
     connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {
         if (before.business.accentHex != after.business.accentHex) emit looksChanged();
+        if (before.onboarded != after.onboarded) refreshState();
     });
     refreshHistory();
     refreshState();
@@ -214,11 +221,35 @@ void Window::connectStatements() {
     });
 }
 
+void Window::connectFolder() {
+    connect(folder_, &FolderActions::began, this, [this](const QString& what) {
+        // Nothing is changed in books that are being copied.
+        for (QWidget* part :
+             {static_cast<QWidget*>(menuBar()), static_cast<QWidget*>(pages_), static_cast<QWidget*>(sidebar_)})
+            part->setEnabled(false);
+        strip_->show(what, 0, 0);
+        strip_->setCancellable(false);
+    });
+    connect(folder_, &FolderActions::ended, this, [this] {
+        for (QWidget* part :
+             {static_cast<QWidget*>(menuBar()), static_cast<QWidget*>(pages_), static_cast<QWidget*>(sidebar_)})
+            part->setEnabled(true);
+        hideStrip();
+    });
+    connect(folder_, &FolderActions::chosen, this, [this](const std::filesystem::path& folder) {
+        // The person's own from now on, not the sample.
+        ownFolder_ = folder;
+        refreshState();
+    });
+}
+
 void Window::hideStrip() {
     if (!receipts_->isBusy()) strip_->hide();
 }
 
 void Window::addFiles(const std::vector<std::filesystem::path>& files) {
+    if (files.empty()) return;
+    if (model_.state() != AppModel::State::open) return prompts_->alert(model_.problem());
     std::vector<std::filesystem::path> statements, receipts;
     std::partition_copy(files.begin(), files.end(), std::back_inserter(statements), std::back_inserter(receipts),
                         isStatement);
@@ -270,7 +301,8 @@ void Window::refreshHistory() {
 
 void Window::refreshState() {
     const AppModel::State state = model_.state();
-    const bool open = state == AppModel::State::open;
+    const bool welcome = welcome_ && model_.isNew();
+    const bool open = state == AppModel::State::open && !welcome;
     for (QAction* action : needBooks_) action->setEnabled(open);
     sidebar_->setVisible(open || state == AppModel::State::closed);
     sidebar_->setSample(!ownFolder_.empty() && model_.folder() != ownFolder_);
@@ -282,7 +314,33 @@ void Window::refreshState() {
     } else if (state == AppModel::State::locked)
         problem_->set(QStringLiteral("lock"), tr("Already open"), model_.problem(), tr("Try Again"),
                       tr("Open Another Folder…"));
+    else if (state == AppModel::State::missing)
+        problem_->set(QStringLiteral("folder"), tr("The books are not there"), model_.problem(), tr("Look Again"),
+                      tr("Choose Folder…"), tr("Begin New Books Here"));
+    if (welcome) {
+        pages_->setCurrentWidget(welcome_);
+        return welcome_->setFocus();
+    }
     pages_->setCurrentWidget(open || state == AppModel::State::closed ? page().widget : problem_);
+}
+
+void Window::comeForward() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void Window::setWelcome(QWidget* welcome) {
+    welcome_ = welcome;
+    pages_->addWidget(welcome);
+    refreshState();
+}
+
+void Window::newInvoice() {
+    showScreen(Screen::invoices);
+    invoices_->showKind(DocKind::invoice);
+    invoices_->newDocument();
 }
 
 void Window::openFolder(const std::filesystem::path& folder) { model_.open(folder); }
@@ -316,14 +374,10 @@ void Window::openSample() {
     thread->start();
 }
 
-void Window::restoreBackup() {
-    if (model_.state() == AppModel::State::locked) return prompts_->alert(model_.problem());
-    if (const auto backup = prompts_->backup(model_.backups())) model_.restore(*backup);
-}
-
 void Window::editSettings() {
     const Library before = model_.library();
-    const auto edit = prompts_->settings(before, model_.store().logo(before.business), model_.today());
+    const SettingsContext context{model_.folder(), model_.store().logo(before.business), Remembered::appearance()};
+    const auto edit = prompts_->settings(before, context, model_.today());
     if (!edit) return;
     model_.perform(tr("Change Settings"), [&, store = model_.store()](Library now, Day) {
         // What came from elsewhere while the settings were open stays.
@@ -331,6 +385,18 @@ void Window::editSettings() {
         if (edit->logo) after.business.logoFile = store.importLogo(*edit->logo);
         return after;
     });
+    if (edit->appearance && *edit->appearance != context.appearance) {
+        Remembered::setAppearance(*edit->appearance);
+        emit looksChanged();
+    }
+    folder_->run(edit->wish);
+}
+
+void Window::decideConflicts(const MergeReport& report) {
+    const auto otherWay = prompts_->conflicts(report);
+    if (otherWay.empty()) return;
+    model_.perform(tr("Choose Between Changes"),
+                   [&](Library library, Day) { return decided(std::move(library), report, otherWay); });
 }
 
 void Window::editRecurring() {
@@ -345,6 +411,7 @@ void Window::editRecurring() {
 }
 
 void Window::closeEvent(QCloseEvent* event) {
+    if (folder_->isMoving()) return event->ignore();
     if (model_.saveNow() || prompts_->confirm(tr("Quit without saving?"), model_.saveProblem(), tr("Quit Anyway")))
         return event->accept();
     event->ignore();

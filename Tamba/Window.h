@@ -26,6 +26,7 @@ class DocumentActions;
 class DropOverlay;
 class EmptyState;
 class ExpensesScreen;
+class FolderActions;
 class InvoicesScreen;
 class OverviewScreen;
 class ProjectsScreen;
@@ -49,8 +50,14 @@ public:
     [[nodiscard]] ReceiptQueue& receipts() { return *receipts_; }
     /// Statements become bank lines, all others expenses.
     void addFiles(const std::vector<std::filesystem::path>& files);
+    void comeForward();
     void showScreen(Screen screen);
+    void newInvoice();
+    void openSample();
     [[nodiscard]] Screen screen() const { return screen_; }
+    /// What is shown in place of the screens while the books are new. The window takes it over.
+    void setWelcome(QWidget* welcome);
+    [[nodiscard]] Prompts& prompts() { return *prompts_; }
     /// Where the person's own books are, while the sample books are open.
     void setOwnFolder(const std::filesystem::path& folder) { ownFolder_ = folder; }
     [[nodiscard]] const std::filesystem::path& ownFolder() const {
@@ -103,15 +110,15 @@ private:
     void connectDocuments();
     void connectReceipts();
     void connectStatements();
+    void connectFolder();
     void hideStrip();
     void refreshHistory();
     void refreshState();
     void finished(const ReceiptQueue::Summary& summary);
     void openFolder(const std::filesystem::path& folder);
-    void openSample();
-    void restoreBackup();
     void editSettings();
     void editRecurring();
+    void decideConflicts(const MergeReport& report);
     void showRemoved(const QString& what);
 
     AppModel& model_;
@@ -121,6 +128,7 @@ private:
     std::filesystem::path ownFolder_;
     Sidebar* sidebar_;
     QStackedWidget* pages_;
+    FolderActions* folder_;
     DocumentActions* documents_;
     OverviewScreen* overview_;
     ExpensesScreen* expenses_;
@@ -132,6 +140,7 @@ private:
     std::array<Page, std::size(allScreens)> screens_;
     Screen screen_ = Screen::overview;
     EmptyState* problem_;
+    QWidget* welcome_ = nullptr;
     ActivityStrip* strip_;
     Toast* toast_;
     DropOverlay* overlay_;

@@ -1,4 +1,5 @@
 #include "Tamba/DocumentActions.h"
+#include "Tamba/FolderActions.h"
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/BankScreen.h"
@@ -11,9 +12,7 @@
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Window.h"
 
-#include <QDesktopServices>
 #include <QMenuBar>
-#include <QUrl>
 
 #include <algorithm>
 
@@ -63,16 +62,10 @@ void Window::makeFileMenu() {
     file->addSeparator();
     print_ = add(file, tr("&Print…"), QKeySequence::Print, [this] { page().print(); }, false);
     file->addSeparator();
-    add(
-        file, tr("Open &Library Folder…"), {},
-        [this] {
-            if (const auto folder = prompts_->libraryFolder(model_.folder())) openFolder(*folder);
-        },
-        false);
-    add(
-        file, tr("Show Library &Folder"), {},
-        [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(model_.folder()))); }, false);
-    add(file, tr("&Restore a Backup…"), {}, [this] { restoreBackup(); }, false);
+    add(file, tr("Open &Library Folder…"), {}, [this] { folder_->openOther(); }, false);
+    add(file, tr("Show Library &Folder"), {}, [this] { folder_->show(); }, false);
+    add(file, tr("&Move Library Folder…"), {}, [this] { folder_->move(); }, true);
+    add(file, tr("&Restore a Backup…"), {}, [this] { folder_->restore(); }, false);
     add(file, tr("E&xplore the Sample Books"), {}, [this] { openSample(); }, false);
     file->addSeparator();
     add(file, tr("&Settings…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { editSettings(); }, true);

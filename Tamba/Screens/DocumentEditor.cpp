@@ -142,6 +142,7 @@ void DocumentEditor::makeFields(QWidget* content) {
     rate_ = line(tr("Exchange rate"), "documentRate");
     rate_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     rateBox_ = part(tr("Exchange rate"), rate_, rateNote_ = note("rateNote"), 1, 2);
+    seriesBox_ = part(tr("Numbered by"), series_ = combo(tr("Number series"), "documentSeries"), nullptr, 1, 2);
 }
 
 QWidget* DocumentEditor::makeFoot() {
@@ -216,6 +217,12 @@ void DocumentEditor::connectFields() {
     connect(currency_, &QComboBox::activated, this, [this] {
         apply([code = toStd(currency_->currentData().toString())](const Library& library, Document draft) {
             return draft.currency == code ? draft : Books::withCurrency(library, std::move(draft), code);
+        });
+    });
+    connect(series_, &QComboBox::activated, this, [this] {
+        apply([id = UUID::parse(toStd(series_->currentData().toString()))](const Library&, Document draft) {
+            draft.seriesID = id;
+            return draft;
         });
     });
     connect(rate_, &QLineEdit::editingFinished, this, &DocumentEditor::takeRate);

@@ -66,6 +66,7 @@ private:
     void fillClients(const Document& draft);
     void fillPlace(const Document& draft);
     void fillMoney(const Document& draft);
+    void fillSeries(const Document& draft);
     void fillNotes(const Document& draft);
     void showTotals();
 
@@ -108,6 +109,8 @@ private:
     QCheckBox* roundOff_;
     QGridLayout* totals_;
     QLabel* number_;
+    QComboBox* series_;
+    QWidget* seriesBox_;
 };
 
 }  // namespace tamba

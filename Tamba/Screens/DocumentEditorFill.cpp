@@ -57,6 +57,7 @@ void DocumentEditor::fill(const Document& draft) {
     put(*reference_, toQt(before.reference));
     fillPlace(before);
     fillMoney(before);
+    fillSeries(before);
     lines_->fill(before);
     expenses_->setVisible(before.kind == DocKind::invoice && !Rebilling::candidates(model_.library(), before).empty());
     notes_->put(toQt(before.notes));
@@ -124,6 +125,15 @@ void DocumentEditor::fillMoney(const Document& draft) {
     setNote(*rateNote_, lacks ? toQt(std::string_view(missing.what())) : QString(), lacks ? "problem" : "caption");
 }
 
+void DocumentEditor::fillSeries(const Document& draft) {
+    const Library& library = model_.library();
+    series_->clear();
+    for (const NumberSeries& series : library.series)
+        if (series.kind == draft.kind) series_->addItem(toQt(series.name), toQt(series.id.text()));
+    chooseData(*series_, draft.seriesID ? toQt(draft.seriesID->text()) : QString());
+    seriesBox_->setVisible(series_->count() > 1);
+}
+
 void DocumentEditor::fillNotes(const Document& draft) {
     const Library& library = model_.library();
     const Client* client = draft.clientID ? library.client(*draft.clientID) : nullptr;
@@ -187,7 +197,8 @@ void DocumentEditor::arrange() {
     for (const Part& part : parts_) {
         if (part.box->isHidden()) continue;
         int columns = narrow ? part.narrow : part.wide;
-        if (part.box == placeBox_ && !narrow && !rateBox_->isHidden()) columns = 1;
+        const bool crowded = !rateBox_->isHidden() || !seriesBox_->isHidden();
+        if (part.box == placeBox_ && !narrow && crowded) columns = 1;
         if (column + columns > 4) {
             ++row;
             column = 0;

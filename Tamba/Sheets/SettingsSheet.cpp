@@ -2,6 +2,8 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/Sheets/Settings/BusinessPages.h"
+#include "Tamba/Sheets/Settings/CategoriesPage.h"
+#include "Tamba/Sheets/Settings/ComputerPages.h"
 #include "Tamba/Sheets/Settings/InvoicePages.h"
 #include "Tamba/Sheets/Settings/ListPages.h"
 #include "Tamba/Sheets/Settings/NumberingPage.h"
@@ -17,7 +19,7 @@
 
 namespace tamba {
 
-SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today, const std::optional<Path>& logo,
+SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today, const SettingsContext& context,
                              std::function<std::optional<Path>()> chooseLogo)
     : Sheet(parent, Icon::none, tr("Settings"), {}), library_(library) {
     auto* columns = new QHBoxLayout;
@@ -35,12 +37,19 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
     add("books", tr("Business"), new BusinessPage(business, this));
     add("percent", tr("Tax"), new TaxPage(business, this));
     add("hash", tr("Numbering"), new NumberingPage(library, today, this));
-    add("document", tr("Invoices"), invoices_ = new InvoicesPage(business, logo, std::move(chooseLogo), this));
+    add("document", tr("Invoices"), invoices_ = new InvoicesPage(business, context.logo, std::move(chooseLogo), this));
     add("payment", tr("Payment"), new PaymentPage(business, this));
     add("tag", tr("Items"), new ItemsPage(library, this));
     add("exchange", tr("Exchange rates"), new RatesPage(library, today, this));
     add("receipt", tr("Expenses"), new ExpensesPage(business, this));
+    add("category-clip", tr("Categories"), new CategoriesPage(library, this));
     add("category-tray", tr("Rules"), new RulesPage(library, this));
+    add("category-desktop", tr("Appearance"), appearance_ = new AppearancePage(context.appearance, this));
+    add("folder", tr("Library folder"), folder_ = new FolderPage(context.folder, this));
+    connect(folder_, &FolderPage::wished, this, [this](FolderWish wish) {
+        wish_ = wish;
+        accept();
+    });
     save_ = addButtons(tr("Save"), tr("Cancel"));
     connect(titles_, &QListWidget::currentRowChanged, stack_, &QStackedWidget::setCurrentIndex);
     titles_->setCurrentRow(0);
@@ -84,10 +93,11 @@ void SettingsSheet::refresh() {
         item->setToolTip(fine ? QString() : tr("A field here cannot be saved."));
     }
     save_->setEnabled(good);
+    folder_->setWishesEnabled(good);
 }
 
 SettingsEdit SettingsSheet::edit() const {
-    SettingsEdit edit{library_, invoices_->newLogo()};
+    SettingsEdit edit{library_, invoices_->newLogo(), appearance_->appearance(), wish_};
     for (const SettingsPage* page : pages_) page->store(edit.library);
     return edit;
 }

@@ -13,6 +13,8 @@ class QStackedWidget;
 
 namespace tamba {
 
+class AppearancePage;
+class FolderPage;
 class InvoicesPage;
 class SettingsPage;
 
@@ -22,9 +24,9 @@ class SettingsSheet : public Sheet {
 
 public:
     using Path = Prompts::Path;
-    /// `logo`: where the present one lies. `chooseLogo` asks for a picture file.
+    /// `chooseLogo` asks for a picture file.
     SettingsSheet(
-        QWidget* parent, const Library& library, Day today, const std::optional<Path>& logo = {},
+        QWidget* parent, const Library& library, Day today, const SettingsContext& context = {},
         std::function<std::optional<Path>()> chooseLogo = [] { return std::nullopt; });
     [[nodiscard]] SettingsEdit edit() const;
     void showPage(int index);
@@ -37,6 +39,9 @@ private:
     const Library library_;
     std::vector<SettingsPage*> pages_;
     InvoicesPage* invoices_;
+    AppearancePage* appearance_;
+    FolderPage* folder_;
+    FolderWish wish_ = FolderWish::none;
     QListWidget* titles_;
     QStackedWidget* stack_;
     QPushButton* save_ = nullptr;

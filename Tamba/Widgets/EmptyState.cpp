@@ -41,6 +41,7 @@ EmptyState::EmptyState(QWidget* parent) : QWidget(parent) {
     sentence_->setFixedWidth(340);
     action_ = Controls::button({}, "emptyAction", Controls::Kind::primary, this);
     other_ = Controls::button({}, "emptyOther", Controls::Kind::link, this);
+    third_ = Controls::button({}, "emptyThird", Controls::Kind::link, this);
     layout->addStretch(2);
     layout->addWidget(glyph_, 0, Qt::AlignHCenter);
     layout->addSpacing(18);
@@ -51,21 +52,23 @@ EmptyState::EmptyState(QWidget* parent) : QWidget(parent) {
     layout->addWidget(action_, 0, Qt::AlignHCenter);
     layout->addSpacing(8);
     layout->addWidget(other_, 0, Qt::AlignHCenter);
+    layout->addWidget(third_, 0, Qt::AlignHCenter);
     layout->addStretch(3);
     setFocusProxy(action_);
     connect(action_, &QPushButton::clicked, this, &EmptyState::actionChosen);
     connect(other_, &QPushButton::clicked, this, &EmptyState::otherChosen);
+    connect(third_, &QPushButton::clicked, this, &EmptyState::thirdChosen);
 }
 
 void EmptyState::set(const QString& icon, const QString& title, const QString& sentence, const QString& action,
-                     const QString& other) {
+                     const QString& other, const QString& third) {
     glyph_->icon = icon;
     glyph_->update();
     title_->setText(title);
     sentence_->setText(sentence);
     // Centred in the layout, a label that wraps gets no height for its width.
     sentence_->setMinimumHeight(sentence_->heightForWidth(sentence_->width()));
-    for (auto [button, text] : {std::pair(action_, action), std::pair(other_, other)}) {
+    for (auto [button, text] : {std::pair(action_, action), std::pair(other_, other), std::pair(third_, third)}) {
         button->setText(text);
         button->setAccessibleName(text);
         button->setVisible(!text.isEmpty());

@@ -7,18 +7,19 @@ class QPushButton;
 
 namespace tamba {
 
-/// What an empty place shows: a glyph, one sentence, one button, and at most one quieter way on.
+/// What an empty place shows: a glyph, one sentence, one button, and at most two quieter ways on.
 class EmptyState : public QWidget {
     Q_OBJECT
 
 public:
     explicit EmptyState(QWidget* parent = nullptr);
     void set(const QString& icon, const QString& title, const QString& sentence, const QString& action,
-             const QString& other);
+             const QString& other, const QString& third = {});
 
 signals:
     void actionChosen();
     void otherChosen();
+    void thirdChosen();
 
 private:
     class Glyph;
@@ -27,6 +28,7 @@ private:
     QLabel* sentence_;
     QPushButton* action_;
     QPushButton* other_;
+    QPushButton* third_;
 };
 
 }  // namespace tamba

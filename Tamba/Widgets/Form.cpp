@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/SetUpRows.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
 #include "TambaCore/Base/Text.h"
@@ -115,6 +116,13 @@ void Form::setNote(QLabel& note, const QString& words, const char* role) {
     note.setText(Controls::wrapped(words, note, noteWidth_));
     note.setAccessibleName(words);
     setRowVisible(&note, !words.isEmpty());
+}
+
+void Form::setNote(QLabel& note, QWidget& field, const FieldNote& words) {
+    const bool problem = words.kind == FieldNote::Kind::problem;
+    const char* role = problem ? "problem" : words.kind == FieldNote::Kind::good ? "good" : "caption";
+    Controls::markProblem(field, problem ? toQt(words.words) : QString());
+    setNote(note, toQt(words.words), role);
 }
 
 QComboBox* makeChoice(QWidget* parent) {

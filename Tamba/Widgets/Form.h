@@ -18,6 +18,7 @@ class QPlainTextEdit;
 namespace tamba {
 
 class DateField;
+struct FieldNote;
 
 /// Labelled fields under each other, as in sheets, settings and inspectors. Every field gets its object name and, from
 /// its title, its accessible name.
@@ -39,6 +40,8 @@ public:
 
     /// Changes a note and its role; without words its row is hidden.
     void setNote(QLabel& note, const QString& words, const char* role = "caption");
+    /// The same, marking the field above where the words say what is wrong with it.
+    void setNote(QLabel& note, QWidget& field, const FieldNote& words);
 
 private:
     QWidget& owner_;

@@ -156,7 +156,7 @@ class ShotsTests : public QObject {
     }
 
     void shootSettings(Window& window, const Library& library, const AppModel& model) {
-        SettingsSheet settings(&window, library, testDay, model.store().logo(library.business));
+        SettingsSheet settings(&window, library, testDay, {model.folder(), model.store().logo(library.business), {}});
         settings.findChild<QLineEdit*>(QStringLiteral("pattern2"))->setText(QStringLiteral("ESTIMATE/{YYYY}/{####}"));
         for (int page = 0; page < settings.pageCount(); ++page) {
             settings.showPage(page);
@@ -339,7 +339,7 @@ private slots:
         shootImport(window, library);
         shootSearch(window);
         shootSettings(window, library, books.model);
-        BackupSheet backups(&window, books.model.backups());
+        BackupSheet backups(&window, {books.model.backups(), [&](const std::string&) { return library; }, library});
         shoot(backups, QStringLiteral("sheet-backups"));
         Sheet alert(&window, Sheet::Icon::alert, {}, QStringLiteral("No text was found on that receipt."));
         alert.addButtons(QStringLiteral("OK"), {});

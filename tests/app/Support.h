@@ -4,6 +4,8 @@
 #include "Tamba/Prompts.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Sheets/AccountSheet.h"
+#include "Tamba/Sheets/BackupSheet.h"
+#include "Tamba/Sheets/ConflictSheet.h"
 #include "Tamba/Sheets/CreditNoteSheet.h"
 #include "Tamba/Sheets/ImportSheet.h"
 #include "Tamba/Sheets/IssueSheet.h"
@@ -30,7 +32,8 @@ struct TestPrompts : Prompts {
     std::optional<std::string> chosenBackup;
     std::optional<MileageTrip> trip;
     std::optional<Client> client;
-    std::optional<Path> file;  // where to save
+    std::optional<Path> file;    // where to save
+    std::optional<Path> folder;  // of books
     std::map<std::string, std::string> keptLayouts;
     std::function<SettingsEdit(const Library&)> changeSettings;
     std::function<RecurringEdit(const Library&)> changeRecurring;
@@ -53,19 +56,24 @@ struct TestPrompts : Prompts {
         return sheet.edit();
     }
     std::optional<Path> pictureFile() override { return file; }
-    std::optional<Path> libraryFolder(const Path&) override { return {}; }
+    std::optional<Path> libraryFolder(const Path&) override { return folder; }
     std::optional<Path> saveFile(const QString&, const std::string& name) override {
         return file ? std::optional(*file / name) : std::nullopt;
     }
-    std::optional<std::string> backup(const std::vector<LibrarySession::Backup>& backups) override {
-        if (backups.empty()) return {};
-        return chosenBackup ? chosenBackup : std::optional(backups.front().name);
+    std::vector<std::size_t> conflicts(const MergeReport& report) override {
+        ConflictSheet sheet(nullptr, report);
+        return accepted(sheet) ? sheet.otherWay() : std::vector<std::size_t>();
+    }
+    std::optional<std::string> backup(const BackupQuestion& question) override {
+        BackupSheet sheet(nullptr, question);
+        if (!accepted(sheet)) return {};
+        return chosenBackup ? chosenBackup : std::optional(sheet.chosen());
     }
     std::optional<MileageTrip> mileage(const Library&, Day) override { return trip; }
     std::optional<RecurringEdit> recurring(const Library& library) override {
         return changeRecurring ? std::optional(changeRecurring(library)) : std::nullopt;
     }
-    std::optional<SettingsEdit> settings(const Library& library, const std::optional<Path>&, Day) override {
+    std::optional<SettingsEdit> settings(const Library& library, const SettingsContext&, Day) override {
         return changeSettings ? std::optional(changeSettings(library)) : std::nullopt;
     }
     std::optional<std::string> newName(const QString&) override { return {}; }

@@ -4,6 +4,8 @@
 #include "tests/app/Support.h"
 
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -20,6 +22,9 @@ void addTestClass(std::function<QObject*()> make) { classes().push_back(std::mov
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
+    // What is remembered between starts is the tests' own.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     tamba::Style::install(application);
     tamba::Style::apply(application, tamba::Colors::make(false, tamba::Icons::colorOf("1E4A66")));
     int failed = 0;

@@ -1,6 +1,7 @@
 #include "Tamba/Sheets/Settings/BusinessPages.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/SetUpRows.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 
@@ -77,18 +78,7 @@ void TaxPage::refresh() {
     form.setRowVisible(taxID_, regime() != TaxRegime::none);
     if (auto* label = qobject_cast<QLabel*>(form.labelForField(taxID_)))
         label->setText(india ? tr("GSTIN") : tr("Tax number"));
-    const std::string id = GSTIN::clean(toStd(taxID_->text()));
-    QString problem;
-    if (india && !id.empty())
-        if (const auto found = GSTIN::validate(id)) problem = toQt(GSTIN::problemText(*found));
-    const auto state = IndianState::of(GSTIN::stateCode(id));
-    Controls::markProblem(*taxID_, problem);
-    if (!problem.isEmpty())
-        form.setNote(*taxIDNote_, problem, "problem");
-    else if (india && !id.empty() && state)
-        form.setNote(*taxIDNote_, toQt(state->label()), "good");
-    else
-        form.setNote(*taxIDNote_, india ? tr("Leave empty while you are not registered.") : QString());
+    form.setNote(*taxIDNote_, *taxID_, taxIDNote(regime(), toStd(taxID_->text())));
     emit edited();
 }
 

@@ -1,22 +1,18 @@
 #include "Tamba/Sheets/Settings/InvoicePages.h"
 
-#include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
+#include "Tamba/Widgets/LookFields.h"
 #include "TambaCore/Documents/UPI.h"
-#include "TambaCore/Pages/Images.h"
 #include "TambaCore/Pages/QRCode.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRegularExpression>
 
 #include <charconv>
 #include <cmath>
@@ -34,34 +30,15 @@ std::optional<int> days(const QLineEdit& field) {
     return number;
 }
 
-bool isColour(const QString& text) {
-    static const QRegularExpression hex(QStringLiteral("^#?[0-9A-Fa-f]{6}$"));
-    return hex.match(text.trimmed()).hasMatch();
-}
-
-std::string hexOf(const QLineEdit& field) { return toStd(field.text().trimmed().remove(QLatin1Char('#')).toUpper()); }
-
-/// A patch of colour, round or with round corners, sharp at any scale.
-QPixmap patch(const QWidget& on, QSize size, const QColor& color, qreal radius) {
-    QPixmap pixmap(size * on.devicePixelRatioF());
-    pixmap.setDevicePixelRatio(on.devicePixelRatioF());
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(color);
-    painter.drawRoundedRect(QRectF(QPointF(), QSizeF(size)), radius, radius);
-    return pixmap;
-}
-
 }  // namespace
 
 InvoicesPage::InvoicesPage(const Business& business, const std::optional<Path>& present,
                            std::function<std::optional<Path>()> chooseLogo, QWidget* parent)
-    : SettingsPage(parent), chooseLogo_(std::move(chooseLogo)), keepsLogo_(business.logoFile.has_value()) {
-    makeLogo();
-    showLogo(present);
-    makeAccent(business.accentHex);
+    : SettingsPage(parent) {
+    logo_ = new LogoField(present, std::move(chooseLogo), this);
+    form.row(tr("Logo"), logo_);
+    accent_ = new AccentField(business.accentHex, this);
+    form.row(tr("Accent colour"), accent_);
     form.section(tr("New invoices"));
     dueDays_ = form.line(tr("Due after"), "dueDays", std::to_string(business.defaultDueDays));
     form.note(tr("Days. A client can have their own."));
@@ -78,95 +55,24 @@ InvoicesPage::InvoicesPage(const Business& business, const std::optional<Path>& 
     terms_ = form.text(tr("Terms"), "terms", 3, business.terms);
     footer_ = form.line(tr("Footer"), "footerText", business.footer);
     signatory_ = form.line(tr("Signed by"), "signatory", business.signatory);
-    for (QLineEdit* field : {accent_, dueDays_}) connect(field, &QLineEdit::textChanged, this, &InvoicesPage::refresh);
+    connect(accent_, &AccentField::edited, this, &InvoicesPage::refresh);
+    connect(dueDays_, &QLineEdit::textChanged, this, &InvoicesPage::refresh);
     refresh();
 }
 
-void InvoicesPage::makeLogo() {
-    auto* box = new QWidget(this);
-    auto* row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(8);
-    logo_ = new QLabel(box);
-    logo_->setObjectName(QStringLiteral("logoPicture"));
-    logo_->setFixedSize(132, 64);
-    logo_->setAlignment(Qt::AlignCenter);
-    logo_->setProperty("role", QStringLiteral("well"));
-    auto* choose = Controls::button(tr("Choose…"), "chooseLogo", Controls::Kind::plain, box);
-    removeLogo_ = Controls::button(tr("Remove"), "removeLogo", Controls::Kind::link, box);
-    row->addWidget(logo_);
-    row->addWidget(choose);
-    row->addWidget(removeLogo_);
-    row->addStretch(1);
-    form.row(tr("Logo"), box);
-    connect(choose, &QPushButton::clicked, this, [this] {
-        const auto file = chooseLogo_();
-        if (!file) return;
-        newLogo_ = file;
-        showLogo(file);
-    });
-    connect(removeLogo_, &QPushButton::clicked, this, [this] {
-        newLogo_.reset();
-        keepsLogo_ = false;
-        showLogo({});
-    });
-}
-
-void InvoicesPage::showLogo(const std::optional<Path>& file) {
-    const auto picture = file ? ImageFile::load(*file) : std::nullopt;
-    removeLogo_->setVisible(file.has_value());
-    if (!picture) return logo_->setText(file ? tr("No picture") : tr("None"));
-    const QImage image(picture->pixels.data(), picture->width, picture->height, picture->width * 4,
-                       QImage::Format_RGBA8888);
-    const qreal ratio = devicePixelRatioF();
-    QPixmap pixmap =
-        QPixmap::fromImage(image.scaled(QSize(120, 54) * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    pixmap.setDevicePixelRatio(ratio);
-    logo_->setPixmap(pixmap);
-}
-
-void InvoicesPage::makeAccent(const std::string& hex) {
-    auto* box = new QWidget(this);
-    auto* row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
-    swatch_ = new QLabel(box);
-    swatch_->setFixedSize(30, 30);
-    accent_ = new QLineEdit(toQt(hex), box);
-    Controls::name(*accent_, "accent", tr("Accent colour"));
-    accent_->setMaxLength(7);
-    accent_->setFixedWidth(96);
-    row->addWidget(swatch_);
-    row->addWidget(accent_);
-    // A few that print well.
-    for (const char* colour : {"1E4A66", "2F5D50", "6B3A5B", "8A4B2A", "3D4A8A", "3A3733"}) {
-        const QString text = QString::fromLatin1(colour);
-        auto* dot = new QToolButton(box);
-        Controls::name(*dot, "accentDot", tr("Colour %1").arg(text));
-        dot->setIcon(patch(*this, QSize(18, 18), Icons::colorOf(colour), 9));
-        dot->setIconSize(QSize(18, 18));
-        dot->setToolTip(text);
-        connect(dot, &QToolButton::clicked, this, [this, text] { accent_->setText(text); });
-        row->addWidget(dot);
-    }
-    row->addStretch(1);
-    form.row(tr("Accent colour"), box);
-}
-
 void InvoicesPage::refresh() {
-    const bool colour = isColour(accent_->text());
-    Controls::markProblem(*accent_, colour ? QString() : tr("Enter six hex digits such as 1E4A66."));
     Controls::markProblem(*dueDays_, days(*dueDays_) ? QString() : tr("Enter a number of days such as 15."));
-    if (colour) swatch_->setPixmap(patch(*this, swatch_->size(), Icons::colorOf(hexOf(*accent_)), 6));
     emit edited();
 }
 
-bool InvoicesPage::isGood() const { return isColour(accent_->text()) && days(*dueDays_); }
+const std::optional<InvoicesPage::Path>& InvoicesPage::newLogo() const { return logo_->chosen(); }
+
+bool InvoicesPage::isGood() const { return accent_->hex() && days(*dueDays_); }
 
 void InvoicesPage::store(Library& library) const {
     Business& business = library.business;
-    if (!keepsLogo_) business.logoFile.reset();
-    if (isColour(accent_->text())) business.accentHex = hexOf(*accent_);
+    if (logo_->isRemoved()) business.logoFile.reset();
+    if (const auto colour = accent_->hex()) business.accentHex = *colour;
     if (const auto number = days(*dueDays_)) business.defaultDueDays = *number;
     business.defaultTaxBP = tax_->currentData().toInt();
     business.roundTotals = round_->isChecked();

@@ -6,9 +6,10 @@
 #include <functional>
 #include <optional>
 
-class QPushButton;
-
 namespace tamba {
+
+class AccentField;
+class LogoField;
 
 /// How invoices look and what a new one begins with.
 class InvoicesPage : public SettingsPage {
@@ -22,21 +23,13 @@ public:
     void store(Library& library) const override;
     [[nodiscard]] bool isGood() const override;
     /// A picture that is to become the logo.
-    [[nodiscard]] const std::optional<Path>& newLogo() const { return newLogo_; }
+    [[nodiscard]] const std::optional<Path>& newLogo() const;
 
 private:
-    void makeLogo();
-    void makeAccent(const std::string& hex);
-    void showLogo(const std::optional<Path>& file);
     void refresh();
 
-    std::function<std::optional<Path>()> chooseLogo_;
-    std::optional<Path> newLogo_;
-    bool keepsLogo_;
-    QLabel* logo_ = nullptr;
-    QPushButton* removeLogo_ = nullptr;
-    QLineEdit* accent_ = nullptr;
-    QLabel* swatch_ = nullptr;
+    LogoField* logo_;
+    AccentField* accent_;
     QLineEdit* dueDays_;
     QComboBox* tax_;
     QCheckBox* round_;

@@ -82,8 +82,13 @@ void RulesPage::store(Library& library) const {
         if (std::find(rules_.begin(), rules_.end(), id) == rules_.end())
             library = Rules::remove(std::move(library), id);
     }
-    for (std::size_t i = 0; i < rules_.size(); ++i)
-        if (library.rules[i].id != rules_[i]) library = Rules::move(std::move(library), rules_[i], i);
+    // A rule may have gone with its category.
+    std::size_t place = 0;
+    for (const UUID& id : rules_) {
+        if (indexOf(library.rules, id) == library.rules.size()) continue;
+        if (library.rules[place].id != id) library = Rules::move(std::move(library), id, place);
+        ++place;
+    }
 }
 
 }  // namespace tamba

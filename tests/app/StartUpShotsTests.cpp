@@ -1,0 +1,108 @@
+#include "Tamba/Icons.h"
+#include "Tamba/Screens/WelcomeScreen.h"
+#include "Tamba/Sheets/SettingsSheet.h"
+#include "Tamba/StartUp.h"
+#include "Tamba/Style.h"
+#include "TambaCore/Documents/Books.h"
+#include "TambaCore/Fixtures.h"
+#include "tests/app/Support.h"
+
+#include <QListWidget>
+
+namespace tamba {
+
+/// Pictures of the first steps, of books that are gone or changed elsewhere, and of the settings of this computer.
+class StartUpShotsTests : public QObject {
+    Q_OBJECT
+
+    QString folder_ = qEnvironmentVariable("TAMBA_SHOTS");
+    QString palette_;
+
+    void shoot(QWidget& widget, const QString& name) {
+        widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        QTest::qWait(200);  // pages that are drawn a moment later
+        const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
+        QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
+    }
+
+    /// What two sides changed in the sample books.
+    static MergeReport conflict(const Library& base) {
+        Library ours = base, theirs = base;
+        ours.expenses.update(0, [](Expense& e) { e.vendor = "Chai Point", e.amount = 12'000; });
+        theirs.expenses.update(0, [](Expense& e) { e.vendor = "Chai Point Koramangala", e.amount = 12'500; });
+        ours.business.terms = "Payment within 15 days.";
+        theirs.business.terms = "Payment within 7 days. Interest of 1.5 % a month is charged on what is late.";
+        ours.clients.update(0, [](Client& c) { c.phone = "98200 12345"; });
+        theirs.clients.erase(0);
+        Merged merged = merge(base, ours, theirs);
+        return {merged.library, ours, theirs, merged.conflicts};
+    }
+
+private slots:
+    void pictures_data() {
+        QTest::addColumn<bool>("dark");
+        QTest::newRow("light") << false;
+        QTest::newRow("dark") << true;
+    }
+
+    void pictures() {
+        QFETCH(bool, dark);
+        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
+        QDir().mkpath(folder_);
+        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
+        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+
+        QTemporaryDir place;
+        const auto path = toPath(place.path());
+        AppModel model([] { return testDay; });
+        Window window(model, std::make_unique<TestPrompts>());
+        window.resize(1200, 760);
+        StartUp startUp(model, window, path / "Books");
+        startUp.begin();
+        auto& welcome = *window.findChild<WelcomeScreen*>();
+        shoot(window, QStringLiteral("welcome-1"));
+        const auto type = [&](const char* field, const char* text) {
+            welcome.findChild<QLineEdit*>(QString::fromLatin1(field))->setText(QString::fromUtf8(text));
+        };
+        type("welcomeName", "Kagaz Studio");
+        type("welcomeTaxID", "27AAPFU0939F1ZX");
+        welcome.showStep(1);
+        shoot(window, QStringLiteral("welcome-2"));
+        type("welcomeTaxID", "27AAPFU0939F1ZV");
+        welcome.showStep(2);
+        shoot(window, QStringLiteral("welcome-3"));
+        welcome.showStep(3);
+        window.resize(960, 620);
+        shoot(window, QStringLiteral("welcome-4"));
+        window.resize(1200, 760);
+        model.open(path / "Gone", AppModel::Expect::books);
+        shoot(window, QStringLiteral("missing"));
+
+        Fixtures::write(LibraryStore(path / "Studio"), testDay);
+        model.open(path / "Studio");
+        const Library& library = model.library();
+        ConflictSheet conflicts(&window, conflict(library));
+        shoot(conflicts, QStringLiteral("sheet-conflicts"));
+        Library less = library;
+        less.expenses.erase(0);
+        less.business.name = "Before";
+        BackupSheet backups(&window, {model.backups(), [&](const std::string&) { return less; }, library});
+        shoot(backups, QStringLiteral("sheet-backup-changes"));
+        SettingsSheet settings(&window, library, testDay, {model.folder(), {}, {}});
+        const auto& titles = *settings.findChild<QListWidget*>(QStringLiteral("settingsPages"));
+        for (int page = 0; page < settings.pageCount(); ++page) {
+            settings.showPage(page);
+            if (titles.item(page)->text() == QStringLiteral("Numbering"))
+                settings.findChild<QPushButton*>(QStringLiteral("addSeries"))->click();
+            shoot(settings, QStringLiteral("settings-page-%1").arg(page + 1));
+        }
+        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
+    }
+};
+
+static const TestClass<StartUpShotsTests> registered;
+
+}  // namespace tamba
+
+#include "StartUpShotsTests.moc"
