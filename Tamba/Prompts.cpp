@@ -151,8 +151,8 @@ std::optional<std::string> DialogPrompts::newName(const QString& title) {
     return name;
 }
 
-std::optional<Client> DialogPrompts::newClient(const Library& library) {
-    ClientSheet sheet(&window_, library);
+std::optional<Client> DialogPrompts::newClient(const Library& library, const std::string& name) {
+    ClientSheet sheet(&window_, library, name);
     if (sheet.exec() != QDialog::Accepted) return {};
     return sheet.client();
 }

@@ -96,8 +96,8 @@ public:
                                                                Day today) = 0;
     /// A name for something new; nothing when given up.
     [[nodiscard]] virtual std::optional<std::string> newName(const QString& title) = 0;
-    /// A new client with all that documents need to know.
-    [[nodiscard]] virtual std::optional<Client> newClient(const Library& library) = 0;
+    /// A new client with all that documents need to know. `name`: what was typed already.
+    [[nodiscard]] virtual std::optional<Client> newClient(const Library& library, const std::string& name) = 0;
     /// A bank account with another name or currency; a new one where the books do not hold it.
     [[nodiscard]] virtual std::optional<BankAccount> bankAccount(const Library& library,
                                                                  const BankAccount& account) = 0;
@@ -143,7 +143,7 @@ public:
     std::optional<RecurringEdit> recurring(const Library& library) override;
     std::optional<SettingsEdit> settings(const Library& library, const SettingsContext& context, Day today) override;
     std::optional<std::string> newName(const QString& title) override;
-    std::optional<Client> newClient(const Library& library) override;
+    std::optional<Client> newClient(const Library& library, const std::string& name) override;
     std::optional<BankAccount> bankAccount(const Library& library, const BankAccount& account) override;
     std::vector<Bank::Share> shares(const Library& library, const BankTransaction& line) override;
     std::optional<Day> issue(const Library& library, const Document& draft, Day today) override;

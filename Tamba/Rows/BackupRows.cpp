@@ -82,8 +82,8 @@ std::vector<std::string> changesText(const Library& present, const Library& back
     add(changes.items, {"item", "items"});
     add(changes.accounts, {"bank account", "bank accounts"});
     add(changes.series, {"number series", "number series"});
-    if (changes.business) texts.push_back("Other settings of the business");
-    if (present.rates != backup.rates) texts.push_back("Other exchange rates");
+    if (changes.business) texts.push_back("other settings of the business");
+    if (present.rates != backup.rates) texts.push_back("other exchange rates");
     return texts;
 }
 

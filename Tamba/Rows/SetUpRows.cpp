@@ -68,7 +68,7 @@ LookSample lookSample(Library library, Day today) {
                      Line::make("Print supervision", 2500, 800'000, library.business.defaultTaxBP)};
     library = Books::addDraft(std::move(library), invoice);
     try {
-        library = Books::issue(std::move(library), invoice.id, today);
+        library = Books::issue(library, invoice.id, today);
     } catch (const BooksError&) {
         // What keeps it from being issued, a missing GSTIN say, is said when it matters.
     }

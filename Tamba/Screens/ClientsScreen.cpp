@@ -205,7 +205,7 @@ void ClientsScreen::select(const UUID& client) {
 }
 
 void ClientsScreen::newClient() {
-    const auto client = prompts_.newClient(model_.library());
+    const auto client = prompts_.newClient(model_.library(), {});
     if (!client) return;
     if (model_.perform(tr("New Client"),
                        [client](Library library, Day) { return Clients::put(std::move(library), *client); }))

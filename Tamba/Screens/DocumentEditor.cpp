@@ -189,6 +189,12 @@ QWidget* DocumentEditor::makeFoot() {
 
 void DocumentEditor::connectFields() {
     connect(client_, &QComboBox::activated, this, [this] { takeClient(); });
+    connect(client_->lineEdit(), &QLineEdit::returnPressed, this, [this] {
+        // Whoever enters a name that nobody has means somebody new; leaving the field may be a slip.
+        const QString name = client_->currentText().trimmed();
+        const bool chosen = client_->currentIndex() >= 0 && client_->itemText(client_->currentIndex()) == name;
+        if (!filling_ && draft() && !name.isEmpty() && !chosen && !clientMeant(name)) newClient(toStd(name));
+    });
     connect(client_->lineEdit(), &QLineEdit::editingFinished, this, [this] { takeClient(); });
     connect(date_, &QDateEdit::dateChanged, this, [this](const QDate& date) {
         apply([day = dayOf(date)](const Library&, Document draft) {
@@ -273,7 +279,7 @@ void DocumentEditor::takeClient() {
     if (filling_ || !present) return;
     if (client_->currentData().toString() == newEntry &&
         client_->currentText() == client_->itemText(client_->currentIndex()))
-        return newClient();
+        return newClient({});
     const QString text = client_->currentText().trimmed();
     const std::optional<UUID> wanted = clientMeant(text);
     const bool unknown = !text.isEmpty() && !wanted;
@@ -306,8 +312,9 @@ std::optional<UUID> DocumentEditor::clientMeant(const QString& text) const {
     return {};
 }
 
-void DocumentEditor::newClient() {
-    const auto client = prompts_.newClient(model_.library());
+void DocumentEditor::newClient(const std::string& name) {
+    const auto client = prompts_.newClient(model_.library(), name);
+    if (!client && !name.empty()) return;  // what was typed stays, to be put right
     const Document* present = draft();
     client_->lineEdit()->setModified(false);
     if (client && present)
@@ -317,6 +324,7 @@ void DocumentEditor::newClient() {
             return now ? Books::replaceDraft(library, Books::withClient(library, *now, client.id)) : library;
         });
     refresh();
+    if (client) focusLines();
 }
 
 void DocumentEditor::takeReference() {

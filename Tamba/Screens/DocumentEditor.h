@@ -73,7 +73,7 @@ private:
     /// Changes the draft in one step; gives the sentence where that is refused.
     QString apply(const Change& change);
     void takeClient();
-    void newClient();
+    void newClient(const std::string& name);
     void takeReference();
     void takeRate();
     void takeText(GrowingText& field, std::string Document::* member);

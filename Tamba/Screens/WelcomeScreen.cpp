@@ -113,18 +113,25 @@ WelcomeScreen::WelcomeScreen(AppModel& model, Prompts& prompts, QWidget* parent)
     rows->setSpacing(0);
     steps_ = new Steps(this);
     pages_ = new QStackedWidget(this);
+    pages_->setFixedWidth(fieldsWidth);
+    // What is typed is seen where it will stand.
+    sample_ = new Sample(this);
     makeBusiness();
     makeTax();
     makeLook();
     makePlace();
     auto* middle = new QWidget(this);
     middle->setFixedWidth(fieldsWidth + 40 + 300);
-    auto* column = new QVBoxLayout(middle);
-    column->setContentsMargins(0, 0, 0, 0);
+    auto* columns = new QHBoxLayout(middle);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(40);
+    auto* column = new QVBoxLayout;
     column->setSpacing(20);
     column->addWidget(steps_);
-    column->addWidget(pages_);
+    column->addWidget(pages_, 1);
     column->addWidget(makeButtons());
+    columns->addLayout(column);
+    columns->addWidget(sample_, 0, Qt::AlignTop);
     rows->addStretch(1);
     rows->addWidget(middle, 0, Qt::AlignHCenter);
     rows->addStretch(2);
@@ -150,13 +157,8 @@ WelcomeScreen::WelcomeScreen(AppModel& model, Prompts& prompts, QWidget* parent)
     showStep(0);
 }
 
-Form* WelcomeScreen::addStep(const QString& title, const QString& words, QWidget* beside) {
-    auto* page = new QWidget(pages_);
-    auto* columns = new QHBoxLayout(page);
-    columns->setContentsMargins(0, 0, 0, 0);
-    columns->setSpacing(40);
-    auto* fields = new QWidget(page);
-    fields->setFixedWidth(fieldsWidth);
+Form* WelcomeScreen::addStep(const QString& title, const QString& words) {
+    auto* fields = new QWidget(pages_);
     auto* column = new QVBoxLayout(fields);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
@@ -169,10 +171,7 @@ Form* WelcomeScreen::addStep(const QString& title, const QString& words, QWidget
     form->setNoteWidth(fieldsWidth - 140);
     column->addLayout(form);
     column->addStretch(1);
-    columns->addWidget(fields);
-    if (beside) columns->addWidget(beside, 0, Qt::AlignTop);
-    columns->addStretch(1);
-    pages_->addWidget(page);
+    pages_->addWidget(fields);
     return form;
 }
 
@@ -201,10 +200,8 @@ void WelcomeScreen::makeTax() {
 }
 
 void WelcomeScreen::makeLook() {
-    sample_ = new Sample(this);
-    sample_->setObjectName(QStringLiteral("welcomeSample"));
-    lookForm_ = addStep(tr("How should invoices look?"), tr("A colour, a logo if you have one, and how numbers begin."),
-                        sample_);
+    lookForm_ =
+        addStep(tr("How should invoices look?"), tr("A colour, a logo if you have one, and how numbers begin."));
     const Business& business = model_.library().business;
     accent_ = new AccentField(business.accentHex, this);
     lookForm_->row(tr("Accent colour"), accent_);
@@ -242,14 +239,14 @@ QWidget* WelcomeScreen::makeButtons() {
     next_ = Controls::button(tr("Next"), "welcomeNext", Controls::Kind::primary, box);
     back_ = Controls::button(tr("Back"), "welcomeBack", Controls::Kind::plain, box);
     lookAround_ = Controls::button(tr("Look Around First"), "welcomeLookAround", Controls::Kind::plain, box);
-    skip_ = Controls::button(tr("Skip the Rest"), "welcomeSkip", Controls::Kind::link, box);
+    skip_ = Controls::button(tr("Skip to My First Invoice"), "welcomeSkip", Controls::Kind::link, box);
     sampleBooks_ = Controls::button(tr("Explore the Sample Books"), "welcomeSample", Controls::Kind::link, box);
     for (QPushButton* button : {next_, lookAround_, back_, skip_, sampleBooks_}) row->addWidget(button);
     row->addStretch(1);
     first_.back() = next_;
     connect(next_, &QPushButton::clicked, this, &WelcomeScreen::next);
     connect(back_, &QPushButton::clicked, this, [this] { showStep(steps_->step() - 1); });
-    connect(skip_, &QPushButton::clicked, this, [this] { finish(false); });
+    connect(skip_, &QPushButton::clicked, this, [this] { finish(true); });
     connect(lookAround_, &QPushButton::clicked, this, [this] { finish(false); });
     connect(sampleBooks_, &QPushButton::clicked, this, &WelcomeScreen::sampleChosen);
     return box;

@@ -37,7 +37,7 @@ private:
     class Steps;
     class Sample;
     /// The form of one step under its title.
-    Form* addStep(const QString& title, const QString& words, QWidget* beside = nullptr);
+    Form* addStep(const QString& title, const QString& words);
     void makeBusiness();
     void makeTax();
     void makeLook();

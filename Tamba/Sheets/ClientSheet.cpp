@@ -6,9 +6,10 @@
 
 namespace tamba {
 
-ClientSheet::ClientSheet(QWidget* parent, const Library& library) : Sheet(parent, Icon::none, tr("New Client"), {}) {
+ClientSheet::ClientSheet(QWidget* parent, const Library& library, const std::string& name)
+    : Sheet(parent, Icon::none, tr("New Client"), {}) {
     form_ = new ClientForm(this);
-    Client blank = Client::make({});
+    Client blank = Client::make(name);
     blank.currency = library.home().code;
     form_->show(blank, library.business.defaultDueDays);
     body().addWidget(form_);

@@ -3,6 +3,8 @@
 #include "Tamba/Sheets/Sheet.h"
 #include "TambaCore/Model/Models.h"
 
+#include <string>
+
 namespace tamba {
 
 class ClientForm;
@@ -12,7 +14,8 @@ class ClientSheet : public Sheet {
     Q_OBJECT
 
 public:
-    ClientSheet(QWidget* parent, const Library& library);
+    /// `name`: what was typed already.
+    ClientSheet(QWidget* parent, const Library& library, const std::string& name = {});
     [[nodiscard]] Client client() const;
 
 private:

@@ -77,15 +77,17 @@ void LogoField::show(const std::optional<Path>& file) {
 AccentField::AccentField(const std::string& hex, QWidget* parent, const char* name) : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
+    row->setSpacing(2);
     swatch_ = new QLabel(this);
     swatch_->setFixedSize(30, 30);
     digits_ = new QLineEdit(toQt(hex), this);
     Controls::name(*digits_, name, tr("Colour"));
     digits_->setMaxLength(7);
-    digits_->setFixedWidth(96);
+    digits_->setFixedWidth(88);
     row->addWidget(swatch_);
+    row->addSpacing(4);
     row->addWidget(digits_);
+    row->addSpacing(4);
     // A few that print well.
     for (const char* colour : {"1E4A66", "2F5D50", "6B3A5B", "8A4B2A", "3D4A8A", "3A3733"}) {
         const QString text = QString::fromLatin1(colour);
@@ -93,6 +95,7 @@ AccentField::AccentField(const std::string& hex, QWidget* parent, const char* na
         Controls::name(*dot, "accentDot", tr("Colour %1").arg(text));
         dot->setIcon(patch(*this, QSize(18, 18), Icons::colorOf(colour), 9));
         dot->setIconSize(QSize(18, 18));
+        dot->setFixedSize(28, 28);
         dot->setToolTip(text);
         connect(dot, &QToolButton::clicked, this, [this, text] { digits_->setText(text); });
         row->addWidget(dot);

@@ -128,7 +128,7 @@ private slots:
         then.business.name = "Before";
         QVERIFY(changesText(now, now).empty());
         QVERIFY(changesText(now, then) == (std::vector<std::string>{"1 expense fewer and 1 changed", "1 client more",
-                                                                    "Other settings of the business"}));
+                                                                    "other settings of the business"}));
         QCOMPARE(countsText(before), std::string("No records"));
         QCOMPARE(countsText(then), std::string("2 expenses · 1 client"));
 

@@ -47,6 +47,16 @@ private slots:
         }
     }
 
+    void aSampleInvoiceShowsAlsoBeforeThereIsAGSTIN() {
+        QCOMPARE(lookSample(Library::make(), testDay).invoice.state, DocState::draft);
+        SetUp kagaz;
+        kagaz.name = "Kagaz";
+        kagaz.taxID = "27AAPFU0939F1ZV";
+        kagaz.prefix = " KS ";
+        QCOMPARE(lookSample(withSetUp(Library::make(), kagaz), testDay).invoice.displayNumber(),
+                 std::string("KS/26-27/001"));
+    }
+
     void booksThatAreGoneAreAskedAbout() {
         QTemporaryDir place;
         const auto folder = toPath(place.path()) / "Books", elsewhere = toPath(place.path()) / "Moved";

@@ -5,6 +5,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Sheets/AccountSheet.h"
 #include "Tamba/Sheets/BackupSheet.h"
+#include "Tamba/Sheets/ClientSheet.h"
 #include "Tamba/Sheets/ConflictSheet.h"
 #include "Tamba/Sheets/CreditNoteSheet.h"
 #include "Tamba/Sheets/ImportSheet.h"
@@ -77,7 +78,11 @@ struct TestPrompts : Prompts {
         return changeSettings ? std::optional(changeSettings(library)) : std::nullopt;
     }
     std::optional<std::string> newName(const QString&) override { return {}; }
-    std::optional<Client> newClient(const Library&) override { return client; }
+    std::optional<Client> newClient(const Library& library, const std::string& name) override {
+        if (client || !drive) return client;
+        ClientSheet sheet(nullptr, library, name);
+        return accepted(sheet) ? std::optional(sheet.client()) : std::nullopt;
+    }
     std::optional<BankAccount> bankAccount(const Library& library, const BankAccount& account) override {
         AccountSheet sheet(nullptr, library, account);
         return accepted(sheet) ? std::optional(sheet.account()) : std::nullopt;
