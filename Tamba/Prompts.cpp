@@ -100,6 +100,13 @@ std::optional<Prompts::Path> DialogPrompts::pictureFile() {
     return toPath(file);
 }
 
+std::optional<Prompts::Path> DialogPrompts::targetFolder(const QString& title) {
+    const QString start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString folder = QFileDialog::getExistingDirectory(&window_, title, start);
+    if (folder.isEmpty()) return {};
+    return toPath(folder);
+}
+
 std::optional<Prompts::Path> DialogPrompts::saveFile(const QString& title, const std::string& name) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString file = QFileDialog::getSaveFileName(&window_, title, folder + QLatin1Char('/') + toQt(name));

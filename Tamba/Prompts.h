@@ -85,6 +85,8 @@ public:
     [[nodiscard]] virtual std::optional<StatementEdit> statement(const Library& library, StatementFile file) = 0;
     [[nodiscard]] virtual std::optional<Path> pictureFile() = 0;
     [[nodiscard]] virtual std::optional<Path> libraryFolder(const Path& present) = 0;
+    /// A folder that something is to be put into.
+    [[nodiscard]] virtual std::optional<Path> targetFolder(const QString& title) = 0;
     /// Where a new file is to go; an existing one of that name may be replaced.
     [[nodiscard]] virtual std::optional<Path> saveFile(const QString& title, const std::string& name) = 0;
     /// The places in the report at which the other side is to have its way.
@@ -136,6 +138,7 @@ public:
     std::optional<StatementEdit> statement(const Library& library, StatementFile file) override;
     std::optional<Path> pictureFile() override;
     std::optional<Path> libraryFolder(const Path& present) override;
+    std::optional<Path> targetFolder(const QString& title) override;
     std::optional<Path> saveFile(const QString& title, const std::string& name) override;
     std::vector<std::size_t> conflicts(const MergeReport& report) override;
     std::optional<std::string> backup(const BackupQuestion& question) override;

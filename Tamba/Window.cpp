@@ -82,6 +82,7 @@ Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::
     connectOverview();
     connectProjects();
     connectDocuments();
+    connectReports();
     // A file dropped on a field is read, too, and no text to be typed there.
     for (QWidget* widget : frame->findChildren<QWidget*>()) widget->setAcceptDrops(false);
 
@@ -149,6 +150,7 @@ void Window::makePages() {
                           [this] { bank_->focusSearch(); },
                           [this] { bank_->deleteSelected(); },
                           {}};
+    makeReports();
     for (const Page& each : screens_) pages_->addWidget(each.widget);
 }
 

@@ -30,6 +30,8 @@ class FolderActions;
 class InvoicesScreen;
 class OverviewScreen;
 class ProjectsScreen;
+class ReportFiles;
+class ReportsScreen;
 class SearchPalette;
 struct OverviewGoal;
 class StatementImport;
@@ -101,6 +103,10 @@ private:
     void makeSearch(QMenu& edit);
     void showRecord(Search::Kind kind, const UUID& id);
 
+    // WindowReports.cpp
+    void makeReports();
+    void connectReports();
+
     void connectScreens();
     // WindowOverview.cpp
     void connectOverview();
@@ -137,6 +143,8 @@ private:
     ProjectsScreen* projects_;
     ClientPages* clientPages_;
     BankScreen* bank_;
+    ReportFiles* reportFiles_ = nullptr;
+    ReportsScreen* reports_ = nullptr;
     std::array<Page, std::size(allScreens)> screens_;
     Screen screen_ = Screen::overview;
     EmptyState* problem_;

@@ -6,6 +6,8 @@
 #include <QHBoxLayout>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace tamba {
 
 PeriodPicker::PeriodPicker(Day today, int fyStartMonth, QWidget* parent)
@@ -38,6 +40,11 @@ void PeriodPicker::setYearStart(int fyStartMonth) {
     refresh();
 }
 
+void PeriodPicker::offer(std::vector<Span> spans) {
+    offered_ = std::move(spans);
+    refresh();
+}
+
 void PeriodPicker::choose(Span span, Day day) {
     span_ = span;
     day_ = day;
@@ -55,14 +62,23 @@ void PeriodPicker::refresh() {
         action->setCheckable(true);
         action->setChecked(span == span_ && (span == Span::all || daysOf(span, day, fyStartMonth_) == days()));
     };
-    add(tr("All Time"), Span::all, today_);
+    const auto offers = [this](Span span) {
+        return std::find(offered_.begin(), offered_.end(), span) != offered_.end();
+    };
+    if (offers(Span::all)) {
+        add(tr("All Time"), Span::all, today_);
+        menu->addSeparator();
+    }
+    if (offers(Span::month)) {
+        add(tr("This Month"), Span::month, today_);
+        add(tr("Last Month"), Span::month, stepped(Span::month, today_, -1));
+    }
+    if (offers(Span::quarter)) {
+        add(tr("This Quarter"), Span::quarter, today_);
+        add(tr("Last Quarter"), Span::quarter, stepped(Span::quarter, today_, -1));
+    }
     menu->addSeparator();
-    add(tr("This Month"), Span::month, today_);
-    add(tr("Last Month"), Span::month, stepped(Span::month, today_, -1));
-    add(tr("This Quarter"), Span::quarter, today_);
-    add(tr("Last Quarter"), Span::quarter, stepped(Span::quarter, today_, -1));
-    menu->addSeparator();
-    for (int back = 0; back < 3; ++back) {
+    for (int back = 0; offers(Span::year) && back < 3; ++back) {
         const Day day = stepped(Span::year, today_, -back);
         add(toQt(titleOf(Span::year, day, fyStartMonth_)), Span::year, day);
     }

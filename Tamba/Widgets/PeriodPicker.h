@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-#include <functional>
+#include <vector>
 
 class QToolButton;
 
@@ -19,6 +19,10 @@ public:
     [[nodiscard]] std::optional<Period> days() const;
     void choose(Span span, Day day);
     void setYearStart(int fyStartMonth);
+    /// What can be chosen; without months and quarters, the years alone. All of them unless said otherwise.
+    void offer(std::vector<Span> spans);
+    [[nodiscard]] Span span() const { return span_; }
+    [[nodiscard]] Day day() const { return day_; }
 
 signals:
     void chosen();
@@ -28,6 +32,7 @@ private:
     Day today_, day_;
     int fyStartMonth_;
     Span span_ = Span::all;
+    std::vector<Span> offered_{Span::month, Span::quarter, Span::year, Span::all};
     QToolButton* earlier_;
     QToolButton* label_;
     QToolButton* later_;

@@ -127,6 +127,8 @@ QString title(Screen screen) {
             return QObject::tr("Clients");
         case Screen::bank:
             return QObject::tr("Bank");
+        case Screen::reports:
+            return QObject::tr("Reports");
     }
     return {};
 }
@@ -162,7 +164,8 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
                                                                         {"receipt", "screenExpenses"},
                                                                         {"document", "screenInvoices"},
                                                                         {"people", "screenClients"},
-                                                                        {"category-bank", "screenBank"}};
+                                                                        {"category-bank", "screenBank"},
+                                                                        {"reports", "screenReports"}};
         const auto& [icon, name] = looks[static_cast<std::size_t>(screen)];
         SidebarItem* item = addItem(icon, title(screen), name, false);
         item->setToolTip(tr("Ctrl+%1").arg(static_cast<int>(screen) + 1));

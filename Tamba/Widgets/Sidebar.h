@@ -16,9 +16,9 @@ namespace tamba {
 class SidebarItem;
 
 /// The screens in the sidebar's order, which is also that of Ctrl+1, Ctrl+2 and so on.
-enum class Screen { overview, expenses, invoices, clients, bank };
-inline constexpr Screen allScreens[] = {Screen::overview, Screen::expenses, Screen::invoices, Screen::clients,
-                                        Screen::bank};
+enum class Screen { overview, expenses, invoices, clients, bank, reports };
+inline constexpr Screen allScreens[] = {Screen::overview, Screen::expenses, Screen::invoices,
+                                        Screen::clients,  Screen::bank,     Screen::reports};
 [[nodiscard]] QString title(Screen screen);
 
 /// The left edge of the window: whose books these are, what can be looked at with counts of what waits, and whether all

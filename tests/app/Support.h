@@ -58,6 +58,7 @@ struct TestPrompts : Prompts {
     }
     std::optional<Path> pictureFile() override { return file; }
     std::optional<Path> libraryFolder(const Path&) override { return folder; }
+    std::optional<Path> targetFolder(const QString&) override { return file; }
     std::optional<Path> saveFile(const QString&, const std::string& name) override {
         return file ? std::optional(*file / name) : std::nullopt;
     }

@@ -1,0 +1,42 @@
+#include "Tamba/ReportFiles.h"
+#include "Tamba/Screens/ExpensesScreen.h"
+#include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Screens/ReportsScreen.h"
+#include "Tamba/Widgets/Overlays.h"
+#include "Tamba/Window.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace tamba {
+
+void Window::makeReports() {
+    reportFiles_ = new ReportFiles(model_, *prompts_, this);
+    reports_ = new ReportsScreen(model_, *reportFiles_, pages_);
+    screens_[static_cast<std::size_t>(Screen::reports)] = {reports_,
+                                                           tr("&New Invoice"),
+                                                           [this] { documents_->create(DocKind::invoice); },
+                                                           [this] { reports_->setFocus(); },
+                                                           [] {},
+                                                           [this] { reports_->print(); }};
+}
+
+void Window::connectReports() {
+    connect(reports_, &ReportsScreen::documentChosen, documents_, &DocumentActions::documentChosen);
+    connect(reports_, &ReportsScreen::expenseChosen, this, [this](const UUID& id) {
+        showScreen(Screen::expenses);
+        expenses_->select({id});
+    });
+    connect(reportFiles_, &ReportFiles::progressed, this, [this](const QString& what, int done, int count) {
+        strip_->show(what, done, count);
+        strip_->setCancellable(true);
+    });
+    connect(reportFiles_, &ReportFiles::ended, this, &Window::hideStrip);
+    connect(reportFiles_, &ReportFiles::cancelled, this, [this] { toast_->show(tr("Cancelled")); });
+    connect(strip_, &ActivityStrip::cancelled, reportFiles_, &ReportFiles::cancel);
+    connect(reportFiles_, &ReportFiles::saved, this, [this](const QString& sentence, const QString& place) {
+        toast_->show(sentence, tr("Show"), [place] { QDesktopServices::openUrl(QUrl::fromLocalFile(place)); });
+    });
+}
+
+}  // namespace tamba
