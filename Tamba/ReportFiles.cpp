@@ -97,7 +97,8 @@ void ReportFiles::savePortalFile(const ReportPage& page) {
 void ReportFiles::print(const ReportPage& page) {
     if (page.tables.empty()) return;
     prompts_.print(toQt(fileNameOf(page.choice, model_.library())),
-                   TablePDF::render(model_.library().business, page.tables, model_.today()));
+                   TablePDF::render(model_.library().business,
+                                    {std::string(title(page.choice.kind)), page.tables, model_.today()}));
 }
 
 void ReportFiles::saveJournal(IncomeBasis basis) {

@@ -13,6 +13,9 @@ namespace {
 
 using Measure = ReportRecords::Measure;
 
+constexpr const char* checkOnThePortal =
+    "These figures are for preparation. Check every one of them on the portal before you file.";
+
 std::string amountText(const Library& library, std::int64_t minor) {
     return MoneyFormat::string(minor, library.home());
 }
@@ -134,18 +137,14 @@ void fillSummary(ReportPage& page, const Library& library, const Period& period)
     const GSTReturns::GSTR3B summary = GSTReturns::gstr3b(library, outward);
     page.tables = ReportTables::gstr3b(library, summary);
     addProblems(page, library, outward);
-    addExpenses(page, summary.withoutGSTIN, "claims tax, but has no valid GSTIN of the vendor. That is no credit.",
-                "claim tax, but have no valid GSTIN of the vendor. That is no credit.");
-    addExpenses(page, summary.wrongState, "claims CGST and SGST of another state. That credit is lost.",
-                "claim CGST and SGST of another state. That credit is lost.");
-    addExpenses(page, summary.foreign,
-                "is in foreign currency. A service from abroad is taxed under reverse charge, which is not in these "
-                "figures.",
-                "are in foreign currency. A service from abroad is taxed under reverse charge, which is not in these "
-                "figures.");
-    page.advice =
-        "For preparation only. Credit counts where the vendor’s invoice is in GSTR-2B. Check every figure on the "
-        "portal before you file.";
+    // In the words that stand under the table, which are then not shown a second time.
+    const auto tell = [&](const std::vector<UUID>& expenses, const char* what) {
+        addExpenses(page, expenses, what, what);
+    };
+    tell(summary.withoutGSTIN, "with claimed tax, but no valid GSTIN of the vendor: that is no credit.");
+    tell(summary.wrongState, "with CGST and SGST of another state: that credit is lost.");
+    tell(summary.foreign, "in foreign currency: a service from abroad is taxed under reverse charge.");
+    page.advice = checkOnThePortal;
 }
 
 void fillComposition(ReportPage& page, const Library& library, const Period& period) {
@@ -159,7 +158,7 @@ void fillComposition(ReportPage& page, const Library& library, const Period& per
                                                 " documents go out of your state, which the scheme does not allow.",
                                       "Out of your state", turnover.outOfState, {}));
     addLeftOut(page, turnover.leftOut, {});
-    page.advice = "For preparation only. Check the figures on the portal before you file.";
+    page.advice = checkOnThePortal;
 }
 
 bool isEmpty(const ReportPage& page) {
@@ -183,7 +182,7 @@ std::vector<ReportKind> reportsFor(const Business& business) {
     if (business.regime != TaxRegime::none && business.regime != TaxRegime::gstComposition)
         kinds.push_back(ReportKind::inputTax);
     // Also without GST: clients in India deduct income tax.
-    if (business.isIndia()) kinds.push_back(ReportKind::tds);
+    if (business.country == "IN") kinds.push_back(ReportKind::tds);
     kinds.push_back(ReportKind::mileage);
     kinds.push_back(ReportKind::yearEnd);
     return kinds;
@@ -320,7 +319,7 @@ ReportPage reportPage(const Library& library, const ReportChoice& choice, Day to
             const GSTReturns::GSTR1 outward = GSTReturns::gstr1(library, period);
             page.tables = ReportTables::gstr1(library, outward);
             addProblems(page, library, outward);
-            page.advice = "For preparation only. Check every figure on the portal before you file.";
+            page.advice = checkOnThePortal;
             break;
         }
         case ReportKind::summary:

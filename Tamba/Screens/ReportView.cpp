@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Screens/YearEndCard.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/BarChart.h"
 #include "Tamba/Widgets/Controls.h"
@@ -62,8 +63,9 @@ void ReportView::show(const ReportPage& page, const Library& library) {
     const int position = page.choice == page_.choice ? verticalScrollBar()->value() : 0;
     begin();
     page_ = page;
+    if (page_.choice.kind == ReportKind::yearEnd) addYearEnd(library);
     addRemarks();
-    if (page_.empty) {
+    if (page_.empty && page_.choice.kind != ReportKind::yearEnd) {
         auto* empty = new EmptyState(content_);
         const bool owed = page_.choice.kind == ReportKind::owed;
         empty->set(QStringLiteral("reports"), owed ? tr("Nobody owes you anything") : tr("Nothing in this time"),
@@ -154,6 +156,14 @@ QWidget* ReportView::remarkLine(std::size_t index) {
         emit expenseChosen(records.expenseIDs.front());
     });
     return line;
+}
+
+void ReportView::addYearEnd(const Library& library) {
+    auto* card = new YearEndCard(toQt(titleOf(Span::year, page_.choice.day, library.fyStart())), content_);
+    rows_->addWidget(card);
+    connect(card, &YearEndCard::bundleChosen, this, &ReportView::bundleChosen);
+    connect(card, &YearEndCard::journalChosen, this, &ReportView::journalChosen);
+    connect(card, &YearEndCard::booksChosen, this, &ReportView::booksChosen);
 }
 
 void ReportView::addChart(const Library& library) {

@@ -31,6 +31,9 @@ signals:
     /// A remark about one record leads to it at once.
     void documentChosen(const tamba::UUID& id);
     void expenseChosen(const tamba::UUID& id);
+    void bundleChosen();
+    void journalChosen(tamba::IncomeBasis basis);
+    void booksChosen();
     void printChosen();
     void saveChosen();
 
@@ -46,6 +49,7 @@ private:
     void addChart(const Library& library);
     void addShares();
     void addTable(const Table& table);
+    void addYearEnd(const Library& library);
     void addNote(const std::string& sentence, QVBoxLayout& to);
 
     ReportPage page_;

@@ -4,7 +4,6 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/RecordsPane.h"
 #include "Tamba/Screens/ReportView.h"
-#include "Tamba/Screens/YearEndCard.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/ListParts.h"
@@ -51,9 +50,7 @@ ReportsScreen::ReportsScreen(AppModel& model, ReportFiles& files, QWidget* paren
     auto* middle = new QVBoxLayout(body_);
     middle->setContentsMargins(0, 0, 0, 0);
     middle->setSpacing(0);
-    yearEnd_ = new YearEndCard(body_);
     view_ = new ReportView(body_);
-    middle->addWidget(yearEnd_);
     middle->addWidget(view_, 1);
     columns->addWidget(body_, 1);
     pane_ = new RecordsPane(this);
@@ -98,13 +95,17 @@ QWidget* ReportsScreen::makeHeader() {
     print_ = Controls::iconButton(QStringLiteral("print"), tr("Print (Ctrl+P)"), "printReport", header);
     save_ = Controls::button({}, "saveReport", Controls::Kind::plain, header);
     portal_ = Controls::button(tr("Save the Portal’s File…"), "savePortalFile", Controls::Kind::primary, header);
-    top->addWidget(title_, 1);
+    // Where there is no room for the list.
+    narrowList_ = makeChoice(header);
+    Controls::name(*narrowList_, "narrowReports", tr("Report"));
+    narrowList_->setMinimumWidth(170);
+    top->addWidget(title_);
+    top->addWidget(narrowList_);
+    top->addStretch(1);
     top->addWidget(copy_);
     top->addWidget(print_);
     top->addWidget(save_);
     top->addWidget(portal_);
-    narrowList_ = makeChoice(header);
-    Controls::name(*narrowList_, "narrowReports", tr("Report"));
     period_ = new PeriodPicker(model_.today(), model_.library().fyStart(), header);
     basis_ = new Segments({{toQt(tamba::title(IncomeBasis::accrual)), "basisAccrual"},
                            {toQt(tamba::title(IncomeBasis::cash)), "basisCash"}},
@@ -114,7 +115,8 @@ QWidget* ReportsScreen::makeHeader() {
     rate_->addItem(tr("6% · services"));
     rate_->addItem(tr("5% · restaurants"));
     rate_->addItem(tr("1% · goods"));
-    tools->addWidget(narrowList_);
+    asOf_ = Controls::label({}, "field", header);
+    tools->addWidget(asOf_);
     tools->addWidget(period_);
     tools->addWidget(basis_);
     tools->addWidget(rate_);
@@ -164,13 +166,11 @@ void ReportsScreen::makeList() {
 }
 
 void ReportsScreen::connectFiles() {
-    connect(yearEnd_, &YearEndCard::bundleChosen, this, [this] {
+    connect(view_, &ReportView::bundleChosen, this, [this] {
         files_.makeBundle(choice_.day.financialYear(yearStartOf(ReportKind::yearEnd, model_.library())));
     });
-    connect(yearEnd_, &YearEndCard::journalChosen, &files_, &ReportFiles::saveJournal);
-    connect(yearEnd_, &YearEndCard::tablesChosen, this, [this] { files_.saveBooks(choice_); });
-    connect(&files_, &ReportFiles::progressed, this, [this] { yearEnd_->setBusy(true); });
-    connect(&files_, &ReportFiles::ended, this, [this] { yearEnd_->setBusy(false); });
+    connect(view_, &ReportView::journalChosen, &files_, &ReportFiles::saveJournal);
+    connect(view_, &ReportView::booksChosen, this, [this] { files_.saveBooks(choice_); });
 }
 
 void ReportsScreen::fillList() {
@@ -222,6 +222,8 @@ void ReportsScreen::refreshHeader() {
         period_->choose(choice_.span, choice_.day);
     }
     period_->setVisible(!spans.empty());
+    asOf_->setText(tr("As of %1").arg(toQt(model_.today().formatted("d MMMM yyyy"))));
+    asOf_->setVisible(spans.empty());
     basis_->setVisible(choice_.kind == ReportKind::profit);
     basis_->choose(static_cast<int>(choice_.basis));
     rate_->setVisible(choice_.kind == ReportKind::composition);
@@ -229,8 +231,6 @@ void ReportsScreen::refreshHeader() {
     rate_->setCurrentIndex(
         static_cast<int>(std::find(rates.begin(), rates.end(), choice_.compositionBP) - rates.begin()));
     const bool isYearEnd = choice_.kind == ReportKind::yearEnd;
-    yearEnd_->setVisible(isYearEnd);
-    yearEnd_->setYear(toQt(titleOf(Span::year, choice_.day, model_.library().fyStart())));
     for (QWidget* widget : {static_cast<QWidget*>(copy_), static_cast<QWidget*>(print_), static_cast<QWidget*>(save_)})
         widget->setVisible(!isYearEnd);
     portal_->setVisible(choice_.kind == ReportKind::outward || choice_.kind == ReportKind::summary);

@@ -22,7 +22,6 @@ class PeriodPicker;
 class RecordsPane;
 class ReportView;
 class Segments;
-class YearEndCard;
 
 /// The list of reports, the chosen one with its period, and beside it the records behind a figure that was clicked.
 /// Figures are worked out when they are shown, on a thread of their own where the books are large.
@@ -74,6 +73,7 @@ private:
     QListWidget* list_;
     QComboBox* narrowList_ = nullptr;
     QLabel* title_ = nullptr;
+    QLabel* asOf_ = nullptr;
     PeriodPicker* period_ = nullptr;
     Segments* basis_ = nullptr;
     QComboBox* rate_ = nullptr;
@@ -81,7 +81,6 @@ private:
     QToolButton* print_ = nullptr;
     QPushButton* save_ = nullptr;
     QPushButton* portal_ = nullptr;
-    YearEndCard* yearEnd_;
     ReportView* view_;
     QWidget* body_;
     RecordsPane* pane_;

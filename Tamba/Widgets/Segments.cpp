@@ -1,5 +1,6 @@
 #include "Tamba/Widgets/Segments.h"
 
+#include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 
 #include <QButtonGroup>
@@ -17,6 +18,8 @@ Segments::Segments(const Choices& choices, QWidget* parent) : QFrame(parent) {
         auto* button = Controls::button(text, name, Controls::Kind::plain, this);
         button->setProperty("role", QStringLiteral("segment"));
         button->setCheckable(true);
+        // The chosen one is bold, and must not be cut for it.
+        button->setMinimumWidth(QFontMetrics(Style::textFont(13, QFont::DemiBold)).horizontalAdvance(text) + 30);
         group_->addButton(button, static_cast<int>(group_->buttons().size()));
         layout->addWidget(button);
     }

@@ -99,7 +99,7 @@ void ShareBars::paintEvent(QPaintEvent*) {
     int labels = 0, figures = 0;
     double longest = 1;
     for (const Bar& bar : bars_) {
-        labels = std::max(labels, metrics.horizontalAdvance(bar.label));
+        labels = std::max(labels, metrics.horizontalAdvance(bar.label) + 2);
         figures = std::max(figures, metrics.horizontalAdvance(bar.figure));
         longest = std::max(longest, std::abs(static_cast<double>(bar.amount)));
     }

@@ -244,7 +244,7 @@ void TableView::focusInEvent(QFocusEvent* event) {
 }
 
 void TableView::measure() {
-    constexpr int padding = 24, indicator = 12;
+    constexpr int padding = 28, indicator = 12;
     const QFontMetrics plain(Style::textFont(13)), strong(Style::textFont(13, QFont::DemiBold)),
         title(Style::textFont(11, QFont::DemiBold));
     asked_.clear();
@@ -265,7 +265,7 @@ void TableView::measure() {
 
 void TableView::arrange() {
     if (asked_.empty()) return;
-    constexpr int wrapsFrom = 96, comfortable = 220;
+    constexpr int wrapsFrom = 150, comfortable = 240;
     std::vector<int> widths = asked_;
     const auto isText = [this](std::size_t column) { return table().columns[column].kind == Kind::text; };
     for (std::size_t i = 0; i < widths.size(); ++i)
@@ -282,7 +282,11 @@ void TableView::arrange() {
         widths[widest] -= taken;
         over += taken;
     }
-    if (over > 0) widths.front() += over;
+    // What is over goes to the texts that need most.
+    std::size_t widest = 0;
+    for (std::size_t i = 1; i < widths.size(); ++i)
+        if (isText(i) && (!isText(widest) || asked_[i] > asked_[widest])) widest = i;
+    if (over > 0) widths[widest] += over;
     for (std::size_t i = 0; i < widths.size(); ++i) setColumnWidth(static_cast<int>(i), widths[i]);
     updateGeometry();
 }

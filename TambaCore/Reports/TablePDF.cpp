@@ -65,10 +65,12 @@ Widths widthsOf(const Table& table, double size) {
     return widths;
 }
 
-/// The largest size at which all columns fit beside each other; the smallest where none does.
-double sizeFor(const Table& table, double room) {
+/// The largest size at which all columns of all tables fit beside each other; the smallest where none does.
+double sizeFor(const std::vector<Table>& tables, double room) {
     for (const double size : {9.0, 8.0, 7.0, 6.0})
-        if (widthsOf(table, size).least <= room) return size;
+        if (std::all_of(tables.begin(), tables.end(),
+                        [&](const Table& table) { return widthsOf(table, size).least <= room; }))
+            return size;
     return 5;
 }
 
@@ -76,7 +78,7 @@ struct Place {
     double x = 0, width = 0;
 };
 
-/// Texts share what the figures leave; what is over goes to the first column.
+/// Texts share what the figures leave; what is over goes to the widest of them.
 std::vector<Place> placesFor(const Table& table, double size, double room) {
     Widths widths = widthsOf(table, size);
     double over = room - gap * static_cast<double>(widths.asked.size() - 1) -
@@ -93,7 +95,11 @@ std::vector<Place> placesFor(const Table& table, double size, double room) {
         widths.asked[widest] -= taken;
         over += taken;
     }
-    if (over > 0) widths.asked.front() += over;
+    std::size_t widest = 0;
+    for (std::size_t i = 1; i < table.columns.size(); ++i)
+        if (isText(table.columns[i]) && (!isText(table.columns[widest]) || widths.asked[i] > widths.asked[widest]))
+            widest = i;
+    if (over > 0) widths.asked[widest] += over;
     std::vector<Place> places;
     double x = margin;
     for (const double width : widths.asked) {
@@ -103,9 +109,8 @@ std::vector<Place> placesFor(const Table& table, double size, double room) {
     return places;
 }
 
-void addTable(Flow& flow, const Table& table, double room) {
+void addTable(Flow& flow, const Table& table, double size, double room) {
     if (table.columns.empty()) return;
-    const double size = sizeFor(table, room);
     const std::vector<Place> places = placesFor(table, size, room);
     const auto rowOf = [&](auto&& textOf, const Style& style) {
         tamba::Row row{.above = 3, .below = 3, .rule = hairline, .ruleWidth = 0.5, .whole = true};
@@ -141,43 +146,43 @@ Size pageSize(const std::vector<Table>& tables) {
     return fit ? upright : lying;
 }
 
-void draw(PDFCanvas& canvas, const Business& business, const std::vector<Table>& tables, Day today) {
+void draw(PDFCanvas& canvas, const Business& business, const Report& report) {
     const Size page = canvas.size();
     const double room = page.width - 2 * margin;
     Flow flow({.left = margin, .right = page.width - margin, .firstTop = 48, .top = 80, .bottom = page.height - 64});
     const auto line = [&](const std::string& text, const Style& style, double above, double below) {
-        if (!text.empty())
-            flow.add({.columns = {{margin, room, {{.text = text, .style = style}}}}, .above = above, .below = below});
+        if (text.empty()) return;
+        flow.add({.columns = {{margin, room, {{.text = text, .style = style}}}}, .above = above, .below = below});
     };
     line(business.name, pale(9), 0, 6);
-    for (const Table& table : tables) {
-        line(table.title, strong(&table == &tables.front() ? 16 : 11), &table == &tables.front() ? 0 : 22, 2);
+    line(report.title, strong(16), 0, 2);
+    const double size = sizeFor(report.tables, room);
+    for (const Table& table : report.tables) {
+        if (table.title != report.title) line(table.title, strong(11), 20, 2);
         line(table.subtitle, pale(9), 0, 8);
-        addTable(flow, table, room);
+        addTable(flow, table, size, room);
         if (table.rows.empty()) line("Nothing in this time.", pale(9), 0, 4);
         for (const std::string& note : table.notes) line(note, pale(8), 6, 0);
     }
-    const std::string title = tables.empty() ? std::string() : tables.front().title + " · " + tables.front().subtitle;
     for (std::size_t i = 0; i < flow.pageCount(); ++i) {
         canvas.beginPage();
         if (i > 0) {
-            top(canvas, title, margin, room * 0.62, strong(9));
+            top(canvas, report.title, margin, room * 0.62, strong(9));
             top(canvas, business.name, margin + room * 0.62, room * 0.38, pale(9).aligned(Align::right));
         }
         flow.draw(canvas, i);
         const double foot = page.height - 40;
         canvas.line({margin, foot - 8}, {page.width - margin, foot - 8}, hairline, 0.5);
-        canvas.text("As of " + today.formatted("d MMM yyyy"), margin, foot, room / 2, pale(8));
+        canvas.text("As of " + report.today.formatted("d MMM yyyy"), margin, foot, room / 2, pale(8));
         canvas.text("Page " + std::to_string(i + 1) + " of " + std::to_string(flow.pageCount()), margin + room / 2,
                     foot, room / 2, pale(8).aligned(Align::right));
     }
 }
 
-std::string render(const Business& business, const std::vector<Table>& tables, Day today) {
-    const Instant noon = std::chrono::sys_days(std::chrono::days(today.number())) + std::chrono::hours(12);
-    auto canvas =
-        PDFCanvas::pdf(pageSize(tables), tables.empty() ? "Report" : tables.front().title, business.name, noon);
-    draw(canvas, business, tables, today);
+std::string render(const Business& business, const Report& report) {
+    const Instant noon = std::chrono::sys_days(std::chrono::days(report.today.number())) + std::chrono::hours(12);
+    auto canvas = PDFCanvas::pdf(pageSize(report.tables), report.title, business.name, noon);
+    draw(canvas, business, report);
     return canvas.finish().value();
 }
 

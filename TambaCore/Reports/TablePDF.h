@@ -12,10 +12,14 @@
 /// day give the same bytes.
 namespace tamba::TablePDF {
 
-/// `today` is printed at the foot, as the day the figures are of.
-[[nodiscard]] std::string render(const Business& business, const std::vector<Table>& tables, Day today);
+struct Report {
+    std::string title;  ///< over all tables; one of the same title has none of its own
+    std::vector<Table> tables;
+    Day today;  ///< printed at the foot, as the day the figures are of
+};
+[[nodiscard]] std::string render(const Business& business, const Report& report);
 /// The same pages on a canvas of `pageSize`.
-void draw(PDFCanvas& canvas, const Business& business, const std::vector<Table>& tables, Day today);
+void draw(PDFCanvas& canvas, const Business& business, const Report& report);
 /// Upright A4, or lying where the tables would not fit with readable figures.
 [[nodiscard]] Size pageSize(const std::vector<Table>& tables);
 
