@@ -106,6 +106,8 @@ private:
     // WindowReports.cpp
     void makeReports();
     void connectReports();
+    /// The report that a figure or a date on the overview stands for.
+    void showReport(const OverviewGoal& goal);
 
     void connectScreens();
     // WindowOverview.cpp

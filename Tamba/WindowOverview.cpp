@@ -59,11 +59,8 @@ void Window::showGoal(const OverviewGoal& goal) {
             showScreen(Screen::bank);
             return bank_->showList(BankList::open);
         case Place::profitAndLoss:
-        case Place::deadline: {
-            const Period days = goal.days.value_or(Period::month(today));
-            const bool month = days == Period::month(days.from);
-            return invoices(DocKind::invoice, {}, month ? Span::month : Span::year, days.from);
-        }
+        case Place::deadline:
+            return showReport(goal);
     }
 }
 

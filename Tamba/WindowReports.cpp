@@ -1,4 +1,5 @@
 #include "Tamba/ReportFiles.h"
+#include "Tamba/Rows/OverviewRows.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/ReportsScreen.h"
@@ -37,6 +38,28 @@ void Window::connectReports() {
     connect(reportFiles_, &ReportFiles::saved, this, [this](const QString& sentence, const QString& place) {
         toast_->show(sentence, tr("Show"), [place] { QDesktopServices::openUrl(QUrl::fromLocalFile(place)); });
     });
+}
+
+void Window::showReport(const OverviewGoal& goal) {
+    showScreen(Screen::reports);
+    ReportKind kind = ReportKind::profit;
+    if (goal.place == OverviewGoal::Place::deadline) {
+        const bool isGSTR1 = goal.deadline == Deadlines::Kind::gstr1,
+                   isGSTR3B = goal.deadline == Deadlines::Kind::gstr3b,
+                   isScheme = goal.deadline == Deadlines::Kind::cmp08 || goal.deadline == Deadlines::Kind::gstr4;
+        kind = isGSTR1    ? ReportKind::outward
+               : isGSTR3B ? ReportKind::summary
+               : isScheme ? ReportKind::composition
+                          : kind;
+    }
+    ReportChoice choice = firstChoice(kind, model_.today());
+    if (goal.days) {
+        choice.day = goal.days->from;
+        const std::vector<Span> spans = spansOf(kind);
+        for (const Span span : spans)
+            if (daysOf(span, choice.day, yearStartOf(kind, model_.library())) == goal.days) choice.span = span;
+    }
+    reports_->choose(choice);
 }
 
 }  // namespace tamba

@@ -160,12 +160,9 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
     items_->setSpacing(0);
     layout->addLayout(items_);
     for (const Screen screen : allScreens) {
-        static constexpr std::pair<const char*, const char*> looks[] = {{"overview", "screenOverview"},
-                                                                        {"receipt", "screenExpenses"},
-                                                                        {"document", "screenInvoices"},
-                                                                        {"people", "screenClients"},
-                                                                        {"category-bank", "screenBank"},
-                                                                        {"reports", "screenReports"}};
+        static constexpr std::pair<const char*, const char*> looks[] = {
+            {"overview", "screenOverview"}, {"receipt", "screenExpenses"},   {"document", "screenInvoices"},
+            {"people", "screenClients"},    {"category-bank", "screenBank"}, {"reports", "screenReports"}};
         const auto& [icon, name] = looks[static_cast<std::size_t>(screen)];
         SidebarItem* item = addItem(icon, title(screen), name, false);
         item->setToolTip(tr("Ctrl+%1").arg(static_cast<int>(screen) + 1));

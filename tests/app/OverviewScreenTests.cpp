@@ -158,6 +158,9 @@ private slots:
         back();
         open.item(QStringLiteral("1 bank line")).click();
         QCOMPARE(open.window.screen(), Screen::bank);
+        back();
+        open.find<FigureTile>("figureProfit").click();
+        QCOMPARE(open.window.screen(), Screen::reports);
     }
 
     void followsTheBooks() {
