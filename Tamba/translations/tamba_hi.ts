@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>Expenses</source>
-        <translation>खर्च</translation>
+        <translation>ख़र्च</translation>
     </message>
     <message>
         <source>Invoices</source>
@@ -46,6 +46,3611 @@
     <message>
         <source>India</source>
         <translation>भारत</translation>
+    </message>
+    <message>
+        <source>Print %1</source>
+        <translation>%1 छापें</translation>
+    </message>
+    <message>
+        <source>… and %1 more</source>
+        <translation>… और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>This receipt is already in your books</source>
+        <translation>यह रसीद आपके बहीखाते में पहले से है</translation>
+    </message>
+    <message>
+        <source>%1 of these receipts are already in your books</source>
+        <translation>इनमें से %1 रसीदें आपके बहीखाते में पहले से हैं</translation>
+    </message>
+    <message>
+        <source>Leave It Out</source>
+        <translation>इसे छोड़ दें</translation>
+    </message>
+    <message>
+        <source>Leave Them Out</source>
+        <translation>इन्हें छोड़ दें</translation>
+    </message>
+    <message>
+        <source>Add Again</source>
+        <translation>फिर भी जोड़ें</translation>
+    </message>
+    <message>
+        <source>Receipts</source>
+        <translation>रसीदें</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>सभी फ़ाइलें</translation>
+    </message>
+    <message>
+        <source>Add Receipts</source>
+        <translation>रसीदें जोड़ें</translation>
+    </message>
+    <message>
+        <source>Bank statements</source>
+        <translation>बैंक स्टेटमेंट</translation>
+    </message>
+    <message>
+        <source>Import Statement</source>
+        <translation>स्टेटमेंट लाएँ</translation>
+    </message>
+    <message>
+        <source>Open Library Folder</source>
+        <translation>बहीखाते का फ़ोल्डर खोलें</translation>
+    </message>
+    <message>
+        <source>Choose a Picture</source>
+        <translation>चित्र चुनें</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>चित्र</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>नया इनवॉइस</translation>
+    </message>
+    <message>
+        <source>New Estimate</source>
+        <translation>नया एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>New Credit Note</source>
+        <translation>नया क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>आइटम</translation>
+    </message>
+    <message>
+        <source>HSN/SAC</source>
+        <translation>HSN/SAC</translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>इकाई</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>दर</translation>
+    </message>
+    <message>
+        <source>Disc.</source>
+        <translation>छूट</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>Add anyway</source>
+        <translation>फिर भी जोड़ें</translation>
+    </message>
+    <message>
+        <source>Weekly</source>
+        <translation>हर हफ़्ते</translation>
+    </message>
+    <message>
+        <source>Monthly</source>
+        <translation>हर महीने</translation>
+    </message>
+    <message>
+        <source>Quarterly</source>
+        <translation>हर तिमाही</translation>
+    </message>
+    <message>
+        <source>Yearly</source>
+        <translation>हर साल</translation>
+    </message>
+    <message>
+        <source>The number stays in the series and the page is stamped “Void”; nothing on it counts any more. This, and the steps before it, cannot be undone.</source>
+        <translation>नंबर शृंखला में बना रहता है और पन्ने पर “Void” की मुहर लगती है; इस पर लिखी कोई रक़म अब नहीं गिनी जाती। यह और इससे पहले के क़दम वापस नहीं लिए जा सकते।</translation>
+    </message>
+    <message>
+        <source>%1 has ended. If its GST return is filed already, make a credit note instead.</source>
+        <translation>%1 बीत चुका है। उसका GST रिटर्न भर दिया हो तो इसके बदले क्रेडिट नोट बनाएँ।</translation>
+    </message>
+    <message>
+        <source>Bookkeeping for freelancers and small studios.</source>
+        <translation>फ़्रीलांसरों और छोटे स्टूडियो के लिए बहीखाता।</translation>
+    </message>
+    <message>
+        <source>The books to open.</source>
+        <translation>खोला जाने वाला बहीखाता।</translation>
+    </message>
+    <message>
+        <source>Receipts and statements to add to them.</source>
+        <translation>उसमें जोड़ी जाने वाली रसीदें और स्टेटमेंट।</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>छोटा</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>बड़ा</translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation>एक नज़र में</translation>
+    </message>
+    <message>
+        <source>Reports</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::AccentField</name>
+    <message>
+        <source>Colour</source>
+        <translation>रंग</translation>
+    </message>
+    <message>
+        <source>Colour %1</source>
+        <translation>रंग %1</translation>
+    </message>
+    <message>
+        <source>Enter six hex digits such as 1E4A66.</source>
+        <translation>1E4A66 जैसे छह हेक्स अंक लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::AccountSheet</name>
+    <message>
+        <source>Bank Account</source>
+        <translation>बैंक खाता</translation>
+    </message>
+    <message>
+        <source>New Bank Account</source>
+        <translation>नया बैंक खाता</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>HDFC current account</source>
+        <translation>HDFC चालू खाता</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>मुद्रा</translation>
+    </message>
+    <message>
+        <source>Its lines are in this currency.</source>
+        <translation>इसकी पंक्तियाँ इसी मुद्रा में हैं।</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>सहेजें</translation>
+    </message>
+    <message>
+        <source>Add Account</source>
+        <translation>खाता जोड़ें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ActivityStrip</name>
+    <message>
+        <source>Progress</source>
+        <translation>प्रगति</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2 में से %1</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::AppModel</name>
+    <message>
+        <source>The books that were in %1 are not there any more. The folder may have been moved or renamed, or its disk is not connected.</source>
+        <translation>%1 में जो बहीखाता था, वह अब वहाँ नहीं है। हो सकता है फ़ोल्डर कहीं और रख दिया गया हो, उसका नाम बदला गया हो या उसकी डिस्क जुड़ी न हो।</translation>
+    </message>
+    <message>
+        <source>1 recurring expense added</source>
+        <translation>बार-बार आने वाला 1 ख़र्च जोड़ा गया</translation>
+    </message>
+    <message>
+        <source>%1 recurring expenses added</source>
+        <translation>बार-बार आने वाले %1 ख़र्च जोड़े गए</translation>
+    </message>
+    <message>
+        <source>Changes made on another computer were brought in.</source>
+        <translation>दूसरे कंप्यूटर पर किए गए बदलाव ले लिए गए।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::AppearancePage</name>
+    <message>
+        <source>Windows</source>
+        <translation>विंडो</translation>
+    </message>
+    <message>
+        <source>Like the desktop</source>
+        <translation>डेस्कटॉप के अनुसार</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>हल्का</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>गहरा</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>भाषा</translation>
+    </message>
+    <message>
+        <source>From the next start. Invoices stay in English.</source>
+        <translation>अगली बार खोलने पर। इनवॉइस अंग्रेज़ी में ही रहते हैं।</translation>
+    </message>
+    <message>
+        <source>Both belong to this computer, not to the books.</source>
+        <translation>ये दोनों इस कंप्यूटर के हैं, बहीखाते के नहीं।</translation>
+    </message>
+    <message>
+        <source>The accent is the business’s colour, on the page “Invoices”. Where it would be hard to read, texts are set in a darker or lighter shade of it.</source>
+        <translation>मुख्य रंग आपके व्यवसाय का रंग है, जो “इनवॉइस” पन्ने पर चुना जाता है। जहाँ उसे पढ़ना कठिन हो, वहाँ अक्षर उसी के गहरे या हल्के रंग में दिखते हैं।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::BackupSheet</name>
+    <message>
+        <source>Restore a Backup</source>
+        <translation>बैकअप से लौटाएँ</translation>
+    </message>
+    <message>
+        <source>The books go back to how they were then. The present file is kept beside the backups, and receipts stay where they are.</source>
+        <translation>बहीखाता वैसा हो जाता है जैसा तब था। अभी की फ़ाइल बैकअप के साथ रखी जाती है, और रसीदें जहाँ हैं वहीं रहती हैं।</translation>
+    </message>
+    <message>
+        <source>Backups</source>
+        <translation>बैकअप</translation>
+    </message>
+    <message>
+        <source>%1 · %2 · %3</source>
+        <translation>%1 · %2 · %3</translation>
+    </message>
+    <message>
+        <source>as opened that day</source>
+        <translation>जैसा उस दिन खोला गया</translation>
+    </message>
+    <message>
+        <source>first save of the day</source>
+        <translation>दिन में पहली बार सहेजा गया</translation>
+    </message>
+    <message>
+        <source>There is no backup in this folder yet.</source>
+        <translation>इस फ़ोल्डर में अभी कोई बैकअप नहीं है।</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>लौटाएँ</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>The same as the books now.</source>
+        <translation>अभी के बहीखाते जैसा ही।</translation>
+    </message>
+    <message>
+        <source>Against now: %1.</source>
+        <translation>अभी की तुलना में: %1।</translation>
+    </message>
+    <message>
+        <source>; </source>
+        <translation>; </translation>
+    </message>
+</context>
+<context>
+    <name>tamba::BankScreen</name>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>Matched to</source>
+        <translation>किससे मिलाया</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>स्थिति</translation>
+    </message>
+    <message>
+        <source>Which bank lines</source>
+        <translation>कौन-सी बैंक पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Import Statement…</source>
+        <translation>स्टेटमेंट लाएँ…</translation>
+    </message>
+    <message>
+        <source>Match the Obvious Ones</source>
+        <translation>साफ़ मेल वाली मिलाएँ</translation>
+    </message>
+    <message>
+        <source>Match every line that has one clear counterpart (F5)</source>
+        <translation>जिस पंक्ति का एक ही साफ़ मेल हो, उसे मिलाएँ (F5)</translation>
+    </message>
+    <message>
+        <source>Search bank lines</source>
+        <translation>बैंक पंक्तियों में खोजें</translation>
+    </message>
+    <message>
+        <source>Search name, narration, amount</source>
+        <translation>नाम, विवरण, रक़म खोजें</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>खाता</translation>
+    </message>
+    <message>
+        <source>Add or rename accounts</source>
+        <translation>खाते जोड़ें या उनके नाम बदलें</translation>
+    </message>
+    <message>
+        <source>Bank lines</source>
+        <translation>बैंक पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>कॉपी करें</translation>
+    </message>
+    <message>
+        <source>All accounts</source>
+        <translation>सभी खाते</translation>
+    </message>
+    <message>
+        <source>In %1</source>
+        <translation>जमा %1</translation>
+    </message>
+    <message>
+        <source>Out %1</source>
+        <translation>निकासी %1</translation>
+    </message>
+    <message>
+        <source>Bring in your bank statement</source>
+        <translation>अपना बैंक स्टेटमेंट लाएँ</translation>
+    </message>
+    <message>
+        <source>Download it from your bank’s site as CSV, Excel or OFX; every line is then matched with an expense or an invoice.</source>
+        <translation>इसे अपने बैंक की साइट से CSV, Excel या OFX में डाउनलोड करें; फिर हर पंक्ति किसी ख़र्च या इनवॉइस से मिलाई जाती है।</translation>
+    </message>
+    <message>
+        <source>Everything is matched.</source>
+        <translation>सब कुछ मिलाया जा चुका है।</translation>
+    </message>
+    <message>
+        <source>New lines appear here when you import the next statement.</source>
+        <translation>अगला स्टेटमेंट लाने पर नई पंक्तियाँ यहाँ दिखेंगी।</translation>
+    </message>
+    <message>
+        <source>Show All Lines</source>
+        <translation>सभी पंक्तियाँ दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Nothing here</source>
+        <translation>यहाँ कुछ नहीं है</translation>
+    </message>
+    <message>
+        <source>No bank line fits this list, search, account and period.</source>
+        <translation>इस सूची, खोज, खाते और अवधि में कोई बैंक पंक्ति नहीं है।</translation>
+    </message>
+    <message>
+        <source>Nothing is obvious: look through the open lines.</source>
+        <translation>साफ़ मेल कोई नहीं: खुली पंक्तियाँ स्वयं देख लें।</translation>
+    </message>
+    <message>
+        <source>1 line matched</source>
+        <translation>1 पंक्ति मिलाई गई</translation>
+    </message>
+    <message>
+        <source>%1 lines matched</source>
+        <translation>%1 पंक्तियाँ मिलाई गईं</translation>
+    </message>
+    <message>
+        <source>Add Account</source>
+        <translation>खाता जोड़ें</translation>
+    </message>
+    <message>
+        <source>Choose the account first.</source>
+        <translation>पहले खाता चुनें।</translation>
+    </message>
+    <message>
+        <source>Change Account</source>
+        <translation>खाता बदलें</translation>
+    </message>
+    <message>
+        <source>Add Account…</source>
+        <translation>खाता जोड़ें…</translation>
+    </message>
+    <message>
+        <source>Change This Account…</source>
+        <translation>यह खाता बदलें…</translation>
+    </message>
+    <message>
+        <source>Bank lines are not deleted: set aside the ones that belong to nothing.</source>
+        <translation>बैंक पंक्तियाँ हटाई नहीं जातीं: जो किसी की न हों, उन्हें अलग रखें।</translation>
+    </message>
+    <message>
+        <source>Match Obvious</source>
+        <translation>साफ़ मेल मिलाएँ</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>लाएँ…</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::BarChart</name>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 %3</source>
+        <translation>%1: %2 %3</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::BillableSheet</name>
+    <message>
+        <source>Bill Expenses On</source>
+        <translation>ख़र्च ग्राहक के बिल में जोड़ें</translation>
+    </message>
+    <message>
+        <source>Each becomes a line of its own, at the tax rate of the first line.</source>
+        <translation>हर ख़र्च पहली पंक्ति की कर दर पर अपनी अलग पंक्ति बनता है।</translation>
+    </message>
+    <message>
+        <source>Expenses to bill on</source>
+        <translation>बिल में जोड़े जाने वाले ख़र्च</translation>
+    </message>
+    <message>
+        <source>Add Lines</source>
+        <translation>पंक्तियाँ जोड़ें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::BusinessPage</name>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>पता</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>देश</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Not set</source>
+        <translation>चुना नहीं गया</translation>
+    </message>
+    <message>
+        <source>With your GSTIN, it decides between CGST + SGST and IGST.</source>
+        <translation>आपके GSTIN के साथ इसी से तय होता है कि CGST + SGST लगेगा या IGST।</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>ई-मेल</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>वेबसाइट</translation>
+    </message>
+    <message>
+        <source>Books</source>
+        <translation>बहीखाता</translation>
+    </message>
+    <message>
+        <source>Home currency</source>
+        <translation>घरेलू मुद्रा</translation>
+    </message>
+    <message>
+        <source>Year begins in</source>
+        <translation>साल की शुरुआत</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::CategoriesPage</name>
+    <message>
+        <source>App</source>
+        <translation>ऐप</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>कंप्यूटर</translation>
+    </message>
+    <message>
+        <source>Aeroplane</source>
+        <translation>हवाई जहाज़</translation>
+    </message>
+    <message>
+        <source>Car</source>
+        <translation>कार</translation>
+    </message>
+    <message>
+        <source>Meal</source>
+        <translation>भोजन</translation>
+    </message>
+    <message>
+        <source>Paper clip</source>
+        <translation>पेपर क्लिप</translation>
+    </message>
+    <message>
+        <source>House</source>
+        <translation>मकान</translation>
+    </message>
+    <message>
+        <source>Signal</source>
+        <translation>सिग्नल</translation>
+    </message>
+    <message>
+        <source>Briefcase</source>
+        <translation>ब्रीफ़केस</translation>
+    </message>
+    <message>
+        <source>Megaphone</source>
+        <translation>भोंपू</translation>
+    </message>
+    <message>
+        <source>Bank</source>
+        <translation>बैंक</translation>
+    </message>
+    <message>
+        <source>Road</source>
+        <translation>सड़क</translation>
+    </message>
+    <message>
+        <source>Tray</source>
+        <translation>ट्रे</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>टैग</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>श्रेणियाँ</translation>
+    </message>
+    <message>
+        <source>Add Category</source>
+        <translation>श्रेणी जोड़ें</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Glyph</source>
+        <translation>चिह्न</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>रंग</translation>
+    </message>
+    <message>
+        <source>Input tax is claimed</source>
+        <translation>इनपुट टैक्स लिया जाता है</translation>
+    </message>
+    <message>
+        <source>Take it away</source>
+        <translation>हटा दें</translation>
+    </message>
+    <message>
+        <source>File under</source>
+        <translation>किस श्रेणी में रखें</translation>
+    </message>
+    <message>
+        <source>Remove This Category</source>
+        <translation>यह श्रेणी हटाएँ</translation>
+    </message>
+    <message>
+        <source>New category</source>
+        <translation>नई श्रेणी</translation>
+    </message>
+    <message>
+        <source>A category needs a name.</source>
+        <translation>श्रेणी का नाम होना चाहिए।</translation>
+    </message>
+    <message>
+        <source>Nothing is filed under it.</source>
+        <translation>इसमें कुछ नहीं रखा गया है।</translation>
+    </message>
+    <message>
+        <source>Used by %1.</source>
+        <translation>इनमें काम आती है: %1।</translation>
+    </message>
+    <message>
+        <source>No category</source>
+        <translation>कोई श्रेणी नहीं</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ClientForm</name>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Company or person</source>
+        <translation>कंपनी या व्यक्ति</translation>
+    </message>
+    <message>
+        <source>Contact</source>
+        <translation>संपर्क</translation>
+    </message>
+    <message>
+        <source>Who you write to</source>
+        <translation>आप किसे लिखते हैं</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>ई-मेल</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>पता</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>देश</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Not set</source>
+        <translation>चुना नहीं गया</translation>
+    </message>
+    <message>
+        <source>GSTIN</source>
+        <translation>GSTIN</translation>
+    </message>
+    <message>
+        <source>In a special economic zone</source>
+        <translation>विशेष आर्थिक क्षेत्र में</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>मुद्रा</translation>
+    </message>
+    <message>
+        <source>Due after</source>
+        <translation>भुगतान की अवधि</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>SEZ</source>
+        <translation>SEZ</translation>
+    </message>
+    <message>
+        <source>%1 days, as for everyone</source>
+        <translation>%1 दिन, जैसे सबके लिए</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>कर संख्या</translation>
+    </message>
+    <message>
+        <source>Enter a number of days such as 30.</source>
+        <translation>30 जैसी दिनों की संख्या लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ClientInspector</name>
+    <message>
+        <source>Select a client to see and change them here.</source>
+        <translation>देखने और बदलने के लिए कोई ग्राहक चुनें।</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>नया इनवॉइस</translation>
+    </message>
+    <message>
+        <source>New Estimate</source>
+        <translation>नया एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>DOCUMENTS</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Documents of this client</source>
+        <translation>इस ग्राहक के दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>संग्रह में रखें</translation>
+    </message>
+    <message>
+        <source>Delete Client</source>
+        <translation>ग्राहक हटाएँ</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Take Back from Archive</source>
+        <translation>संग्रह से वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>Invoiced %1</source>
+        <translation>बिल किया %1</translation>
+    </message>
+    <message>
+        <source>received %1</source>
+        <translation>मिला %1</translation>
+    </message>
+    <message>
+        <source>overdue %1</source>
+        <translation>देय तारीख़ बीती %1</translation>
+    </message>
+    <message>
+        <source>pays %1</source>
+        <translation>भुगतान का समय %1</translation>
+    </message>
+    <message>
+        <source>Change %1</source>
+        <translation>%1 बदलें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ClientPages</name>
+    <message>
+        <source>Clients or projects</source>
+        <translation>ग्राहक या प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>प्रोजेक्ट</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ClientSheet</name>
+    <message>
+        <source>New Client</source>
+        <translation>नया ग्राहक</translation>
+    </message>
+    <message>
+        <source>Add Client</source>
+        <translation>ग्राहक जोड़ें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ClientsScreen</name>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>State or country</source>
+        <translation>राज्य या देश</translation>
+    </message>
+    <message>
+        <source>Pays</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Overdue</source>
+        <translation>बकाया बीता</translation>
+    </message>
+    <message>
+        <source>Owed</source>
+        <translation>बकाया</translation>
+    </message>
+    <message>
+        <source>New Client</source>
+        <translation>नया ग्राहक</translation>
+    </message>
+    <message>
+        <source>New client (Ctrl+N)</source>
+        <translation>नया ग्राहक (Ctrl+N)</translation>
+    </message>
+    <message>
+        <source>Search clients</source>
+        <translation>ग्राहक खोजें</translation>
+    </message>
+    <message>
+        <source>Search name, contact, e-mail, GSTIN, notes</source>
+        <translation>नाम, संपर्क, ई-मेल, GSTIN, टिप्पणी खोजें</translation>
+    </message>
+    <message>
+        <source>Show archived</source>
+        <translation>संग्रह भी दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Who do you work for?</source>
+        <translation>आप किनके लिए काम करते हैं?</translation>
+    </message>
+    <message>
+        <source>A client’s name and GSTIN, entered once, fill in every invoice for them.</source>
+        <translation>ग्राहक का नाम और GSTIN एक बार लिखें, फिर वे उसके हर इनवॉइस में अपने-आप भर जाते हैं।</translation>
+    </message>
+    <message>
+        <source>Nothing here</source>
+        <translation>यहाँ कुछ नहीं है</translation>
+    </message>
+    <message>
+        <source>No client fits this search.</source>
+        <translation>इस खोज में कोई ग्राहक नहीं मिला।</translation>
+    </message>
+    <message>
+        <source>Show All Clients</source>
+        <translation>सभी ग्राहक दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Archive %1 instead?</source>
+        <translation>%1 को हटाने के बदले संग्रह में रखें?</translation>
+    </message>
+    <message>
+        <source>%1 refer to this client, who therefore cannot be deleted. Archived, they are offered for nothing new.</source>
+        <translation>%1 इस ग्राहक से जुड़े हैं, इसलिए इसे हटाया नहीं जा सकता। संग्रह में रखने पर यह नए काम में नहीं सुझाया जाता।</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>संग्रह में रखें</translation>
+    </message>
+    <message>
+        <source>%1 refer to this client.</source>
+        <translation>%1 इस ग्राहक से जुड़े हैं।</translation>
+    </message>
+    <message>
+        <source>Delete Client</source>
+        <translation>ग्राहक हटाएँ</translation>
+    </message>
+    <message>
+        <source>Client deleted</source>
+        <translation>ग्राहक हटाया गया</translation>
+    </message>
+    <message>
+        <source>Archive Client</source>
+        <translation>ग्राहक को संग्रह में रखें</translation>
+    </message>
+    <message>
+        <source>Take Back Client</source>
+        <translation>ग्राहक को वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>Client archived</source>
+        <translation>ग्राहक संग्रह में रखा गया</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>नया इनवॉइस</translation>
+    </message>
+    <message>
+        <source>New Estimate</source>
+        <translation>नया एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>Copy E-mail Address</source>
+        <translation>ई-मेल पता कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Copy GSTIN</source>
+        <translation>GSTIN कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Take Back from Archive</source>
+        <translation>संग्रह से वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>हटाएँ</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ConflictSheet</name>
+    <message>
+        <source>Changed on Two Computers</source>
+        <translation>दो कंप्यूटरों पर बदला गया</translation>
+    </message>
+    <message>
+        <source>These books were also changed on another computer. Both sets of changes are in now. Where they touched the same thing, one was kept; choose the other where it is the right one.</source>
+        <translation>यह बहीखाता दूसरे कंप्यूटर पर भी बदला गया था। दोनों के बदलाव अब इसमें हैं। जहाँ दोनों ने एक ही चीज़ बदली, वहाँ एक रखा गया; जहाँ दूसरा सही हो, उसे चुनें।</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>हो गया</translation>
+    </message>
+    <message>
+        <source>Leave As It Is</source>
+        <translation>ऐसे ही रहने दें</translation>
+    </message>
+    <message>
+        <source>This computer: %1</source>
+        <translation>यह कंप्यूटर: %1</translation>
+    </message>
+    <message>
+        <source>The other one: %1</source>
+        <translation>दूसरा कंप्यूटर: %1</translation>
+    </message>
+    <message>
+        <source>There is no choice here: a client has this document, or another record depends on it.</source>
+        <translation>यहाँ चुनने को कुछ नहीं है: यह दस्तावेज़ ग्राहक के पास है, या कोई और रिकॉर्ड इस पर टिका है।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::CreditNoteSheet</name>
+    <message>
+        <source>Credit Note</source>
+        <translation>क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>For %1 of %2. Take out lines, or lower their amounts, to credit a part.</source>
+        <translation>%2 के %1 के लिए। किसी एक हिस्से के लिए पंक्तियाँ हटाएँ या उनकी रक़म घटाएँ।</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>कारण</translation>
+    </message>
+    <message>
+        <source>Sales return</source>
+        <translation>बिक्री वापसी</translation>
+    </message>
+    <message>
+        <source>Discount after the sale</source>
+        <translation>बिक्री के बाद छूट</translation>
+    </message>
+    <message>
+        <source>Deficiency in services</source>
+        <translation>सेवा में कमी</translation>
+    </message>
+    <message>
+        <source>Correction of the invoice</source>
+        <translation>इनवॉइस में सुधार</translation>
+    </message>
+    <message>
+        <source>Change of place of supply</source>
+        <translation>आपूर्ति के स्थान में बदलाव</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>अन्य</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Total with tax</source>
+        <translation>कर सहित कुल</translation>
+    </message>
+    <message>
+        <source>Issue Credit Note</source>
+        <translation>क्रेडिट नोट जारी करें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Keep as Draft</source>
+        <translation>ड्राफ़्ट रखें</translation>
+    </message>
+    <message>
+        <source>LINE</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>TAX</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>AMOUNT WITHOUT TAX</source>
+        <translation>कर के बिना रक़म</translation>
+    </message>
+    <message>
+        <source>Line %1</source>
+        <translation>पंक्ति %1</translation>
+    </message>
+    <message>
+        <source>Amount of %1</source>
+        <translation>%1 की रक़म</translation>
+    </message>
+    <message>
+        <source>Enter an amount such as 1,180.00.</source>
+        <translation>1,180.00 जैसी रक़म लिखें।</translation>
+    </message>
+    <message>
+        <source>Leaves %1 of the invoice to be paid</source>
+        <translation>इनवॉइस के %1 बाकी रहेंगे</translation>
+    </message>
+    <message>
+        <source>Makes a refund of %1 due</source>
+        <translation>%1 लौटाने होंगे</translation>
+    </message>
+    <message>
+        <source>Nothing of the invoice is left to be paid</source>
+        <translation>इनवॉइस का कुछ भी बाकी नहीं रहता</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::DocumentActions</name>
+    <message>
+        <source>Issue…</source>
+        <translation>जारी करें…</translation>
+    </message>
+    <message>
+        <source>Send…</source>
+        <translation>भेजें…</translation>
+    </message>
+    <message>
+        <source>Record Payment…</source>
+        <translation>भुगतान दर्ज करें…</translation>
+    </message>
+    <message>
+        <source>Send Reminder…</source>
+        <translation>याद दिलाएँ…</translation>
+    </message>
+    <message>
+        <source>Credit Note…</source>
+        <translation>क्रेडिट नोट…</translation>
+    </message>
+    <message>
+        <source>Mark as Accepted</source>
+        <translation>मंज़ूर हुआ</translation>
+    </message>
+    <message>
+        <source>Mark as Declined</source>
+        <translation>नामंज़ूर हुआ</translation>
+    </message>
+    <message>
+        <source>Make Invoice</source>
+        <translation>इनवॉइस बनाएँ</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>नक़ल बनाएँ</translation>
+    </message>
+    <message>
+        <source>Save PDF…</source>
+        <translation>PDF सहेजें…</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>छापें…</translation>
+    </message>
+    <message>
+        <source>Void…</source>
+        <translation>निरस्त करें…</translation>
+    </message>
+    <message>
+        <source>Delete Draft</source>
+        <translation>ड्राफ़्ट हटाएँ</translation>
+    </message>
+    <message>
+        <source>Accept Estimate</source>
+        <translation>एस्टीमेट मंज़ूर करें</translation>
+    </message>
+    <message>
+        <source>Decline Estimate</source>
+        <translation>एस्टीमेट नामंज़ूर करें</translation>
+    </message>
+    <message>
+        <source>Duplicate %1</source>
+        <translation>%1 की नक़ल बनाएँ</translation>
+    </message>
+    <message>
+        <source>Draft deleted</source>
+        <translation>ड्राफ़्ट हटाया गया</translation>
+    </message>
+    <message>
+        <source>Issue %1</source>
+        <translation>%1 जारी करें</translation>
+    </message>
+    <message>
+        <source>Issued as %1</source>
+        <translation>%1 के रूप में जारी</translation>
+    </message>
+    <message>
+        <source>Save E-mail</source>
+        <translation>ई-मेल सहेजें</translation>
+    </message>
+    <message>
+        <source>Saved. Open “%1” in your mail program to send it.</source>
+        <translation>सहेजा गया। भेजने के लिए “%1” को अपने मेल प्रोग्राम में खोलें।</translation>
+    </message>
+    <message>
+        <source>Has the reminder gone?</source>
+        <translation>क्या याद दिलाने वाला ई-मेल चला गया?</translation>
+    </message>
+    <message>
+        <source>Has it gone?</source>
+        <translation>क्या यह चला गया?</translation>
+    </message>
+    <message>
+        <source>Once the e-mail is sent, mark it here. The PDF is also in your books, as Invoices/%1.</source>
+        <translation>ई-मेल भेजने के बाद यहाँ बता दें। PDF आपके बहीखाते में भी है, Invoices/%1 के नाम से।</translation>
+    </message>
+    <message>
+        <source>Mark as Reminded</source>
+        <translation>याद दिला दिया</translation>
+    </message>
+    <message>
+        <source>Mark as Sent</source>
+        <translation>भेज दिया</translation>
+    </message>
+    <message>
+        <source>Record Payment</source>
+        <translation>भुगतान दर्ज करें</translation>
+    </message>
+    <message>
+        <source>Remove Payment</source>
+        <translation>भुगतान हटाएँ</translation>
+    </message>
+    <message>
+        <source>Payment removed</source>
+        <translation>भुगतान हटाया गया</translation>
+    </message>
+    <message>
+        <source>New Credit Note</source>
+        <translation>नया क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>Issue Credit Note</source>
+        <translation>क्रेडिट नोट जारी करें</translation>
+    </message>
+    <message>
+        <source>Void %1</source>
+        <translation>%1 निरस्त करें</translation>
+    </message>
+    <message>
+        <source>%1 is void</source>
+        <translation>%1 निरस्त हुआ</translation>
+    </message>
+    <message>
+        <source>Save PDF</source>
+        <translation>PDF सहेजें</translation>
+    </message>
+    <message>
+        <source>Saved “%1”</source>
+        <translation>“%1” सहेजा गया</translation>
+    </message>
+    <message>
+        <source>New %1</source>
+        <translation>नया %1</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::DocumentEditor</name>
+    <message>
+        <source>Add Billable Expenses…</source>
+        <translation>बिल करने योग्य ख़र्च जोड़ें…</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Who is this for?</source>
+        <translation>यह किसके लिए है?</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>देय तारीख़</translation>
+    </message>
+    <message>
+        <source>Client’s order number</source>
+        <translation>ग्राहक का ऑर्डर नंबर</translation>
+    </message>
+    <message>
+        <source>Place of supply</source>
+        <translation>आपूर्ति का स्थान</translation>
+    </message>
+    <message>
+        <source>Under LUT</source>
+        <translation>LUT के तहत</translation>
+    </message>
+    <message>
+        <source>Under a letter of undertaking, without IGST</source>
+        <translation>लेटर ऑफ़ अंडरटेकिंग के तहत, IGST के बिना</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>मुद्रा</translation>
+    </message>
+    <message>
+        <source>Exchange rate</source>
+        <translation>विनिमय दर</translation>
+    </message>
+    <message>
+        <source>Numbered by</source>
+        <translation>नंबर शृंखला</translation>
+    </message>
+    <message>
+        <source>Number series</source>
+        <translation>नंबर शृंखला</translation>
+    </message>
+    <message>
+        <source>Notes for the client</source>
+        <translation>ग्राहक के लिए टिप्पणी</translation>
+    </message>
+    <message>
+        <source>Terms</source>
+        <translation>शर्तें</translation>
+    </message>
+    <message>
+        <source>Round the total</source>
+        <translation>कुल को पूर्ण करें</translation>
+    </message>
+    <message>
+        <source>Round the total to whole units</source>
+        <translation>कुल को पूरे अंकों तक पूर्ण करें</translation>
+    </message>
+    <message>
+        <source>Edit %1</source>
+        <translation>%1 बदलें</translation>
+    </message>
+    <message>
+        <source>No client has this name.</source>
+        <translation>इस नाम का कोई ग्राहक नहीं है।</translation>
+    </message>
+    <message>
+        <source>No client has this name. Choose “New Client…” to add one.</source>
+        <translation>इस नाम का कोई ग्राहक नहीं है। जोड़ने के लिए “नया ग्राहक…” चुनें।</translation>
+    </message>
+    <message>
+        <source>New Client</source>
+        <translation>नया ग्राहक</translation>
+    </message>
+    <message>
+        <source>Enter a rate such as 83.25.</source>
+        <translation>83.25 जैसी दर लिखें।</translation>
+    </message>
+    <message>
+        <source>Change Exchange Rate</source>
+        <translation>विनिमय दर बदलें</translation>
+    </message>
+    <message>
+        <source>Valid until</source>
+        <translation>कब तक मान्य</translation>
+    </message>
+    <message>
+        <source>New Client…</source>
+        <translation>नया ग्राहक…</translation>
+    </message>
+    <message>
+        <source>Outside India</source>
+        <translation>भारत से बाहर</translation>
+    </message>
+    <message>
+        <source>Not chosen</source>
+        <translation>चुना नहीं गया</translation>
+    </message>
+    <message>
+        <source>%1 for one %2</source>
+        <translation>एक %2 के %1</translation>
+    </message>
+    <message>
+        <source>Will be numbered %1</source>
+        <translation>नंबर होगा %1</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::DocumentPane</name>
+    <message>
+        <source>Select a document to see it here.</source>
+        <translation>देखने के लिए कोई दस्तावेज़ चुनें।</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>और</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>बदलें</translation>
+    </message>
+    <message>
+        <source>Edit (Ctrl+Shift+P)</source>
+        <translation>बदलें (Ctrl+Shift+P)</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>झलक</translation>
+    </message>
+    <message>
+        <source>The page as it is printed (Ctrl+Shift+P)</source>
+        <translation>पन्ना जैसा छपेगा (Ctrl+Shift+P)</translation>
+    </message>
+    <message>
+        <source>Draft %1</source>
+        <translation>ड्राफ़्ट %1</translation>
+    </message>
+    <message>
+        <source>Remove the payment of %1</source>
+        <translation>%1 का भुगतान हटाएँ</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::DocumentPreview</name>
+    <message>
+        <source>The document as a page</source>
+        <translation>दस्तावेज़ का पन्ना</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::DropOverlay</name>
+    <message>
+        <source>1 receipt</source>
+        <translation>1 रसीद</translation>
+    </message>
+    <message>
+        <source>%1 receipts</source>
+        <translation>%1 रसीदें</translation>
+    </message>
+    <message>
+        <source>1 statement</source>
+        <translation>1 स्टेटमेंट</translation>
+    </message>
+    <message>
+        <source>%1 statements</source>
+        <translation>%1 स्टेटमेंट</translation>
+    </message>
+    <message>
+        <source>Drop to add %1 and import %2</source>
+        <translation>%1 जोड़ने और %2 लाने के लिए यहाँ छोड़ें</translation>
+    </message>
+    <message>
+        <source>Drop to import this statement</source>
+        <translation>यह स्टेटमेंट लाने के लिए यहाँ छोड़ें</translation>
+    </message>
+    <message>
+        <source>Drop to import %1</source>
+        <translation>%1 लाने के लिए यहाँ छोड़ें</translation>
+    </message>
+    <message>
+        <source>Drop to add this receipt</source>
+        <translation>यह रसीद जोड़ने के लिए यहाँ छोड़ें</translation>
+    </message>
+    <message>
+        <source>Drop to add %1</source>
+        <translation>%1 जोड़ने के लिए यहाँ छोड़ें</translation>
+    </message>
+    <message>
+        <source>Receipts become expenses, statements become bank lines.</source>
+        <translation>रसीदें ख़र्च बनती हैं और स्टेटमेंट बैंक पंक्तियाँ।</translation>
+    </message>
+    <message>
+        <source>You see each line before it comes into the books. What is there already stays out.</source>
+        <translation>हर पंक्ति बहीखाते में आने से पहले दिखाई जाती है। जो पहले से है, वह दोबारा नहीं आता।</translation>
+    </message>
+    <message>
+        <source>Each photo, PDF or saved e-mail is read and becomes an expense.</source>
+        <translation>हर फ़ोटो, PDF या सहेजा हुआ ई-मेल पढ़ा जाता है और ख़र्च बनता है।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ExpenseInspector</name>
+    <message>
+        <source>Select an expense to see and change it here.</source>
+        <translation>देखने और बदलने के लिए कोई ख़र्च चुनें।</translation>
+    </message>
+    <message>
+        <source>Looks Right</source>
+        <translation>ठीक लगता है</translation>
+    </message>
+    <message>
+        <source>Vendor</source>
+        <translation>विक्रेता</translation>
+    </message>
+    <message>
+        <source>GSTIN</source>
+        <translation>GSTIN</translation>
+    </message>
+    <message>
+        <source>GSTIN of the vendor</source>
+        <translation>विक्रेता का GSTIN</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Distance</source>
+        <translation>दूरी</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>मुद्रा</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>दर</translation>
+    </message>
+    <message>
+        <source>Exchange rate</source>
+        <translation>विनिमय दर</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>Tax included</source>
+        <translation>शामिल कर</translation>
+    </message>
+    <message>
+        <source>Claim this tax back</source>
+        <translation>इस कर का इनपुट क्रेडिट लें</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>Paid by</source>
+        <translation>किससे चुकाया</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>तरीका</translation>
+    </message>
+    <message>
+        <source>Repeats</source>
+        <translation>दोहराव</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>कभी नहीं</translation>
+    </message>
+    <message>
+        <source>See all…</source>
+        <translation>सभी देखें…</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Bill this on to the client</source>
+        <translation>ग्राहक के बिल में जोड़ें</translation>
+    </message>
+    <message>
+        <source>Change Notes</source>
+        <translation>टिप्पणी बदलें</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>Attach a File…</source>
+        <translation>फ़ाइल जोड़ें…</translation>
+    </message>
+    <message>
+        <source>Delete Expense</source>
+        <translation>ख़र्च हटाएँ</translation>
+    </message>
+    <message>
+        <source>Category for all of them</source>
+        <translation>इन सबकी श्रेणी</translation>
+    </message>
+    <message>
+        <source>All Look Right</source>
+        <translation>सब ठीक लगते हैं</translation>
+    </message>
+    <message>
+        <source>Delete Them</source>
+        <translation>इन्हें हटाएँ</translation>
+    </message>
+    <message>
+        <source>Change Vendor</source>
+        <translation>विक्रेता बदलें</translation>
+    </message>
+    <message>
+        <source>Change GSTIN</source>
+        <translation>GSTIN बदलें</translation>
+    </message>
+    <message>
+        <source>Change Date</source>
+        <translation>तारीख़ बदलें</translation>
+    </message>
+    <message>
+        <source>Change Category</source>
+        <translation>श्रेणी बदलें</translation>
+    </message>
+    <message>
+        <source>Change Method</source>
+        <translation>तरीका बदलें</translation>
+    </message>
+    <message>
+        <source>Mark as Billable</source>
+        <translation>बिल करने योग्य बनाएँ</translation>
+    </message>
+    <message>
+        <source>Mark as Not Billable</source>
+        <translation>बिल करने योग्य न रखें</translation>
+    </message>
+    <message>
+        <source>Claim Tax</source>
+        <translation>कर का क्रेडिट लें</translation>
+    </message>
+    <message>
+        <source>Do Not Claim Tax</source>
+        <translation>कर का क्रेडिट न लें</translation>
+    </message>
+    <message>
+        <source>Enter an amount such as 1,180.00.</source>
+        <translation>1,180.00 जैसी रक़म लिखें।</translation>
+    </message>
+    <message>
+        <source>Change Amount</source>
+        <translation>रक़म बदलें</translation>
+    </message>
+    <message>
+        <source>Change Tax</source>
+        <translation>कर बदलें</translation>
+    </message>
+    <message>
+        <source>Change Currency</source>
+        <translation>मुद्रा बदलें</translation>
+    </message>
+    <message>
+        <source>Enter a distance such as 12.5.</source>
+        <translation>12.5 जैसी दूरी लिखें।</translation>
+    </message>
+    <message>
+        <source>Change Distance</source>
+        <translation>दूरी बदलें</translation>
+    </message>
+    <message>
+        <source>Enter a rate such as 83.25.</source>
+        <translation>83.25 जैसी दर लिखें।</translation>
+    </message>
+    <message>
+        <source>Change Exchange Rate</source>
+        <translation>विनिमय दर बदलें</translation>
+    </message>
+    <message>
+        <source>Change Repeats</source>
+        <translation>दोहराव बदलें</translation>
+    </message>
+    <message>
+        <source>New Client</source>
+        <translation>नया ग्राहक</translation>
+    </message>
+    <message>
+        <source>Change Client</source>
+        <translation>ग्राहक बदलें</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>नया प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Change Project</source>
+        <translation>प्रोजेक्ट बदलें</translation>
+    </message>
+    <message>
+        <source>Mark as Checked</source>
+        <translation>जाँचा हुआ मानें</translation>
+    </message>
+    <message>
+        <source>%1 expenses selected</source>
+        <translation>%1 ख़र्च चुने गए</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>चुनें…</translation>
+    </message>
+    <message>
+        <source>What the trip was for</source>
+        <translation>यात्रा किसलिए थी</translation>
+    </message>
+    <message>
+        <source>Who was paid</source>
+        <translation>किसे भुगतान किया</translation>
+    </message>
+    <message>
+        <source>%1 in the books</source>
+        <translation>बहीखाते में %1</translation>
+    </message>
+    <message>
+        <source>Add the exchange rate to include this in reports.</source>
+        <translation>इसे रिपोर्ट में शामिल करने के लिए विनिमय दर लिखें।</translation>
+    </message>
+    <message>
+        <source>%1 for one %2</source>
+        <translation>एक %2 के %1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>कोई नहीं</translation>
+    </message>
+    <message>
+        <source>%1 for each %2, as it was then</source>
+        <translation>हर %2 के %1, जो तब दर थी</translation>
+    </message>
+    <message>
+        <source>Convert to Rupees</source>
+        <translation>रुपये में बदलें</translation>
+    </message>
+    <message>
+        <source>Convert to %1</source>
+        <translation>%1 में बदलें</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>रुका हुआ</translation>
+    </message>
+    <message>
+        <source>Next on %1</source>
+        <translation>अगली बार %1</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>कोई प्रोजेक्ट नहीं</translation>
+    </message>
+    <message>
+        <source>New Project…</source>
+        <translation>नया प्रोजेक्ट…</translation>
+    </message>
+    <message>
+        <source>No client</source>
+        <translation>कोई ग्राहक नहीं</translation>
+    </message>
+    <message>
+        <source>New Client…</source>
+        <translation>नया ग्राहक…</translation>
+    </message>
+    <message>
+        <source>Valid</source>
+        <translation>मान्य</translation>
+    </message>
+    <message>
+        <source>Show %1</source>
+        <translation>%1 दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 हटाएँ</translation>
+    </message>
+    <message>
+        <source>Attach File</source>
+        <translation>फ़ाइल जोड़ें</translation>
+    </message>
+    <message>
+        <source>Remove this receipt?</source>
+        <translation>यह रसीद हटाएँ?</translation>
+    </message>
+    <message>
+        <source>“%1” moves to the Removed folder of your books. This step, and those before it, cannot be undone.</source>
+        <translation>“%1” आपके बहीखाते के Removed फ़ोल्डर में चली जाती है। यह और इससे पहले के क़दम वापस नहीं लिए जा सकते।</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>हटाएँ</translation>
+    </message>
+    <message>
+        <source>Remove Receipt</source>
+        <translation>रसीद हटाएँ</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ExpensesPage</name>
+    <message>
+        <source>Dates on receipts</source>
+        <translation>रसीदों पर तारीख़</translation>
+    </message>
+    <message>
+        <source>Day first · 14/10/2026</source>
+        <translation>पहले दिन · 14/10/2026</translation>
+    </message>
+    <message>
+        <source>Month first · 10/14/2026</source>
+        <translation>पहले महीना · 10/14/2026</translation>
+    </message>
+    <message>
+        <source>Year first · 2026/10/14</source>
+        <translation>पहले साल · 2026/10/14</translation>
+    </message>
+    <message>
+        <source>Mileage rate</source>
+        <translation>यात्रा की दर</translation>
+    </message>
+    <message>
+        <source>Distance unit</source>
+        <translation>दूरी की इकाई</translation>
+    </message>
+    <message>
+        <source>A new rate counts for trips entered from now on.</source>
+        <translation>नई दर आगे लिखी जाने वाली यात्राओं पर लगती है।</translation>
+    </message>
+    <message>
+        <source>Enter an amount such as 10.00.</source>
+        <translation>10.00 जैसी रक़म लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ExpensesScreen</name>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Vendor</source>
+        <translation>विक्रेता</translation>
+    </message>
+    <message>
+        <source>No vendor</source>
+        <translation>कोई विक्रेता नहीं</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>तरीका</translation>
+    </message>
+    <message>
+        <source>Has a receipt</source>
+        <translation>रसीद है</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>स्थिति</translation>
+    </message>
+    <message>
+        <source>Expenses</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>Add Receipts…</source>
+        <translation>रसीदें जोड़ें…</translation>
+    </message>
+    <message>
+        <source>New Expense</source>
+        <translation>नया ख़र्च</translation>
+    </message>
+    <message>
+        <source>New expense (Ctrl+N)</source>
+        <translation>नया ख़र्च (Ctrl+N)</translation>
+    </message>
+    <message>
+        <source>Search expenses</source>
+        <translation>ख़र्च खोजें</translation>
+    </message>
+    <message>
+        <source>Search vendor, amount, notes, receipt text</source>
+        <translation>विक्रेता, रक़म, टिप्पणी, रसीद का पाठ खोजें</translation>
+    </message>
+    <message>
+        <source>Input tax %1</source>
+        <translation>इनपुट टैक्स %1</translation>
+    </message>
+    <message>
+        <source>Start with the receipts on your desk</source>
+        <translation>अपनी मेज़ पर रखी रसीदों से शुरू करें</translation>
+    </message>
+    <message>
+        <source>Drop photos, PDFs or saved e-mails anywhere on this window, and each becomes an expense.</source>
+        <translation>फ़ोटो, PDF या सहेजे हुए ई-मेल इस विंडो पर कहीं भी छोड़ें; हर एक से एक ख़र्च बनता है।</translation>
+    </message>
+    <message>
+        <source>Explore the Sample Books</source>
+        <translation>नमूना बहीखाता देखें</translation>
+    </message>
+    <message>
+        <source>Nothing here</source>
+        <translation>यहाँ कुछ नहीं है</translation>
+    </message>
+    <message>
+        <source>No expense fits this search, period and list.</source>
+        <translation>इस खोज, अवधि और सूची में कोई ख़र्च नहीं है।</translation>
+    </message>
+    <message>
+        <source>Show All Expenses</source>
+        <translation>सभी ख़र्च दिखाएँ</translation>
+    </message>
+    <message>
+        <source>New Mileage Trip</source>
+        <translation>नई यात्रा</translation>
+    </message>
+    <message>
+        <source>Delete Expense</source>
+        <translation>ख़र्च हटाएँ</translation>
+    </message>
+    <message>
+        <source>Delete %1 Expenses</source>
+        <translation>%1 ख़र्च हटाएँ</translation>
+    </message>
+    <message>
+        <source>Expense deleted</source>
+        <translation>ख़र्च हटाया गया</translation>
+    </message>
+    <message>
+        <source>%1 expenses deleted</source>
+        <translation>%1 ख़र्च हटाए गए</translation>
+    </message>
+    <message>
+        <source>Set Category</source>
+        <translation>श्रेणी चुनें</translation>
+    </message>
+    <message>
+        <source>Looks Right</source>
+        <translation>ठीक लगता है</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>हटाएँ</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::FolderActions</name>
+    <message>
+        <source>Copying the books</source>
+        <translation>बहीखाते की नक़ल हो रही है</translation>
+    </message>
+    <message>
+        <source>The books have moved</source>
+        <translation>बहीखाता नई जगह पर है</translation>
+    </message>
+    <message>
+        <source>They are in %1 now, and every file has been compared. The old folder, %2, still holds a copy.</source>
+        <translation>अब वह %1 में है और हर फ़ाइल की तुलना कर ली गई है। पुराने फ़ोल्डर %2 में उसकी एक नक़ल अब भी है।</translation>
+    </message>
+    <message>
+        <source>Move the Old One to the Trash</source>
+        <translation>पुराना फ़ोल्डर रद्दी में डालें</translation>
+    </message>
+    <message>
+        <source>The old folder could not be moved to the trash. You can delete it yourself: %1</source>
+        <translation>पुराना फ़ोल्डर रद्दी में नहीं डाला जा सका। आप उसे स्वयं हटा सकते हैं: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::FolderPage</name>
+    <message>
+        <source>Folder</source>
+        <translation>फ़ोल्डर</translation>
+    </message>
+    <message>
+        <source>Show in the File Manager</source>
+        <translation>फ़ाइल मैनेजर में दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Everything is in this folder: books, receipts, invoices, backups. Copy it, and you have copied all.</source>
+        <translation>सब कुछ इसी फ़ोल्डर में है: बहीखाता, रसीदें, इनवॉइस, बैकअप। इसकी नक़ल में सब कुछ आ जाता है।</translation>
+    </message>
+    <message>
+        <source>Elsewhere</source>
+        <translation>दूसरी जगह</translation>
+    </message>
+    <message>
+        <source>Move the Books…</source>
+        <translation>बहीखाता कहीं और रखें…</translation>
+    </message>
+    <message>
+        <source>Copies the folder, compares every file, and goes on there. You are asked about the old folder.</source>
+        <translation>फ़ोल्डर की नक़ल बनती है, हर फ़ाइल की तुलना होती है और काम वहीं से चलता है। पुराने फ़ोल्डर के बारे में आपसे पूछा जाता है।</translation>
+    </message>
+    <message>
+        <source>Open Other Books…</source>
+        <translation>दूसरा बहीखाता खोलें…</translation>
+    </message>
+    <message>
+        <source>Another business, or the same on a disk that other computers use, too.</source>
+        <translation>किसी दूसरे व्यवसाय का, या ऐसी डिस्क पर जो दूसरे कंप्यूटर भी काम में लेते हैं।</translation>
+    </message>
+    <message>
+        <source>Backups</source>
+        <translation>बैकअप</translation>
+    </message>
+    <message>
+        <source>Restore a Backup…</source>
+        <translation>बैकअप से लौटाएँ…</translation>
+    </message>
+    <message>
+        <source>One is kept of each of the last fourteen days of work, as the day began and as it was first saved.</source>
+        <translation>पिछले चौदह कार्य-दिवसों में हर दिन का एक बैकअप रहता है: जैसा दिन की शुरुआत में था और जैसा पहली बार सहेजा गया।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ImportSheet</name>
+    <message>
+        <source>Row</source>
+        <translation>पंक्ति</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Narration</source>
+        <translation>विवरण</translation>
+    </message>
+    <message>
+        <source>Money out</source>
+        <translation>निकासी</translation>
+    </message>
+    <message>
+        <source>Money in</source>
+        <translation>जमा</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>शेष</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>क्यों</translation>
+    </message>
+    <message>
+        <source>Added anyway</source>
+        <translation>फिर भी जोड़ी गई</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>छोड़ी गई</translation>
+    </message>
+    <message>
+        <source>Import Statement</source>
+        <translation>स्टेटमेंट लाएँ</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>लाएँ</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>खाता</translation>
+    </message>
+    <message>
+        <source>Choose the account…</source>
+        <translation>खाता चुनें…</translation>
+    </message>
+    <message>
+        <source>Name of the new account</source>
+        <translation>नए खाते का नाम</translation>
+    </message>
+    <message>
+        <source>Name of the account, such as HDFC Current</source>
+        <translation>खाते का नाम, जैसे HDFC चालू</translation>
+    </message>
+    <message>
+        <source>Currency of the new account</source>
+        <translation>नए खाते की मुद्रा</translation>
+    </message>
+    <message>
+        <source>How the dates are written</source>
+        <translation>तारीख़ें कैसे लिखी हैं</translation>
+    </message>
+    <message>
+        <source>Day first (31/12/2026)</source>
+        <translation>पहले दिन (31/12/2026)</translation>
+    </message>
+    <message>
+        <source>Month first (12/31/2026)</source>
+        <translation>पहले महीना (12/31/2026)</translation>
+    </message>
+    <message>
+        <source>Year first (2026/12/31)</source>
+        <translation>पहले साल (2026/12/31)</translation>
+    </message>
+    <message>
+        <source>Dates</source>
+        <translation>तारीख़ें</translation>
+    </message>
+    <message>
+        <source>The file as it was read</source>
+        <translation>फ़ाइल जैसी पढ़ी गई</translation>
+    </message>
+    <message>
+        <source>What column %1 is</source>
+        <translation>कॉलम %1 में क्या है</translation>
+    </message>
+    <message>
+        <source>Charges are printed as positive amounts</source>
+        <translation>ख़र्च धनात्मक रक़म के रूप में छपे हैं</translation>
+    </message>
+    <message>
+        <source>Which rows are shown</source>
+        <translation>कौन-सी पंक्तियाँ दिखें</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>New account…</source>
+        <translation>नया खाता…</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 पढ़ा जा रहा है</translation>
+    </message>
+    <message>
+        <source>… and %1 more</source>
+        <translation>… और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>Will be added</source>
+        <translation>जोड़ी जाएँगी</translation>
+    </message>
+    <message>
+        <source>Already in the books</source>
+        <translation>पहले से बहीखाते में</translation>
+    </message>
+    <message>
+        <source>Skipped rows</source>
+        <translation>छोड़ी गई पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Balance breaks</source>
+        <translation>शेष का अंतर</translation>
+    </message>
+    <message>
+        <source>Row as printed</source>
+        <translation>पंक्ति जैसी छपी है</translation>
+    </message>
+    <message>
+        <source>In the books as</source>
+        <translation>बहीखाते में ऐसी</translation>
+    </message>
+    <message>
+        <source>There is an account of that name already.</source>
+        <translation>इस नाम का खाता पहले से है।</translation>
+    </message>
+    <message>
+        <source>Import 1 Line</source>
+        <translation>1 पंक्ति लाएँ</translation>
+    </message>
+    <message>
+        <source>Import %1 Lines</source>
+        <translation>%1 पंक्तियाँ लाएँ</translation>
+    </message>
+    <message>
+        <source>Say which account this statement is of.</source>
+        <translation>बताएँ कि यह किस खाते का स्टेटमेंट है।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::InvoicesPage</name>
+    <message>
+        <source>Logo</source>
+        <translation>लोगो</translation>
+    </message>
+    <message>
+        <source>Accent colour</source>
+        <translation>मुख्य रंग</translation>
+    </message>
+    <message>
+        <source>New invoices</source>
+        <translation>नए इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Due after</source>
+        <translation>भुगतान की अवधि</translation>
+    </message>
+    <message>
+        <source>Days. A client can have their own.</source>
+        <translation>दिन। किसी ग्राहक के अपने अलग दिन भी हो सकते हैं।</translation>
+    </message>
+    <message>
+        <source>Tax on new lines</source>
+        <translation>नई पंक्तियों पर कर</translation>
+    </message>
+    <message>
+        <source>Each line can carry its own rate. Tax is worked out per line and rounded half-up.</source>
+        <translation>हर पंक्ति की अपनी दर हो सकती है। कर हर पंक्ति पर अलग निकाला जाता है और आधा ऊपर की ओर पूर्ण होता है।</translation>
+    </message>
+    <message>
+        <source>Round totals to whole</source>
+        <translation>कुल को पूर्ण करें, इकाई</translation>
+    </message>
+    <message>
+        <source>(shows a round-off line)</source>
+        <translation>(राउंड-ऑफ़ की पंक्ति दिखती है)</translation>
+    </message>
+    <message>
+        <source>Words</source>
+        <translation>शब्द</translation>
+    </message>
+    <message>
+        <source>Terms</source>
+        <translation>शर्तें</translation>
+    </message>
+    <message>
+        <source>Footer</source>
+        <translation>पाद लेख</translation>
+    </message>
+    <message>
+        <source>Signed by</source>
+        <translation>हस्ताक्षर</translation>
+    </message>
+    <message>
+        <source>Enter a number of days such as 15.</source>
+        <translation>15 जैसी दिनों की संख्या लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::InvoicesScreen</name>
+    <message>
+        <source>Number</source>
+        <translation>नंबर</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>No client</source>
+        <translation>कोई ग्राहक नहीं</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>कुल</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>स्थिति</translation>
+    </message>
+    <message>
+        <source>Kind of document</source>
+        <translation>दस्तावेज़ का प्रकार</translation>
+    </message>
+    <message>
+        <source>Search documents</source>
+        <translation>दस्तावेज़ खोजें</translation>
+    </message>
+    <message>
+        <source>Search number, client, amount, lines</source>
+        <translation>नंबर, ग्राहक, रक़म, पंक्तियाँ खोजें</translation>
+    </message>
+    <message>
+        <source>Total of what was issued, in your home currency</source>
+        <translation>जारी किए गए दस्तावेज़ों का कुल, आपकी घरेलू मुद्रा में</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>%1 (Ctrl+N)</source>
+        <translation>%1 (Ctrl+N)</translation>
+    </message>
+    <message>
+        <source>%1 due</source>
+        <translation>%1 बकाया</translation>
+    </message>
+    <message>
+        <source>Nothing here</source>
+        <translation>यहाँ कुछ नहीं है</translation>
+    </message>
+    <message>
+        <source>No document fits this search, period and status.</source>
+        <translation>इस खोज, अवधि और स्थिति में कोई दस्तावेज़ नहीं है।</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>सब दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Bill your first client</source>
+        <translation>अपने पहले ग्राहक को बिल दें</translation>
+    </message>
+    <message>
+        <source>Choose who it is for, type what you did, and the invoice is ready to send.</source>
+        <translation>चुनें कि किसके लिए है, लिखें कि आपने क्या किया, और इनवॉइस भेजने को तैयार है।</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>नया इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Say what it will cost</source>
+        <translation>बताएँ कि कितना लगेगा</translation>
+    </message>
+    <message>
+        <source>An estimate that is accepted becomes an invoice with one click.</source>
+        <translation>मंज़ूर हुआ एस्टीमेट एक क्लिक में इनवॉइस बन जाता है।</translation>
+    </message>
+    <message>
+        <source>New Estimate</source>
+        <translation>नया एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>No credit notes</source>
+        <translation>कोई क्रेडिट नोट नहीं</translation>
+    </message>
+    <message>
+        <source>When an invoice was too high, open it and choose “Credit Note…”: it is made from it.</source>
+        <translation>इनवॉइस की रक़म ज़्यादा हो गई हो तो उसे खोलें और “क्रेडिट नोट…” चुनें: वह उसी से बनता है।</translation>
+    </message>
+    <message>
+        <source>Show Invoices</source>
+        <translation>इनवॉइस दिखाएँ</translation>
+    </message>
+    <message>
+        <source>A credit note begins at its invoice: open it and choose “Credit Note…”.</source>
+        <translation>क्रेडिट नोट इनवॉइस से शुरू होता है: उसे खोलें और “क्रेडिट नोट…” चुनें।</translation>
+    </message>
+    <message>
+        <source>Delete Draft</source>
+        <translation>ड्राफ़्ट हटाएँ</translation>
+    </message>
+    <message>
+        <source>Draft %1 deleted</source>
+        <translation>ड्राफ़्ट %1 हटाया गया</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>कॉपी करें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::IssueSheet</name>
+    <message>
+        <source>Issue This %1</source>
+        <translation>यह %1 जारी करें</translation>
+    </message>
+    <message>
+        <source>It gets its number and can no longer be changed, only voided. Steps taken before cannot be undone any more.</source>
+        <translation>इसे नंबर मिल जाता है और फिर इसे बदला नहीं, केवल निरस्त किया जा सकता है। इससे पहले के क़दम वापस नहीं लिए जा सकेंगे।</translation>
+    </message>
+    <message>
+        <source>For</source>
+        <translation>किसके लिए</translation>
+    </message>
+    <message>
+        <source>Nobody yet</source>
+        <translation>अभी कोई नहीं</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Valid until</source>
+        <translation>कब तक मान्य</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>देय तारीख़</translation>
+    </message>
+    <message>
+        <source>Will be numbered</source>
+        <translation>नंबर होगा</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>कुल</translation>
+    </message>
+    <message>
+        <source>Issue</source>
+        <translation>जारी करें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Not yet</source>
+        <translation>अभी नहीं</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ItemTile</name>
+    <message>
+        <source>Send Reminder</source>
+        <translation>याद दिलाएँ</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ItemsPage</name>
+    <message>
+        <source>Items</source>
+        <translation>आइटम</translation>
+    </message>
+    <message>
+        <source>Add Item</source>
+        <translation>आइटम जोड़ें</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>हटाएँ</translation>
+    </message>
+    <message>
+        <source>What you bill again and again. Type its name in a line of an invoice.</source>
+        <translation>जो आप बार-बार बिल करते हैं। इनवॉइस की पंक्ति में बस उसका नाम लिखें।</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Detail</source>
+        <translation>ब्योरा</translation>
+    </message>
+    <message>
+        <source>HSN or SAC</source>
+        <translation>HSN या SAC</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>इकाई</translation>
+    </message>
+    <message>
+        <source>day, hour, piece</source>
+        <translation>दिन, घंटा, नग</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>दर</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>New item</source>
+        <translation>नया आइटम</translation>
+    </message>
+    <message>
+        <source>Enter an amount such as 1,180.00.</source>
+        <translation>1,180.00 जैसी रक़म लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::LineRow</name>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1, पंक्ति %2</translation>
+    </message>
+    <message>
+        <source>Details, line %1</source>
+        <translation>ब्योरा, पंक्ति %1</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>ब्योरा</translation>
+    </message>
+    <message>
+        <source>Amount, line %1</source>
+        <translation>रक़म, पंक्ति %1</translation>
+    </message>
+    <message>
+        <source>More for line %1</source>
+        <translation>पंक्ति %1 के लिए और</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>आइटम</translation>
+    </message>
+    <message>
+        <source>Add an item</source>
+        <translation>आइटम जोड़ें</translation>
+    </message>
+    <message>
+        <source>Enter a quantity such as 2.5.</source>
+        <translation>2.5 जैसी मात्रा लिखें।</translation>
+    </message>
+    <message>
+        <source>Enter a price such as 1,180.00, or a sum such as 3*1200.</source>
+        <translation>1,180.00 जैसी दर या 3*1200 जैसा हिसाब लिखें।</translation>
+    </message>
+    <message>
+        <source>Enter a percentage from 0 to 100.</source>
+        <translation>0 से 100 तक प्रतिशत लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::LinesTable</name>
+    <message>
+        <source>Lines</source>
+        <translation>पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>%1 per %2</source>
+        <translation>%1 प्रति %2</translation>
+    </message>
+    <message>
+        <source>Update the Saved Item</source>
+        <translation>सहेजा हुआ आइटम बदलें</translation>
+    </message>
+    <message>
+        <source>Save as Item</source>
+        <translation>आइटम के रूप में सहेजें</translation>
+    </message>
+    <message>
+        <source>Move Up	Alt+Up</source>
+        <translation>ऊपर ले जाएँ	Alt+Up</translation>
+    </message>
+    <message>
+        <source>Move Down	Alt+Down</source>
+        <translation>नीचे ले जाएँ	Alt+Down</translation>
+    </message>
+    <message>
+        <source>Remove Line	Ctrl+Delete</source>
+        <translation>पंक्ति हटाएँ	Ctrl+Delete</translation>
+    </message>
+    <message>
+        <source>Save Item</source>
+        <translation>आइटम सहेजें</translation>
+    </message>
+    <message>
+        <source>“%1” is in your catalogue now</source>
+        <translation>“%1” अब आपकी आइटम-सूची में है</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::LogoField</name>
+    <message>
+        <source>Choose…</source>
+        <translation>चुनें…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>हटाएँ</translation>
+    </message>
+    <message>
+        <source>No picture</source>
+        <translation>कोई चित्र नहीं</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>कोई नहीं</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::MailSheet</name>
+    <message>
+        <source>Remind About %1</source>
+        <translation>%1 की याद दिलाएँ</translation>
+    </message>
+    <message>
+        <source>Send %1</source>
+        <translation>%1 भेजें</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>सेवा में</translation>
+    </message>
+    <message>
+        <source>name@example.com</source>
+        <translation>name@example.com</translation>
+    </message>
+    <message>
+        <source>Tone</source>
+        <translation>लहज़ा</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>विषय</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>संदेश</translation>
+    </message>
+    <message>
+        <source>Attached</source>
+        <translation>संलग्न</translation>
+    </message>
+    <message>
+        <source>Open in Mail Program</source>
+        <translation>मेल प्रोग्राम में खोलें</translation>
+    </message>
+    <message>
+        <source>Save E-mail…</source>
+        <translation>ई-मेल सहेजें…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::MileageSheet</name>
+    <message>
+        <source>New Mileage Trip</source>
+        <translation>नई यात्रा</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Trip</source>
+        <translation>यात्रा</translation>
+    </message>
+    <message>
+        <source>Studio to the printer and back</source>
+        <translation>स्टूडियो से प्रिंटर तक और वापस</translation>
+    </message>
+    <message>
+        <source>Distance</source>
+        <translation>दूरी</translation>
+    </message>
+    <message>
+        <source>Distance (%1)</source>
+        <translation>दूरी (%1)</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>Add Trip</source>
+        <translation>यात्रा जोड़ें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>%1 for each %2</source>
+        <translation>हर %2 के %1</translation>
+    </message>
+    <message>
+        <source>Enter a distance such as 12.5.</source>
+        <translation>12.5 जैसी दूरी लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::NumberingPage</name>
+    <message>
+        <source>Add a Series for</source>
+        <translation>इसके लिए शृंखला जोड़ें</translation>
+    </message>
+    <message>
+        <source>Kind of document</source>
+        <translation>दस्तावेज़ का प्रकार</translation>
+    </message>
+    <message>
+        <source>How numbers are made</source>
+        <translation>नंबर कैसे बनते हैं</translation>
+    </message>
+    <message>
+        <source>Tokens: {FY} 26-27, {YYYY}, {YY}, {MM}, and {###} for the counter (one # per digit). With a year token the count restarts each year. Drafts get a number only when issued, and issued documents can only be voided, so the series never has gaps.</source>
+        <translation>चिह्न: {FY} 26-27, {YYYY}, {YY}, {MM}, और गिनती के लिए {###} (हर अंक का एक #)। साल का चिह्न हो तो गिनती हर साल फिर से शुरू होती है। ड्राफ़्ट को नंबर जारी होने पर ही मिलता है, और जारी दस्तावेज़ केवल निरस्त किए जा सकते हैं, इसलिए शृंखला में कोई नंबर नहीं छूटता।</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Name of a series</source>
+        <translation>शृंखला का नाम</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>नमूना</translation>
+    </message>
+    <message>
+        <source>Next counter</source>
+        <translation>अगली गिनती</translation>
+    </message>
+    <message>
+        <source>next counter</source>
+        <translation>अगली गिनती</translation>
+    </message>
+    <message>
+        <source>Remove This Series</source>
+        <translation>यह शृंखला हटाएँ</translation>
+    </message>
+    <message>
+        <source>Enter a number from 1 to 999,999,999.</source>
+        <translation>1 से 999,999,999 तक की संख्या लिखें।</translation>
+    </message>
+    <message>
+        <source>A series needs a name.</source>
+        <translation>शृंखला का नाम होना चाहिए।</translation>
+    </message>
+    <message>
+        <source>Enter a name, and a pattern such as A/{FY}/{###}.</source>
+        <translation>नाम लिखें, और A/{FY}/{###} जैसा नमूना।</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>अगला: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::OverviewScreen</name>
+    <message>
+        <source>Your books begin here</source>
+        <translation>आपका बहीखाता यहाँ से शुरू होता है</translation>
+    </message>
+    <message>
+        <source>Drop receipts or a bank statement anywhere on this window, or write an invoice. What you are owed, what you earn and which dates come up is then told here.</source>
+        <translation>रसीदें या बैंक स्टेटमेंट इस विंडो पर कहीं भी छोड़ें, या इनवॉइस बनाएँ। फिर यहाँ दिखेगा कि आपको कितना मिलना है, आप कितना कमाते हैं और कौन-सी तारीख़ें आ रही हैं।</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>नया इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Explore the Sample Books</source>
+        <translation>नमूना बहीखाता देखें</translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation>एक नज़र में</translation>
+    </message>
+    <message>
+        <source>Add Receipts…</source>
+        <translation>रसीदें जोड़ें…</translation>
+    </message>
+    <message>
+        <source>New invoice (Ctrl+N)</source>
+        <translation>नया इनवॉइस (Ctrl+N)</translation>
+    </message>
+    <message>
+        <source>Needs you</source>
+        <translation>आपका काम बाकी</translation>
+    </message>
+    <message>
+        <source>Nothing waits for you.</source>
+        <translation>आपके लिए कुछ बाकी नहीं है।</translation>
+    </message>
+    <message>
+        <source>Twelve months</source>
+        <translation>बारह महीने</translation>
+    </message>
+    <message>
+        <source>Income and spending of the last twelve months</source>
+        <translation>पिछले बारह महीनों की आय और ख़र्च</translation>
+    </message>
+    <message>
+        <source>Coming up</source>
+        <translation>आगे आने वाला</translation>
+    </message>
+    <message>
+        <source>Income</source>
+        <translation>आय</translation>
+    </message>
+    <message>
+        <source>Spending</source>
+        <translation>ख़र्च</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::PaymentPage</name>
+    <message>
+        <source>UPI ID</source>
+        <translation>UPI ID</translation>
+    </message>
+    <message>
+        <source>name@handle</source>
+        <translation>name@handle</translation>
+    </message>
+    <message>
+        <source>Print a code to pay with on invoices</source>
+        <translation>इनवॉइस पर भुगतान का कोड छापें</translation>
+    </message>
+    <message>
+        <source>UPI code</source>
+        <translation>UPI कोड</translation>
+    </message>
+    <message>
+        <source>Bank account</source>
+        <translation>बैंक खाता</translation>
+    </message>
+    <message>
+        <source>Account name</source>
+        <translation>खाते में नाम</translation>
+    </message>
+    <message>
+        <source>Account number</source>
+        <translation>खाता संख्या</translation>
+    </message>
+    <message>
+        <source>Bank</source>
+        <translation>बैंक</translation>
+    </message>
+    <message>
+        <source>IFSC</source>
+        <translation>IFSC</translation>
+    </message>
+    <message>
+        <source>SWIFT</source>
+        <translation>SWIFT</translation>
+    </message>
+    <message>
+        <source>IBAN</source>
+        <translation>IBAN</translation>
+    </message>
+    <message>
+        <source>This one asks for ₹1.00: scan it to see that your name comes up. On an invoice it asks for what is due.</source>
+        <translation>यह कोड ₹1.00 माँगता है: स्कैन करके देख लें कि आपका ही नाम आता है। इनवॉइस पर यह बकाया रक़म माँगता है।</translation>
+    </message>
+    <message>
+        <source>The code appears here once the UPI ID is complete.</source>
+        <translation>UPI ID पूरी होते ही कोड यहाँ दिखेगा।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::PaymentSheet</name>
+    <message>
+        <source>Record a Payment</source>
+        <translation>भुगतान दर्ज करें</translation>
+    </message>
+    <message>
+        <source>Received</source>
+        <translation>मिली रक़म</translation>
+    </message>
+    <message>
+        <source>TDS held back</source>
+        <translation>काटा गया TDS</translation>
+    </message>
+    <message>
+        <source>%1 of the value without GST</source>
+        <translation>GST के बिना मूल्य का %1</translation>
+    </message>
+    <message>
+        <source>%1 TDS</source>
+        <translation>%1 TDS</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>कोई नहीं</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>तरीका</translation>
+    </message>
+    <message>
+        <source>Reference</source>
+        <translation>संदर्भ</translation>
+    </message>
+    <message>
+        <source>UTR or cheque number</source>
+        <translation>UTR या चेक नंबर</translation>
+    </message>
+    <message>
+        <source>Record Payment</source>
+        <translation>भुगतान दर्ज करें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Enter an amount such as 1,180.00.</source>
+        <translation>1,180.00 जैसी रक़म लिखें।</translation>
+    </message>
+    <message>
+        <source>Settles the invoice</source>
+        <translation>इनवॉइस का भुगतान पूरा होता है</translation>
+    </message>
+    <message>
+        <source>Leaves %1 open</source>
+        <translation>%1 बाकी रहते हैं</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::PeriodPicker</name>
+    <message>
+        <source>Earlier period</source>
+        <translation>पिछली अवधि</translation>
+    </message>
+    <message>
+        <source>Later period</source>
+        <translation>अगली अवधि</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>अवधि</translation>
+    </message>
+    <message>
+        <source>All Time</source>
+        <translation>पूरा समय</translation>
+    </message>
+    <message>
+        <source>This Month</source>
+        <translation>यह महीना</translation>
+    </message>
+    <message>
+        <source>Last Month</source>
+        <translation>पिछला महीना</translation>
+    </message>
+    <message>
+        <source>This Quarter</source>
+        <translation>यह तिमाही</translation>
+    </message>
+    <message>
+        <source>Last Quarter</source>
+        <translation>पिछली तिमाही</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ProjectsScreen</name>
+    <message>
+        <source>Project</source>
+        <translation>प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Income</source>
+        <translation>आय</translation>
+    </message>
+    <message>
+        <source>Spending</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>Profit</source>
+        <translation>लाभ</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>नया प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>New project (Ctrl+N)</source>
+        <translation>नया प्रोजेक्ट (Ctrl+N)</translation>
+    </message>
+    <message>
+        <source>Search projects</source>
+        <translation>प्रोजेक्ट खोजें</translation>
+    </message>
+    <message>
+        <source>Search project, client</source>
+        <translation>प्रोजेक्ट, ग्राहक खोजें</translation>
+    </message>
+    <message>
+        <source>Show archived</source>
+        <translation>संग्रह भी दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Documents name no project: a line that bills an expense on counts for that expense’s project, any other for its client’s project where the client has just one.</source>
+        <translation>दस्तावेज़ों पर प्रोजेक्ट नहीं लिखा होता: ख़र्च को आगे बिल करने वाली पंक्ति उस ख़र्च के प्रोजेक्ट में गिनी जाती है, बाकी पंक्तियाँ ग्राहक के प्रोजेक्ट में, यदि उसका एक ही प्रोजेक्ट हो।</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Select a project to see what it is made of.</source>
+        <translation>कोई प्रोजेक्ट चुनकर देखें कि उसमें क्या-क्या है।</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>WHAT THE FIGURES COME FROM</source>
+        <translation>आँकड़े कहाँ से आते हैं</translation>
+    </message>
+    <message>
+        <source>Documents and expenses of this project</source>
+        <translation>इस प्रोजेक्ट के दस्तावेज़ और ख़र्च</translation>
+    </message>
+    <message>
+        <source>Archive</source>
+        <translation>संग्रह में रखें</translation>
+    </message>
+    <message>
+        <source>Delete Project</source>
+        <translation>प्रोजेक्ट हटाएँ</translation>
+    </message>
+    <message>
+        <source>What does a job bring in?</source>
+        <translation>काम से कितना मिलता है?</translation>
+    </message>
+    <message>
+        <source>Give expenses a project, and see here what each one earns after its costs.</source>
+        <translation>ख़र्चों में प्रोजेक्ट लिखें और यहाँ देखें कि लागत के बाद हर एक से कितनी कमाई होती है।</translation>
+    </message>
+    <message>
+        <source>Nothing here</source>
+        <translation>यहाँ कुछ नहीं है</translation>
+    </message>
+    <message>
+        <source>No project fits this search.</source>
+        <translation>इस खोज में कोई प्रोजेक्ट नहीं मिला।</translation>
+    </message>
+    <message>
+        <source>Show All Projects</source>
+        <translation>सभी प्रोजेक्ट दिखाएँ</translation>
+    </message>
+    <message>
+        <source>No client</source>
+        <translation>कोई ग्राहक नहीं</translation>
+    </message>
+    <message>
+        <source>Take Back from Archive</source>
+        <translation>संग्रह से वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>NOTHING IN THIS PERIOD</source>
+        <translation>इस अवधि में कुछ नहीं</translation>
+    </message>
+    <message>
+        <source>Rename Project</source>
+        <translation>प्रोजेक्ट का नाम बदलें</translation>
+    </message>
+    <message>
+        <source>Change Project’s Client</source>
+        <translation>प्रोजेक्ट का ग्राहक बदलें</translation>
+    </message>
+    <message>
+        <source>Archive Project</source>
+        <translation>प्रोजेक्ट को संग्रह में रखें</translation>
+    </message>
+    <message>
+        <source>Take Back Project</source>
+        <translation>प्रोजेक्ट को वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>Project archived</source>
+        <translation>प्रोजेक्ट संग्रह में रखा गया</translation>
+    </message>
+    <message>
+        <source>%1 refer to this project.</source>
+        <translation>%1 इस प्रोजेक्ट से जुड़े हैं।</translation>
+    </message>
+    <message>
+        <source>Archive %1 instead?</source>
+        <translation>%1 को हटाने के बदले संग्रह में रखें?</translation>
+    </message>
+    <message>
+        <source>%1 refer to this project, which therefore cannot be deleted. Archived, it is offered for nothing new.</source>
+        <translation>%1 इस प्रोजेक्ट से जुड़े हैं, इसलिए इसे हटाया नहीं जा सकता। संग्रह में रखने पर यह नए काम में नहीं सुझाया जाता।</translation>
+    </message>
+    <message>
+        <source>Project deleted</source>
+        <translation>प्रोजेक्ट हटाया गया</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>नाम बदलें</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>हटाएँ</translation>
+    </message>
+    <message>
+        <source>Archived</source>
+        <translation>संग्रह में</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::RatesPage</name>
+    <message>
+        <source>%1 for one unit of the currency. New documents and expenses begin with it; those there are keep theirs.</source>
+        <translation>उस मुद्रा की एक इकाई के %1। नए दस्तावेज़ और ख़र्च इसी दर से शुरू होते हैं; पुराने अपनी दर रखते हैं।</translation>
+    </message>
+    <message>
+        <source>No rate is kept yet.</source>
+        <translation>अभी कोई दर नहीं रखी गई।</translation>
+    </message>
+    <message>
+        <source>Add a currency</source>
+        <translation>मुद्रा जोड़ें</translation>
+    </message>
+    <message>
+        <source>Add a currency…</source>
+        <translation>मुद्रा जोड़ें…</translation>
+    </message>
+    <message>
+        <source>Rate of %1</source>
+        <translation>%1 की दर</translation>
+    </message>
+    <message>
+        <source>since %1</source>
+        <translation>%1 से</translation>
+    </message>
+    <message>
+        <source>Enter a rate such as 83.25.</source>
+        <translation>83.25 जैसी दर लिखें।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ReceiptQueue</name>
+    <message>
+        <source>Add Receipt</source>
+        <translation>रसीद जोड़ें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ReceiptView</name>
+    <message>
+        <source>Receipt</source>
+        <translation>रसीद</translation>
+    </message>
+    <message>
+        <source>Text of the e-mail</source>
+        <translation>ई-मेल का पाठ</translation>
+    </message>
+    <message>
+        <source>Previous page</source>
+        <translation>पिछला पन्ना</translation>
+    </message>
+    <message>
+        <source>Next page</source>
+        <translation>अगला पन्ना</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>पन्ना %1 / %2</translation>
+    </message>
+    <message>
+        <source>No receipt yet.</source>
+        <translation>अभी कोई रसीद नहीं।</translation>
+    </message>
+    <message>
+        <source>Opening…</source>
+        <translation>खुल रहा है…</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::RecordsPane</name>
+    <message>
+        <source>Record</source>
+        <translation>रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>No name</source>
+        <translation>कोई नाम नहीं</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>बंद करें</translation>
+    </message>
+    <message>
+        <source>Records</source>
+        <translation>रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Double-click to open</source>
+        <translation>खोलने के लिए डबल-क्लिक करें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::RecurringSheet</name>
+    <message>
+        <source>Recurring Expenses</source>
+        <translation>बार-बार आने वाले ख़र्च</translation>
+    </message>
+    <message>
+        <source>None yet. Choose “Repeats” beside an expense that comes again.</source>
+        <translation>अभी कोई नहीं। जो ख़र्च फिर आता है, उसके साथ “दोहराव” चुनें।</translation>
+    </message>
+    <message>
+        <source>Each is added on its day. What was added already stays when one is stopped.</source>
+        <translation>हर ख़र्च अपने दिन पर जुड़ जाता है। रोकने पर पहले जुड़े ख़र्च बने रहते हैं।</translation>
+    </message>
+    <message>
+        <source>Recurring expenses</source>
+        <translation>बार-बार आने वाले ख़र्च</translation>
+    </message>
+    <message>
+        <source>Expense</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>अगली बार</translation>
+    </message>
+    <message>
+        <source>No vendor</source>
+        <translation>कोई विक्रेता नहीं</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>बंद करें</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>हो गया</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>बंद</translation>
+    </message>
+    <message>
+        <source>%1 · paused</source>
+        <translation>%1 · रुका हुआ</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>फिर शुरू करें</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>रोकें</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>रहने दें</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>बंद करें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ReportFiles</name>
+    <message>
+        <source>“%1” couldn’t be written: %2.</source>
+        <translation>“%1” नहीं लिखी जा सकी: %2।</translation>
+    </message>
+    <message>
+        <source>Saved 1 file in “%1”</source>
+        <translation>1 फ़ाइल “%1” में सहेजी गई</translation>
+    </message>
+    <message>
+        <source>Saved %1 files in “%2”</source>
+        <translation>%1 फ़ाइलें “%2” में सहेजी गईं</translation>
+    </message>
+    <message>
+        <source>Save Tables as CSV</source>
+        <translation>तालिकाएँ CSV में सहेजें</translation>
+    </message>
+    <message>
+        <source>Save Table as CSV</source>
+        <translation>तालिका CSV में सहेजें</translation>
+    </message>
+    <message>
+        <source>Saved “%1”</source>
+        <translation>“%1” सहेजा गया</translation>
+    </message>
+    <message>
+        <source>The portal will refuse this file</source>
+        <translation>पोर्टल यह फ़ाइल नहीं लेगा</translation>
+    </message>
+    <message>
+        <source>One thing has to be put right first. It stands above the tables.</source>
+        <translation>पहले एक बात ठीक करनी होगी। वह तालिकाओं के ऊपर लिखी है।</translation>
+    </message>
+    <message>
+        <source>%1 things have to be put right first. They stand above the tables.</source>
+        <translation>पहले %1 बातें ठीक करनी होंगी। वे तालिकाओं के ऊपर लिखी हैं।</translation>
+    </message>
+    <message>
+        <source>Save It Anyway</source>
+        <translation>फिर भी सहेजें</translation>
+    </message>
+    <message>
+        <source>Save the Portal’s File</source>
+        <translation>पोर्टल की फ़ाइल सहेजें</translation>
+    </message>
+    <message>
+        <source>Saved “%1”. Check the figures on the portal before you file.</source>
+        <translation>“%1” सहेजी गई। रिटर्न भरने से पहले पोर्टल पर आँकड़े जाँच लें।</translation>
+    </message>
+    <message>
+        <source>Save Journal</source>
+        <translation>जर्नल सहेजें</translation>
+    </message>
+    <message>
+        <source>Where Should the Bundle Go?</source>
+        <translation>बंडल कहाँ रखा जाए?</translation>
+    </message>
+    <message>
+        <source>Making the year-end bundle</source>
+        <translation>साल के अंत का बंडल बन रहा है</translation>
+    </message>
+    <message>
+        <source>The bundle couldn’t be made: %1.</source>
+        <translation>बंडल नहीं बन सका: %1।</translation>
+    </message>
+    <message>
+        <source>“%1” is ready: %2 files</source>
+        <translation>“%1” तैयार है: %2 फ़ाइलें</translation>
+    </message>
+    <message>
+        <source>
+… and %1 more</source>
+        <translation>
+… और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>The bundle is made, but these files are not where the books say:
+
+%1</source>
+        <translation>बंडल बन गया, पर ये फ़ाइलें वहाँ नहीं हैं जहाँ बहीखाता बताता है:
+
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ReportView</name>
+    <message>
+        <source>Adding up…</source>
+        <translation>जोड़ लगाया जा रहा है…</translation>
+    </message>
+    <message>
+        <source>Nobody owes you anything</source>
+        <translation>आपका किसी पर कुछ बकाया नहीं</translation>
+    </message>
+    <message>
+        <source>Nothing in this time</source>
+        <translation>इस अवधि में कुछ नहीं</translation>
+    </message>
+    <message>
+        <source>Every invoice you have sent is paid.</source>
+        <translation>आपके भेजे हुए हर इनवॉइस का भुगतान हो चुका है।</translation>
+    </message>
+    <message>
+        <source>Choose another period above, or add what belongs here.</source>
+        <translation>ऊपर कोई और अवधि चुनें, या जो यहाँ होना चाहिए उसे जोड़ें।</translation>
+    </message>
+    <message>
+        <source>Not allowed under the scheme</source>
+        <translation>इस योजना में अनुमति नहीं</translation>
+    </message>
+    <message>
+        <source>The portal will refuse this</source>
+        <translation>पोर्टल इसे नहीं लेगा</translation>
+    </message>
+    <message>
+        <source>Worth a look</source>
+        <translation>देख लेने लायक़</translation>
+    </message>
+    <message>
+        <source>Show %1 more</source>
+        <translation>%1 और दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>खोलें</translation>
+    </message>
+    <message>
+        <source>Show them</source>
+        <translation>इन्हें दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Income and spending by month</source>
+        <translation>महीने के हिसाब से आय और ख़र्च</translation>
+    </message>
+    <message>
+        <source>Income</source>
+        <translation>आय</translation>
+    </message>
+    <message>
+        <source>Spending</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>Nothing in this time.</source>
+        <translation>इस अवधि में कुछ नहीं।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ReportsScreen</name>
+    <message>
+        <source>Copy the table (Ctrl+C)</source>
+        <translation>तालिका कॉपी करें (Ctrl+C)</translation>
+    </message>
+    <message>
+        <source>Print (Ctrl+P)</source>
+        <translation>छापें (Ctrl+P)</translation>
+    </message>
+    <message>
+        <source>Save the Portal’s File…</source>
+        <translation>पोर्टल की फ़ाइल सहेजें…</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>Rate of the scheme</source>
+        <translation>योजना की दर</translation>
+    </message>
+    <message>
+        <source>6% · services</source>
+        <translation>6% · सेवाएँ</translation>
+    </message>
+    <message>
+        <source>5% · restaurants</source>
+        <translation>5% · रेस्तराँ</translation>
+    </message>
+    <message>
+        <source>1% · goods</source>
+        <translation>1% · माल</translation>
+    </message>
+    <message>
+        <source>Reports</source>
+        <translation>रिपोर्ट</translation>
+    </message>
+    <message>
+        <source>As of %1</source>
+        <translation>%1 की स्थिति</translation>
+    </message>
+    <message>
+        <source>Save Tables as CSV…</source>
+        <translation>तालिकाएँ CSV में सहेजें…</translation>
+    </message>
+    <message>
+        <source>Save as CSV…</source>
+        <translation>CSV में सहेजें…</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::RulesPage</name>
+    <message>
+        <source>A rule files every new expense whose vendor or bank line holds its text. The first that fits is the one. Rules are offered on the Bank screen when you change a category.</source>
+        <translation>नियम हर उस नए ख़र्च की श्रेणी चुनता है जिसके विक्रेता या बैंक पंक्ति में उसका पाठ हो। जो पहला नियम बैठता है, वही लगता है। बैंक में श्रेणी बदलने पर नियम सुझाए जाते हैं।</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>नियम</translation>
+    </message>
+    <message>
+        <source>%1  →  %2</source>
+        <translation>%1  →  %2</translation>
+    </message>
+    <message>
+        <source>No category</source>
+        <translation>कोई श्रेणी नहीं</translation>
+    </message>
+    <message>
+        <source>, as %1</source>
+        <translation>, नाम %1</translation>
+    </message>
+    <message>
+        <source>Try it earlier</source>
+        <translation>इसे पहले परखें</translation>
+    </message>
+    <message>
+        <source>Try it later</source>
+        <translation>इसे बाद में परखें</translation>
+    </message>
+    <message>
+        <source>Remove this rule</source>
+        <translation>यह नियम हटाएँ</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::SearchPalette</name>
+    <message>
+        <source>Find anything</source>
+        <translation>कुछ भी खोजें</translation>
+    </message>
+    <message>
+        <source>Find anything: a vendor, a number, an amount, words on a receipt, a command</source>
+        <translation>कुछ भी खोजें: विक्रेता, नंबर, रक़म, रसीद के शब्द, कोई काम</translation>
+    </message>
+    <message>
+        <source>What was found</source>
+        <translation>जो मिला</translation>
+    </message>
+    <message>
+        <source>↑ ↓ to move · Enter to open · Esc to close</source>
+        <translation>↑ ↓ से चलें · Enter से खोलें · Esc से बंद करें</translation>
+    </message>
+    <message>
+        <source>Looking through the books…</source>
+        <translation>बहीखाते में खोजा जा रहा है…</translation>
+    </message>
+    <message>
+        <source>Nothing in the books has these words.</source>
+        <translation>बहीखाते में ये शब्द कहीं नहीं हैं।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::SettingsSheet</name>
+    <message>
+        <source>Settings</source>
+        <translation>सेटिंग</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>पन्ने</translation>
+    </message>
+    <message>
+        <source>Business</source>
+        <translation>व्यवसाय</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>Numbering</source>
+        <translation>नंबर</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Payment</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>आइटम</translation>
+    </message>
+    <message>
+        <source>Exchange rates</source>
+        <translation>विनिमय दरें</translation>
+    </message>
+    <message>
+        <source>Expenses</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>Categories</source>
+        <translation>श्रेणियाँ</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>नियम</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>रूप-रंग</translation>
+    </message>
+    <message>
+        <source>Library folder</source>
+        <translation>बहीखाते का फ़ोल्डर</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>सहेजें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>A field here cannot be saved.</source>
+        <translation>यहाँ का कोई खाना सहेजा नहीं जा सकता।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::ShareBars</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -82,36 +3687,325 @@
         <source>Click to try again.</source>
         <translation>फिर कोशिश करने के लिए क्लिक करें।</translation>
     </message>
+    <message>
+        <source>Ctrl+%1</source>
+        <translation>Ctrl+%1</translation>
+    </message>
+    <message>
+        <source>%1 without a category or an exchange rate</source>
+        <translation>%1 बिना श्रेणी या विनिमय दर के</translation>
+    </message>
+    <message>
+        <source>%1 overdue</source>
+        <translation>%1 की देय तारीख़ बीती</translation>
+    </message>
+    <message>
+        <source>%1 to match</source>
+        <translation>%1 मिलाने बाकी</translation>
+    </message>
 </context>
 <context>
-    <name>tamba::AppearancePage</name>
+    <name>tamba::SidebarItem</name>
+    <message numerus="yes">
+        <source>%n waiting</source>
+        <translation>
+            <numerusform>%n बाकी</numerusform>
+            <numerusform>%n बाकी</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tamba::SplitSheet</name>
     <message>
-        <source>Windows</source>
-        <translation>विंडो</translation>
+        <source>Split Over Several Invoices</source>
+        <translation>कई इनवॉइस में बाँटें</translation>
     </message>
     <message>
-        <source>Like the desktop</source>
-        <translation>डेस्कटॉप के अनुसार</translation>
+        <source>Split</source>
+        <translation>बाँटें</translation>
     </message>
     <message>
-        <source>Light</source>
-        <translation>हल्का</translation>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
     </message>
     <message>
-        <source>Dark</source>
-        <translation>गहरा</translation>
+        <source>%1 due</source>
+        <translation>%1 बकाया</translation>
     </message>
     <message>
-        <source>Language</source>
-        <translation>भाषा</translation>
+        <source>Pay as much of it as the line has left</source>
+        <translation>पंक्ति में जितना बचा है, उतना चुकाएँ</translation>
     </message>
     <message>
-        <source>From the next start. Invoices stay in English.</source>
-        <translation>अगली बार खोलने पर। इनवॉइस अंग्रेज़ी में ही रहते हैं।</translation>
+        <source>Share for %1</source>
+        <translation>%1 का हिस्सा</translation>
     </message>
     <message>
-        <source>Both belong to this computer, not to the books.</source>
-        <translation>ये दोनों इस कंप्यूटर के हैं, बहीखाते के नहीं।</translation>
+        <source>Rest is TDS</source>
+        <translation>बाकी TDS है</translation>
+    </message>
+    <message>
+        <source>The client held the rest back as tax</source>
+        <translation>बाकी रक़म ग्राहक ने कर के रूप में काटी</translation>
+    </message>
+    <message>
+        <source>Enter an amount such as 1,180.00.</source>
+        <translation>1,180.00 जैसी रक़म लिखें।</translation>
+    </message>
+    <message>
+        <source>Enter amounts such as 1,180.00.</source>
+        <translation>1,180.00 जैसी रक़में लिखें।</translation>
+    </message>
+    <message>
+        <source>%1 still to share</source>
+        <translation>%1 बाँटना बाकी</translation>
+    </message>
+    <message>
+        <source>%1 more than the line</source>
+        <translation>पंक्ति से %1 ज़्यादा</translation>
+    </message>
+    <message>
+        <source>All of it is shared.</source>
+        <translation>सब बाँट दिया गया।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::StatementImport</name>
+    <message>
+        <source>“%1” couldn’t be read: %2.</source>
+        <translation>“%1” नहीं पढ़ी जा सकी: %2।</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 पढ़ा जा रहा है</translation>
+    </message>
+    <message>
+        <source>Comparing the lines with the books</source>
+        <translation>पंक्तियाँ बहीखाते से मिलाकर देखी जा रही हैं</translation>
+    </message>
+    <message>
+        <source>Import Statement</source>
+        <translation>स्टेटमेंट लाएँ</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::SuggestionsPane</name>
+    <message>
+        <source>Select a line to see what it could be.</source>
+        <translation>कोई पंक्ति चुनकर देखें कि वह क्या हो सकती है।</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>Create Expense</source>
+        <translation>ख़र्च बनाएँ</translation>
+    </message>
+    <message>
+        <source>Split Over Several Invoices…</source>
+        <translation>कई इनवॉइस में बाँटें…</translation>
+    </message>
+    <message>
+        <source>Unmatch</source>
+        <translation>मिलान हटाएँ</translation>
+    </message>
+    <message>
+        <source>Match with %1</source>
+        <translation>%1 से मिलाएँ</translation>
+    </message>
+    <message>
+        <source>Set Aside</source>
+        <translation>अलग रखें</translation>
+    </message>
+    <message>
+        <source>Bring Back</source>
+        <translation>वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>Belongs to nothing in the books, such as a transfer between your own accounts (I)</source>
+        <translation>बहीखाते में किसी की नहीं, जैसे आपके अपने खातों के बीच का लेन-देन (I)</translation>
+    </message>
+    <message>
+        <source>It waits for a match again (I)</source>
+        <translation>यह फिर मिलाए जाने की राह देखती है (I)</translation>
+    </message>
+    <message>
+        <source>1 match</source>
+        <translation>1 मिलाएँ</translation>
+    </message>
+    <message>
+        <source>1–%1 match</source>
+        <translation>1–%1 मिलाएँ</translation>
+    </message>
+    <message>
+        <source>C category</source>
+        <translation>C श्रेणी</translation>
+    </message>
+    <message>
+        <source>E expense</source>
+        <translation>E ख़र्च</translation>
+    </message>
+    <message>
+        <source>S split</source>
+        <translation>S बाँटें</translation>
+    </message>
+    <message>
+        <source>I set aside</source>
+        <translation>I अलग रखें</translation>
+    </message>
+    <message>
+        <source>I bring back</source>
+        <translation>I वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>U unmatch</source>
+        <translation>U मिलान हटाएँ</translation>
+    </message>
+    <message>
+        <source>Keys: %1</source>
+        <translation>कुंजियाँ: %1</translation>
+    </message>
+    <message>
+        <source>Matched to</source>
+        <translation>किससे मिलाया</translation>
+    </message>
+    <message>
+        <source>Set aside</source>
+        <translation>अलग रखी गई</translation>
+    </message>
+    <message>
+        <source>It belongs to nothing in the books.</source>
+        <translation>बहीखाते में यह किसी की नहीं है।</translation>
+    </message>
+    <message>
+        <source>It could be</source>
+        <translation>यह हो सकती है</translation>
+    </message>
+    <message>
+        <source>No expense in the books looks like this.</source>
+        <translation>बहीखाते में ऐसा कोई ख़र्च नहीं है।</translation>
+    </message>
+    <message>
+        <source>No open invoice looks like this.</source>
+        <translation>ऐसा कोई खुला इनवॉइस नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 is filed under %2.</source>
+        <translation>%1 की श्रेणी %2 है।</translation>
+    </message>
+    <message>
+        <source>%1 (R)</source>
+        <translation>%1 (R)</translation>
+    </message>
+    <message>
+        <source>Match Bank Line</source>
+        <translation>बैंक पंक्ति मिलाएँ</translation>
+    </message>
+    <message>
+        <source>Set Line Aside</source>
+        <translation>पंक्ति अलग रखें</translation>
+    </message>
+    <message>
+        <source>Bring Line Back</source>
+        <translation>पंक्ति वापस लाएँ</translation>
+    </message>
+    <message>
+        <source>Unmatch Line</source>
+        <translation>पंक्ति का मिलान हटाएँ</translation>
+    </message>
+    <message>
+        <source>Split Receipt</source>
+        <translation>रसीद बाँटें</translation>
+    </message>
+    <message>
+        <source>Change Category</source>
+        <translation>श्रेणी बदलें</translation>
+    </message>
+    <message>
+        <source>Add Rule</source>
+        <translation>नियम जोड़ें</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::TableView</name>
+    <message>
+        <source>Show the Records</source>
+        <translation>रिकॉर्ड दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Copy the Selected Rows</source>
+        <translation>चुनी हुई पंक्तियाँ कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Copy the Table</source>
+        <translation>तालिका कॉपी करें</translation>
+    </message>
+    <message>
+        <source>Save as CSV…</source>
+        <translation>CSV में सहेजें…</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>छापें…</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::TaxPage</name>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>GSTIN</source>
+        <translation>GSTIN</translation>
+    </message>
+    <message>
+        <source>PAN</source>
+        <translation>PAN</translation>
+    </message>
+    <message>
+        <source>Name of the tax</source>
+        <translation>कर का नाम</translation>
+    </message>
+    <message>
+        <source>Name of the number</source>
+        <translation>संख्या का नाम</translation>
+    </message>
+    <message>
+        <source>LUT reference</source>
+        <translation>LUT संदर्भ</translation>
+    </message>
+    <message>
+        <source>Of this year’s letter of undertaking. Exports under it carry no IGST.</source>
+        <translation>इस साल के लेटर ऑफ़ अंडरटेकिंग का। उसके तहत निर्यात पर IGST नहीं लगता।</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>कर संख्या</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::VoidSheet</name>
+    <message>
+        <source>Void %1?</source>
+        <translation>%1 निरस्त करें?</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>कारण</translation>
+    </message>
+    <message>
+        <source>Sent to the wrong client</source>
+        <translation>ग़लत ग्राहक को भेजा गया</translation>
+    </message>
+    <message>
+        <source>Void</source>
+        <translation>निरस्त करें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
     </message>
 </context>
 <context>
@@ -224,6 +4118,30 @@
         <source>Open Them</source>
         <translation>इन्हें खोलें</translation>
     </message>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>चरण %1 / %2</translation>
+    </message>
+    <message>
+        <source>How an invoice will look</source>
+        <translation>इनवॉइस कैसा दिखेगा</translation>
+    </message>
+    <message>
+        <source>GSTIN</source>
+        <translation>GSTIN</translation>
+    </message>
+    <message>
+        <source>There are books in this folder already</source>
+        <translation>इस फ़ोल्डर में पहले से बहीखाता है</translation>
+    </message>
+    <message>
+        <source>They can be opened as they are, without these steps.</source>
+        <translation>इन चरणों के बिना उसे वैसे ही खोला जा सकता है।</translation>
+    </message>
+    <message>
+        <source>Set Up</source>
+        <translation>तैयार करें</translation>
+    </message>
 </context>
 <context>
     <name>tamba::Window</name>
@@ -266,6 +4184,307 @@
     <message>
         <source>Try Again</source>
         <translation>फिर कोशिश करें</translation>
+    </message>
+    <message>
+        <source>&amp;New Invoice</source>
+        <translation>नया इनवॉइस (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;New Expense</source>
+        <translation>नया ख़र्च (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;New Client</source>
+        <translation>नया ग्राहक (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;New Bank Account…</source>
+        <translation>नया बैंक खाता… (&amp;N)</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>वापस लें</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 पढ़ा जा रहा है</translation>
+    </message>
+    <message>
+        <source>Match the Obvious Ones</source>
+        <translation>साफ़ मेल वाली मिलाएँ</translation>
+    </message>
+    <message>
+        <source>1 receipt added</source>
+        <translation>1 रसीद जोड़ी गई</translation>
+    </message>
+    <message>
+        <source>%1 receipts added</source>
+        <translation>%1 रसीदें जोड़ी गईं</translation>
+    </message>
+    <message>
+        <source> · %1 cancelled</source>
+        <translation> · %1 रद्द</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>रद्द किया गया</translation>
+    </message>
+    <message>
+        <source>
+… and %1 more</source>
+        <translation>
+… और %1 अन्य</translation>
+    </message>
+    <message>
+        <source>Undo “%1”</source>
+        <translation>वापस लें: “%1”</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>फिर से करें</translation>
+    </message>
+    <message>
+        <source>Redo “%1”</source>
+        <translation>फिर से करें: “%1”</translation>
+    </message>
+    <message>
+        <source>These books cannot be read</source>
+        <translation>यह बहीखाता पढ़ा नहीं जा सकता</translation>
+    </message>
+    <message>
+        <source>The file is left exactly as it is.</source>
+        <translation>फ़ाइल जैसी है वैसी ही छोड़ी गई है।</translation>
+    </message>
+    <message>
+        <source>Restore a Backup…</source>
+        <translation>बैकअप से लौटाएँ…</translation>
+    </message>
+    <message>
+        <source>Open Another Folder…</source>
+        <translation>दूसरा फ़ोल्डर खोलें…</translation>
+    </message>
+    <message>
+        <source>Already open</source>
+        <translation>पहले से खुला है</translation>
+    </message>
+    <message>
+        <source>Making the sample books</source>
+        <translation>नमूना बहीखाता बन रहा है</translation>
+    </message>
+    <message>
+        <source>Change Settings</source>
+        <translation>सेटिंग बदलें</translation>
+    </message>
+    <message>
+        <source>Choose Between Changes</source>
+        <translation>बदलावों में से चुनें</translation>
+    </message>
+    <message>
+        <source>Change Recurring Expenses</source>
+        <translation>बार-बार आने वाले ख़र्च बदलें</translation>
+    </message>
+    <message>
+        <source>Quit without saving?</source>
+        <translation>बिना सहेजे बंद करें?</translation>
+    </message>
+    <message>
+        <source>Quit Anyway</source>
+        <translation>फिर भी बंद करें</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>नया (&amp;N)</translation>
+    </message>
+    <message>
+        <source>N&amp;ew Other</source>
+        <translation>दूसरा नया (&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Expense</source>
+        <translation>ख़र्च (&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Mileage Trip…</source>
+        <translation>यात्रा… (&amp;M)</translation>
+    </message>
+    <message>
+        <source>E&amp;stimate</source>
+        <translation>एस्टीमेट (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Client</source>
+        <translation>ग्राहक (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Project</source>
+        <translation>प्रोजेक्ट (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Add Receipts…</source>
+        <translation>रसीदें जोड़ें… (&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Import Statement…</source>
+        <translation>स्टेटमेंट लाएँ… (&amp;I)</translation>
+    </message>
+    <message>
+        <source>Re&amp;curring Expenses…</source>
+        <translation>बार-बार आने वाले ख़र्च… (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Print…</source>
+        <translation>छापें… (&amp;P)</translation>
+    </message>
+    <message>
+        <source>Open &amp;Library Folder…</source>
+        <translation>बहीखाते का फ़ोल्डर खोलें… (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Show Library &amp;Folder</source>
+        <translation>बहीखाते का फ़ोल्डर दिखाएँ (&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Move Library Folder…</source>
+        <translation>बहीखाते का फ़ोल्डर कहीं और रखें… (&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Restore a Backup…</source>
+        <translation>बैकअप से लौटाएँ… (&amp;R)</translation>
+    </message>
+    <message>
+        <source>E&amp;xplore the Sample Books</source>
+        <translation>नमूना बहीखाता देखें (&amp;X)</translation>
+    </message>
+    <message>
+        <source>&amp;Settings…</source>
+        <translation>सेटिंग… (&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>बंद करें (&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>कॉपी करें (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>हटाएँ (&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>खोजें (&amp;F)</translation>
+    </message>
+    <message>
+        <source>Expenses to &amp;Check</source>
+        <translation>जाँचने वाले ख़र्च (&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Estimates</source>
+        <translation>एस्टीमेट (&amp;E)</translation>
+    </message>
+    <message>
+        <source>Credit &amp;Notes</source>
+        <translation>क्रेडिट नोट (&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Projects</source>
+        <translation>प्रोजेक्ट (&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Match the Obvious Ones</source>
+        <translation>साफ़ मेल वाली मिलाएँ (&amp;M)</translation>
+    </message>
+    <message>
+        <source>Selected &amp;Line</source>
+        <translation>चुनी हुई पंक्ति (&amp;L)</translation>
+    </message>
+    <message>
+        <source>Select a bank line first</source>
+        <translation>पहले कोई बैंक पंक्ति चुनें</translation>
+    </message>
+    <message>
+        <source>&amp;Add Account…</source>
+        <translation>खाता जोड़ें… (&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Change Account…</source>
+        <translation>खाता बदलें… (&amp;C)</translation>
+    </message>
+    <message>
+        <source>E&amp;xpense</source>
+        <translation>ख़र्च (&amp;X)</translation>
+    </message>
+    <message>
+        <source>Looks &amp;Right</source>
+        <translation>ठीक लगता है (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Select an expense first</source>
+        <translation>पहले कोई ख़र्च चुनें</translation>
+    </message>
+    <message>
+        <source>Looks Right</source>
+        <translation>ठीक लगता है</translation>
+    </message>
+    <message>
+        <source>Select a client or a project first</source>
+        <translation>पहले कोई ग्राहक या प्रोजेक्ट चुनें</translation>
+    </message>
+    <message>
+        <source>Select an invoice first</source>
+        <translation>पहले कोई इनवॉइस चुनें</translation>
+    </message>
+    <message>
+        <source>&amp;New Project</source>
+        <translation>नया प्रोजेक्ट (&amp;N)</translation>
+    </message>
+    <message>
+        <source>Find &amp;Anything…</source>
+        <translation>कुछ भी खोजें… (&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::YearEndCard</name>
+    <message>
+        <source>Bundle for your accountant · %1</source>
+        <translation>आपके अकाउंटेंट के लिए बंडल · %1</translation>
+    </message>
+    <message>
+        <source>Reports, invoices as PDF, receipts by date and vendor, and every table as CSV, in one folder and one zip file.</source>
+        <translation>रिपोर्ट, PDF में इनवॉइस, तारीख़ और विक्रेता के अनुसार रसीदें, और हर तालिका CSV में: सब एक फ़ोल्डर और एक zip फ़ाइल में।</translation>
+    </message>
+    <message>
+        <source>Make the Bundle…</source>
+        <translation>बंडल बनाएँ…</translation>
+    </message>
+    <message>
+        <source>Journal</source>
+        <translation>जर्नल</translation>
+    </message>
+    <message>
+        <source>The whole book in double entry, as text that hledger and ledger read. Income counts:</source>
+        <translation>पूरा बहीखाता दोहरी प्रविष्टि में, ऐसे पाठ में जिसे hledger और ledger पढ़ते हैं। आय गिनी जाती है:</translation>
+    </message>
+    <message>
+        <source>Save Journal…</source>
+        <translation>जर्नल सहेजें…</translation>
+    </message>
+    <message>
+        <source>Tables · %1</source>
+        <translation>तालिकाएँ · %1</translation>
+    </message>
+    <message>
+        <source>Expenses, invoices, lines, credit notes, payments, clients and bank lines as CSV files.</source>
+        <translation>ख़र्च, इनवॉइस, पंक्तियाँ, क्रेडिट नोट, भुगतान, ग्राहक और बैंक पंक्तियाँ CSV फ़ाइलों में।</translation>
+    </message>
+    <message>
+        <source>Save Tables…</source>
+        <translation>तालिकाएँ सहेजें…</translation>
     </message>
 </context>
 </TS>
