@@ -15,7 +15,9 @@ Table owed(int rows) {
     for (int i = 0; i < rows; ++i)
         table.rows.push_back(
             {{"INV/26-27/" + std::to_string(1000 + i), "Deepmala Ceramics and Terracotta Private Limited",
-              Day{2026, 10, 1 + i % 28}, Table::Amount{123'456'700 + i, "INR"}}});
+              Day{2026, 10, 1 + i % 28}, Table::Amount{123'456'700 + i, "INR"}},
+             {},
+             {}});
     table.rows.push_back({{"Total", {}, {}, Table::Amount{99'999'999'900, "INR"}}, {}, {}, true});
     table.notes.emplace_back("1 record is left out.");
     return table;
@@ -74,7 +76,7 @@ TEST(TablePDF, nothingAndVeryLongNamesPrintToo) {
     Table odd;
     odd.title = "Odd";
     odd.columns = {{"Name"}, {"Amount", Table::Kind::amount}};
-    odd.rows.push_back({{std::string(4000, 'x')}});  // and a cell that is missing
+    odd.rows.push_back({{std::string(4000, 'x')}, {}, {}});  // and a cell that is missing
     const std::string once = TablePDF::render({}, {"Odd", {odd, Table{}}, {2026, 11, 21}});
     EXPECT_TRUE(once.starts_with("%PDF"));
     EXPECT_EQ(once, TablePDF::render({}, {"Odd", {odd, Table{}}, {2026, 11, 21}}));
