@@ -7,7 +7,10 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <exception>
 #include <limits>
+#include <span>
+#include <thread>
 
 namespace tamba::ModelsJSON {
 
@@ -110,8 +113,7 @@ void decode(od::value& v, std::map<std::string, std::int64_t>& out);
 
 /// Calls `element(value)` for each element, naming its position in errors.
 template <class Element>
-void eachElement(od::value& v, Element&& element) {
-    auto array = get(v.get_array(), "Not a list");
+void eachElement(od::array& array, Element&& element) {
     std::size_t index = 0;
     try {
         for (auto item : array) {
@@ -129,11 +131,78 @@ void eachElement(od::value& v, Element&& element) {
 
 template <class T>
 void decode(od::value& v, std::vector<T>& out) {
-    eachElement(v, [&](od::value& item) { decode(item, out.emplace_back()); });
+    auto array = get(v.get_array(), "Not a list");
+    eachElement(array, [&](od::value& item) { decode(item, out.emplace_back()); });
 }
+
+/// One stretch of a long list. What came before the first error is kept, so that the error of the whole list is that
+/// of its first bad record.
+template <class T>
+struct Stretch {
+    std::vector<std::shared_ptr<const T>> records;
+    std::exception_ptr error;
+
+    void decodeAll(std::span<const std::string_view> texts, std::size_t firstIndex) {
+        records.reserve(texts.size());
+        od::parser parser;
+        try {
+            for (const std::string_view text : texts) {
+                // The books' text goes on behind each record, which is all the room the parser asks for.
+                const simdjson::padded_string_view padded(text, text.size() + simdjson::SIMDJSON_PADDING);
+                auto document = get(parser.iterate(padded), "Not a record");
+                auto value = get(document.get_value(), "Not a record");
+                auto record = std::make_shared<T>();
+                decode(value, *record);
+                records.push_back(std::move(record));
+            }
+        } catch (DecodeError& told) {
+            told.inList(firstIndex + records.size());
+            error = std::current_exception();
+        } catch (...) {
+            error = std::current_exception();
+        }
+    }
+};
+
+/// A list of which each processor decodes a stretch.
+template <class T>
+void decodeTogether(od::array& array, List<T>& out) {
+    std::vector<std::string_view> texts;
+    std::exception_ptr noRecord;  // tells only when every record before it is good
+    try {
+        for (auto item : array) {
+            auto value = get(std::move(item), "Not a value");
+            auto object = get(value.get_object(), "Not a record");
+            texts.push_back(get(object.raw_json(), "Not a record"));
+        }
+    } catch (DecodeError& told) {
+        told.inList(texts.size());
+        noRecord = std::current_exception();
+    }
+    std::vector<Stretch<T>> stretches(std::clamp(std::thread::hardware_concurrency(), 1U, 8U));
+    {
+        std::vector<std::jthread> threads;
+        const std::size_t length = (texts.size() + stretches.size() - 1) / stretches.size();
+        for (std::size_t i = 0; i < stretches.size(); ++i) {
+            const std::size_t from = std::min(i * length, texts.size());
+            const auto part = std::span(texts).subspan(from, std::min(length, texts.size() - from));
+            threads.emplace_back([&stretch = stretches[i], part, from] { stretch.decodeAll(part, from); });
+        }
+    }
+    out.reserve(texts.size());
+    for (Stretch<T>& stretch : stretches) {
+        if (stretch.error) std::rethrow_exception(stretch.error);
+        for (auto& record : stretch.records) out.append(std::move(record));
+    }
+    if (noRecord) std::rethrow_exception(noRecord);
+}
+
 template <class T>
 void decode(od::value& v, List<T>& out) {
-    eachElement(v, [&](od::value& item) {
+    constexpr std::size_t manyRecords = 2000;
+    auto array = get(v.get_array(), "Not a list");
+    if (get(array.count_elements(), "Not a list") >= manyRecords) return decodeTogether(array, out);
+    eachElement(array, [&](od::value& item) {
         auto record = std::make_shared<T>();
         decode(item, *record);
         out.append(std::shared_ptr<const T>(std::move(record)));

@@ -97,6 +97,27 @@ TEST(ModelsJSON, aWrongFileNamesTheCulprit) {
     EXPECT_EQ(whyNot(with(library, "Chai Point", "Chai \xFF")), "The text is not UTF-8");
 }
 
+TEST(ModelsJSON, aLongListIsReadInOrderAndNamesItsFirstCulprit) {
+    Library library = Library::make();
+    for (int i = 0; i < 2500; ++i) {
+        Expense expense = Expense::make({2026, 1, 1});
+        expense.vendor = "V" + std::to_string(i);
+        expense.notes = "\\ \" ₹ ] }";
+        library.expenses.append(expense);
+    }
+    EXPECT_EQ(ModelsJSON::decode(ModelsJSON::encode(library)), library);
+    const auto exchanged = [](std::string text, const std::string& piece, const std::string& other) {
+        return text.replace(text.find(piece), piece.size(), other);
+    };
+    const std::string late = with(library, "\"V2400\"", "7");
+    EXPECT_EQ(whyNot(late), "Not a text (expenses[2400].vendor)");
+    EXPECT_EQ(whyNot(exchanged(late, "\"V1200\"", "true")), "Not a text (expenses[1200].vendor)");
+    const std::string noRecord = exchanged(late, "\"expenses\": [", "\"expenses\": [\n5,");
+    EXPECT_EQ(whyNot(noRecord), "Not a record (expenses[0])");
+    for (const char* broken : {"", "\"V1200", "}", "]", "{", "\"V1200\", ,"})
+        EXPECT_NE(whyNot(with(library, "\"V1200\"", broken)), "") << broken;
+}
+
 TEST(ModelsJSON, bytesThatAreNoTextCannotMakeTheBooksUnreadable) {
     Library l = Library::make();
     l.business.name = "Caf\xE9 \xE2\x82";
