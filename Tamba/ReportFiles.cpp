@@ -139,7 +139,9 @@ void ReportFiles::makeBundle(const FinancialYear& year) {
         try {
             made->bundle = Export::yearEnd(library, books, year, today, into, progress);
         } catch (const FileError& error) {
-            made->problem = tr("The bundle couldn’t be made: %1.").arg(toQt(std::string_view(error.what())));
+            const QString why = toQt(std::string_view(error.what()));
+            made->problem = tr("The bundle couldn’t be made: %1")
+                                .arg(why.endsWith(QLatin1Char('.')) ? why : why + QLatin1Char('.'));
         } catch (const std::exception& error) {
             made->problem = toQt(std::string_view(error.what()));
         }

@@ -49,6 +49,7 @@ public:
     }
     /// In the document's own currency.
     [[nodiscard]] std::string own(const Document& document) const {
+        if (records_.measure != Measure::own) return {};
         const auto standing = standings_.of(document);
         return standing ? MoneyFormat::string(standing->totals.total, Currency::of(document.currency)) : "";
     }

@@ -112,6 +112,7 @@ QWidget* ReportsScreen::makeHeader() {
                           header);
     rate_ = makeChoice(header);
     Controls::name(*rate_, "compositionRate", tr("Rate of the scheme"));
+    rate_->setMinimumWidth(160);
     rate_->addItem(tr("6% · services"));
     rate_->addItem(tr("5% · restaurants"));
     rate_->addItem(tr("1% · goods"));

@@ -182,6 +182,29 @@ private slots:
         QCOMPARE(open.prompts.alerts.size(), 1);
     }
 
+    void theYearLeavesAsABundleAJournalAndTables() {
+        Open open;
+        const auto desk = toPath(open.desk.path());
+        QSignalSpy saved(&open.files, &ReportFiles::saved);
+        open.screen.showReport(ReportKind::yearEnd);
+        const auto press = [&](const char* name) {
+            open.screen.findChild<QPushButton*>(QString::fromLatin1(name))->click();
+        };
+        press("makeBundle");
+        open.files.cancel();
+        QTRY_VERIFY(!open.files.isBusy());
+        QVERIFY(Files::names(desk).empty());
+        press("makeBundle");
+        QVERIFY(open.files.isBusy());
+        QTRY_COMPARE(saved.size(), 1);
+        QCOMPARE(Files::names(desk).size(), std::size_t(2));  // the folder and its zip
+        press("saveJournal");
+        QVERIFY(Files::read(desk / "tamba-2026-11-21.journal").find("Saffron Labs") != std::string::npos);
+        press("saveBooks");
+        QVERIFY(Files::names(desk / "Books 2026-27").size() > 4);
+        QVERIFY2(open.prompts.alerts.isEmpty(), qPrintable(open.prompts.alerts.join(QLatin1Char('\n'))));
+    }
+
     void whatIsLeftOutIsOneClickAway() {
         Library library = sample();
         Expense foreign = Expense::make({2026, 10, 3});
