@@ -298,8 +298,10 @@ private slots:
         Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
         Window window(books.model, std::make_unique<TestPrompts>());
         window.resize(1440, 880);
+        window.showScreen(Screen::expenses);
         shoot(window, QStringLiteral("empty"));
         books.model.open(books.path() / "Studio");
+        window.showScreen(Screen::expenses);
         auto& screen = *window.findChild<ExpensesScreen*>();
         const Library& library = books.model.library();
         const auto choose = [&](auto&& wanted) {
