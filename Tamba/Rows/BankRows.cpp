@@ -163,8 +163,17 @@ void addInvoiceChoices(std::vector<MatchChoice>& choices, MatchChoice choice, co
     }
     if (rest < 1) return choices.push_back(std::move(choice));
     const std::string text = MoneyFormat::string(rest, currency);
+    // A rate that has moved since is the likeliest reason for a little less in another currency.
+    if (Bank::currency(library, line).code != currency.code && rest <= Books::balance(library, invoice) / 10) {
+        MatchChoice lost = choice;
+        lost.remainder = Bank::Remainder::asExchange;
+        lost.outcome = text + " lost in exchange";
+        choices.push_back(std::move(lost));
+    }
     MatchChoice part = choice, withheld = choice;
     part.outcome = text + " stays due";
+    // Who pays in another currency deducts nothing for the government here.
+    if (invoice.currency != "INR") return choices.push_back(std::move(part));
     withheld.remainder = Bank::Remainder::asTDS;
     withheld.outcome = text + " as TDS";
     const auto& rates = Books::tdsRates();
@@ -177,8 +186,8 @@ void addInvoiceChoices(std::vector<MatchChoice>& choices, MatchChoice choice, co
         return choices.push_back(std::move(part));
     }
     choices.push_back(std::move(part));
-    // Even from someone without a PAN no more than a fifth is deducted, and none from money in another currency.
-    if (invoice.currency == "INR" && rest <= DocMath::totals(invoice).total / 5) choices.push_back(std::move(withheld));
+    // Even from someone without a PAN no more than a fifth is deducted.
+    if (rest <= DocMath::totals(invoice).total / 5) choices.push_back(std::move(withheld));
 }
 
 }  // namespace
@@ -256,6 +265,13 @@ BankLineFacts factsOf(const Library& library, const BankTransaction& line) {
     facts.in = line.amount > 0;
     facts.more = joined(line.reference.empty() ? std::string() : "Reference " + line.reference,
                         line.balance ? "Balance " + MoneyFormat::string(*line.balance, currency) : std::string());
+    if (line.isMatched() && line.amount > 0)
+        if (const std::int64_t rest = Bank::unassigned(library, line); rest > 0) {
+            facts.rest = MoneyFormat::string(rest, currency) + " of it is still to be matched";
+            facts.status = "In part";
+            facts.tone = Tone::warning;
+        }
+    if (const auto difference = Bank::exchangeDifference(library, line)) facts.exchange = difference->sentence;
     return facts;
 }
 
@@ -272,8 +288,26 @@ std::vector<BankLink> linksOf(const Library& library, const BankTransaction& lin
 std::vector<MatchChoice> choicesFor(const Library& library, const BankTransaction& line) {
     constexpr std::size_t keys = 9;
     std::vector<MatchChoice> choices;
-    if (!line.isOpen()) return choices;
-    for (const MatchSuggestion& suggestion : Matcher::suggestions(line, library, Matcher::listDays)) {
+    BankTransaction rest = line;
+    const bool isIn = line.amount > 0;
+    if (isIn) rest.amount = Bank::unassigned(library, line);
+    if (line.ignored || (isIn ? rest.amount < 1 : line.isMatched())) return choices;
+    for (const Bank::TypedPayment& typed : Bank::typedPayments(library, line, Matcher::listDays)) {
+        const Document* invoice = library.document(typed.invoice);
+        const auto payment = std::find_if(invoice->payments.begin(), invoice->payments.end(),
+                                          [&typed](const Payment& each) { return each.id == typed.payment; });
+        MatchChoice choice;
+        choice.target = {Kind::invoice, typed.invoice};
+        choice.payment = typed.payment;
+        choice.title = joined(invoice->displayNumber(), clientName(library, *invoice));
+        choice.amount = MoneyFormat::string(payment->amount, Currency::of(invoice->currency));
+        choice.outcome = "Is the payment of " + payment->date.formatted(dayPattern);
+        const std::string days = typed.days == 1 ? "1 day" : std::to_string(typed.days) + " days";
+        choice.reason = typed.days == 0 ? "Recorded by hand, same day" : "Recorded by hand, " + days + " apart";
+        choice.score = 99;
+        choices.push_back(std::move(choice));
+    }
+    for (const MatchSuggestion& suggestion : Matcher::suggestions(rest, library, Matcher::listDays)) {
         if (choices.size() >= keys) break;
         MatchChoice choice;
         choice.target = suggestion.target;

@@ -60,6 +60,9 @@ struct BankTable {
 struct BankLineFacts {
     std::string name, narration, amount, day, account, status;
     std::string more;  ///< "Reference N123 · Balance ₹1,23,456.00"
+    /// "₹11,000.00 of it is still to be matched", where one of several payments was removed; what an exchange of
+    /// currencies brought or lost. Else empty.
+    std::string rest, exchange;
     Tone tone = Tone::none;
     bool in = false;
 };
@@ -73,10 +76,11 @@ struct BankLink {
 };
 [[nodiscard]] std::vector<BankLink> linksOf(const Library& library, const BankTransaction& line);
 
-/// One thing a person can do with an open line by one key: a suggestion, or one of the two ways to take an invoice
-/// that the line does not pay in full.
+/// One thing a person can do with a line by one key: a payment typed before the money was seen, a suggestion, or one of
+/// the ways to take an invoice that the line does not pay in full.
 struct MatchChoice {
     MatchSuggestion::Target target;
+    std::optional<UUID> payment = {};  ///< of the invoice: linked, instead of recorded twice
     Bank::Remainder remainder = Bank::Remainder::due;
     std::string title, detail, amount;
     std::string reason;   ///< "Same amount, 1 day apart, mentions chai"
@@ -84,7 +88,7 @@ struct MatchChoice {
     int score = 0;
     bool operator==(const MatchChoice&) const = default;
 };
-/// Best first, at most nine: there is a key for each.
+/// For what no payment takes of the line yet. Best first, at most nine: there is a key for each.
 [[nodiscard]] std::vector<MatchChoice> choicesFor(const Library& library, const BankTransaction& line);
 
 /// The expense that would be made of the line; nothing where none can.

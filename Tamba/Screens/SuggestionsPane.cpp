@@ -246,7 +246,7 @@ void SuggestionsPane::setLine(const std::optional<UUID>& id) {
 void SuggestionsPane::fillMenu(QMenu& menu) {
     const BankTransaction* line = shown();
     if (!line) return;
-    for (std::size_t i = 0; line->isOpen() && i < choices_.size(); ++i) {
+    for (std::size_t i = 0; i < choices_.size(); ++i) {
         const MatchChoice& choice = choices_[i];
         QAction* action =
             menu.addAction(tr("Match with %1").arg(toQt(choice.title).replace(QLatin1Char('&'), QStringLiteral("&&"))),
@@ -272,7 +272,8 @@ void SuggestionsPane::refresh() {
     fillCategory(*line);
     fillOffer();
     const bool open = line->isOpen();
-    split_->setVisible(open && line->amount > 0 && openInvoices(model_.library(), *line).size() > 1);
+    const bool money = line->amount > 0 && !line->ignored && Bank::unassigned(model_.library(), *line) > 0;
+    split_->setVisible(money && openInvoices(model_.library(), *line).size() > 1);
     aside_->setVisible(!line->isMatched());
     aside_->setText(open ? tr("Set Aside") : tr("Bring Back"));
     aside_->setAccessibleName(aside_->text());
@@ -338,25 +339,33 @@ void SuggestionsPane::fillList(const BankTransaction& line) {
             });
             list_->addWidget(row);
         }
-        return;
+        const BankLineFacts facts = factsOf(library, line);
+        nothing_->setText(toQt(facts.exchange));
+        nothing_->setVisible(!facts.exchange.empty());
+        if (!facts.rest.empty()) list_->addWidget(Controls::label(toQt(facts.rest), "warning", this));
+        return fillChoices(line);
     }
     if (line.ignored) {
         section_->setText(tr("Set aside"));
         nothing_->setText(tr("It belongs to nothing in the books."));
         return nothing_->setVisible(true);
     }
-    choices_ = choicesFor(library, line);
     section_->setText(tr("It could be"));
-    for (std::size_t i = 0; i < choices_.size(); ++i) {
-        auto* card = new ChoiceCard(choices_[i], static_cast<int>(i) + 1, this);
-        connect(card, &QAbstractButton::clicked, this, [this, i] { choose(i); });
-        list_->addWidget(card);
-    }
+    fillChoices(line);
     if (!choices_.empty()) return;
     section_->setVisible(false);
     nothing_->setText(line.amount < 0 ? tr("No expense in the books looks like this.")
                                       : tr("No open invoice looks like this."));
     nothing_->setVisible(true);
+}
+
+void SuggestionsPane::fillChoices(const BankTransaction& line) {
+    choices_ = choicesFor(model_.library(), line);
+    for (std::size_t i = 0; i < choices_.size(); ++i) {
+        auto* card = new ChoiceCard(choices_[i], static_cast<int>(i) + 1, this);
+        connect(card, &QAbstractButton::clicked, this, [this, i] { choose(i); });
+        list_->addWidget(card);
+    }
 }
 
 void SuggestionsPane::fillCategory(const BankTransaction& line) {
@@ -427,6 +436,7 @@ void SuggestionsPane::choose(std::size_t index) {
     if (index >= choices_.size()) return;
     const UUID line = *id_;
     const bool done = perform(tr("Match Bank Line"), [choice = choices_[index]](Library library, const UUID& id) {
+        if (choice.payment) return Bank::matchToPayment(std::move(library), id, choice.target.id, *choice.payment);
         return choice.target.kind == MatchSuggestion::Target::Kind::expense
                    ? Bank::matchToExpense(std::move(library), id, choice.target.id)
                    : Bank::matchToInvoice(std::move(library), id, choice.target.id, choice.remainder);
@@ -473,7 +483,9 @@ void SuggestionsPane::unmatch() {
 void SuggestionsPane::split() {
     if (split_->isHidden() || !shown()) return;
     const UUID line = *id_;
-    const auto shares = prompts_.shares(model_.library(), *shown());
+    BankTransaction rest = *shown();
+    rest.amount = Bank::unassigned(model_.library(), rest);
+    const auto shares = prompts_.shares(model_.library(), rest);
     if (shares.empty()) return;
     const bool done = perform(tr("Split Receipt"), [&shares](Library library, auto& id) {
         return Bank::splitReceipt(std::move(library), id, shares);

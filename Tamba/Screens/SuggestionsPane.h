@@ -52,6 +52,7 @@ private:
     void refresh();
     void fillHead(const BankTransaction& line);
     void fillList(const BankTransaction& line);
+    void fillChoices(const BankTransaction& line);
     void fillCategory(const BankTransaction& line);
     void fillOffer();
     [[nodiscard]] const BankTransaction* shown() const;

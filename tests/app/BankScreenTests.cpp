@@ -5,6 +5,7 @@
 #include "TambaCore/Documents/Standing.h"
 #include "tests/app/Support.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
@@ -93,6 +94,13 @@ class BankScreenTests : public QObject {
         }
         [[nodiscard]] std::int64_t balance(const UUID& invoice) const {
             return Books::balance(model.library(), *model.library().document(invoice));
+        }
+        /// What a key would choose.
+        [[nodiscard]] QString card(int key) const {
+            QApplication::processEvents();  // new cards come up with the next round of events
+            for (const auto* each : screen.findChildren<QAbstractButton*>(QStringLiteral("choice%1").arg(key)))
+                if (each->isVisible()) return each->accessibleName();
+            return {};
         }
         [[nodiscard]] QString tab(BankList list) const {
             return screen.findChild<QTabBar*>(QStringLiteral("bankLists"))->tabText(static_cast<int>(list));
@@ -230,6 +238,75 @@ private slots:
         const Library& library = open.model.library();
         QCOMPARE(library.expenses[library.expenses.size() - 1].categoryID,
                  UUID::parse(toStd(category.itemData(before + 1).toString())));
+    }
+
+    void aPaymentTypedByHandIsLinkedAndNotRecordedTwice() {
+        Open open;
+        const Payment typed = Payment::make({2026, 11, 10}, 9'000'000, 1'000'000, PaymentMethod::bank);
+        open.model.perform(QStringLiteral("Payment"), [&](Library library, Day) {
+            return Books::recordPayment(std::move(library), open.month.partInvoice, typed);
+        });
+        open.screen.select(open.line(4).id);
+        QVERIFY(open.card(1).contains(QStringLiteral("Is the payment of 10 Nov 2026")));
+        QVERIFY(open.card(1).contains(QStringLiteral("Recorded by hand, 1 day apart")));
+        open.press(Qt::Key_1);
+        const auto& payments = open.model.library().document(open.month.partInvoice)->payments;
+        QCOMPARE(payments.size(), std::size_t(1));
+        QCOMPARE(payments[0].bankTxnID, std::optional(open.line(4).id));
+        QCOMPARE(open.line(4).paymentID, std::optional(typed.id));
+        open.screen.showList(BankList::matched);
+        open.screen.select(open.line(4).id);
+        open.press(Qt::Key_U);  // typed by a person, it stays
+        QCOMPARE(payments.size(), std::size_t(1));
+        QVERIFY(open.line(4).isOpen());
+    }
+
+    void whatCameFreeOfAReceiptIsMatchedAgain() {
+        Open open;
+        open.model.perform(QStringLiteral("Split"), [&](Library now, Day) {
+            now = Bank::splitReceipt(std::move(now), open.line(3).id,
+                                     {{open.month.firstInvoice, 1'100'000}, {open.month.secondInvoice, 2'300'000}});
+            const UUID payment = now.document(open.month.firstInvoice)->payments[0].id;
+            return Books::removePayment(std::move(now), open.month.firstInvoice, payment);
+        });
+        open.screen.showList(BankList::matched);
+        open.screen.select(open.line(3).id);
+        QCOMPARE(open.screen.findChild<QLabel*>(QStringLiteral("pill"))->text(), QStringLiteral("In part"));
+        QVERIFY(open.card(1).contains(QStringLiteral("₹11,000.00")));
+        open.press(Qt::Key_1);
+        QCOMPARE(open.balance(open.month.firstInvoice), std::int64_t(0));
+        QCOMPARE(Bank::unassigned(open.model.library(), open.line(3)), std::int64_t(0));
+        QVERIFY(open.card(1).isEmpty());
+    }
+
+    void aLittleLessFromAbroadIsALossInExchange() {
+        Open open;
+        UUID invoice;
+        open.model.perform(QStringLiteral("Abroad"), [&](Library library, Day) {
+            Client client = Client::make("Helvetic Type");
+            client.country = "US";
+            client.currency = "USD";
+            library.clients.append(client);
+            Document draft = Books::newDocument(library, DocKind::invoice, client.id, {2026, 11, 1});
+            draft.currency = "USD";
+            draft.rateMicros = 83'000'000;
+            draft.lines = {Line::make("Design", 1000, 100'000, 0)};
+            invoice = draft.id;
+            library = Books::issue(Books::addDraft(std::move(library), draft), draft.id, {2026, 11, 1});
+            BankTransaction money = BankTransaction::make({2026, 11, 20}, "SWIFT HELVETIC TYPE", 8'134'000);
+            money.accountID = library.accounts[0].id;
+            library.transactions.append(money);
+            return library;
+        });
+        QVERIFY(open.prompts.alerts.isEmpty());
+        const UUID money = open.line(6).id;
+        open.screen.select(money);
+        QVERIFY(open.card(1).contains(QStringLiteral("$20.00 lost in exchange")));
+        QVERIFY(open.card(2).contains(QStringLiteral("$20.00 stays due")));
+        open.press(Qt::Key_1);
+        QCOMPARE(open.balance(invoice), std::int64_t(0));
+        QCOMPARE(factsOf(open.model.library(), open.line(6)).exchange,
+                 std::string("₹1,660.00 less than at the rate of INV/26-27/004: an exchange loss."));
     }
 
     void aRefusalIsSaidAndTheLineStays() {
