@@ -140,7 +140,9 @@ void sum(const Library& library, const std::vector<Entry>& entries, DocumentTabl
     std::int64_t total = 0, due = 0;
     std::size_t leftOut = 0;
     for (const Entry& entry : entries) {
-        if (!entry.document->isIssued()) continue;
+        // Only estimates count as accepted or declined: an invoice in such a state is owed by nobody.
+        const bool isInvoice = entry.document->kind == DocKind::invoice;
+        if (isInvoice ? entry.document->state != DocState::issued : !entry.document->isIssued()) continue;
         const auto home = entry.standing ? Books::inHomeCurrency(library, *entry.document, entry.standing->totals.total)
                                          : std::nullopt;
         const auto owed =

@@ -167,7 +167,9 @@ std::unordered_map<UUID, Account> accounts(const Library& library, Day today) {
     for (const Document& document : library.documents) {
         if (!document.clientID) continue;
         Account& account = all[*document.clientID];
-        if (document.kind == DocKind::estimate || !document.isIssued()) continue;
+        // An invoice in the state of an accepted or declined estimate is owed by nobody.
+        const bool isNote = document.kind == DocKind::creditNote && document.isIssued();
+        if (!isNote && (document.kind != DocKind::invoice || document.state != DocState::issued)) continue;
         const auto standing = standings.of(document);
         if (!standing || !add(account, library, document, *standing))
             ++account.leftOut;

@@ -90,6 +90,8 @@ TEST(Clients, accountsTellWhatIsOwedAndHowTheyPay) {
     };
     Document draft = invoiceTo(quiet, {2026, 10, 1});
     draft.state = DocState::draft;
+    Document accepted = invoiceTo(saffron, {2026, 10, 31});
+    accepted.state = DocState::accepted;
     Document note = invoiceTo(saffron, {2026, 10, 5});
     note.kind = DocKind::creditNote;
     note.lines[0].priceMinor = 30'000;
@@ -104,6 +106,7 @@ TEST(Clients, accountsTellWhatIsOwedAndHowTheyPay) {
     vast.lines[0].priceMinor = maximumAmount;
     library.documents = {
         draft,
+        accepted,
         note,
         overdue,
         invoiceTo(saffron, {2026, 10, 1}, {paid({2026, 10, 8}, 50'000), paid({2026, 10, 21}, 40'000, 10'000)}),
