@@ -8,6 +8,7 @@
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/ProjectsScreen.h"
+#include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/StatementImport.h"
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Window.h"
@@ -96,6 +97,17 @@ void Window::makeViewMenu() {
         action->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(screen))));
         needBooks_.push_back(action);
     }
+    QMenu* reports = view->addMenu(tr("&Go to Report"));
+    // Those of a business's own tax scheme, which the settings change.
+    connect(reports, &QMenu::aboutToShow, this, [this, reports] {
+        reports->clear();
+        for (const ReportKind kind : reportsFor(model_.library().business))
+            reports->addAction(toQt(tamba::title(kind)), this, [this, kind] {
+                showScreen(Screen::reports);
+                reports_->showReport(kind);
+            });
+    });
+    needBooks_.push_back(reports->menuAction());
     view->addSeparator();
     QAction* check = view->addAction(tr("Expenses to &Check"), this, [this] {
         showScreen(Screen::expenses);

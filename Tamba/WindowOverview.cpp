@@ -58,8 +58,11 @@ void Window::showGoal(const OverviewGoal& goal) {
         case Place::bank:
             showScreen(Screen::bank);
             return bank_->showList(BankList::open);
-        case Place::profitAndLoss:
         case Place::deadline:
+            // The reference of this year's letter is all that is kept of it.
+            if (goal.deadline == Deadlines::Kind::lut) return editSettings();
+            [[fallthrough]];
+        case Place::profitAndLoss:
             return showReport(goal);
     }
 }

@@ -253,10 +253,10 @@ std::vector<Span> spansOf(ReportKind kind) {
         case ReportKind::spending:
         case ReportKind::clients:
         case ReportKind::projects:
+        case ReportKind::composition:  // paid for by the quarter, filed for by the year
             return {Span::month, Span::quarter, Span::year};
         case ReportKind::outward:
         case ReportKind::summary:
-        case ReportKind::composition:
             return {Span::month, Span::quarter};
         case ReportKind::owed:
             return {};
@@ -280,9 +280,9 @@ int yearStartOf(ReportKind kind, const Library& library) {
 ReportChoice firstChoice(ReportKind kind, Day today) {
     ReportChoice choice;
     choice.kind = kind;
-    const std::vector<Span> spans = spansOf(kind);
-    const bool isReturn = spans == std::vector{Span::month, Span::quarter};
-    choice.span = !isReturn ? Span::year : kind == ReportKind::composition ? Span::quarter : Span::month;
+    const bool isComposition = kind == ReportKind::composition;
+    const bool isReturn = isComposition || kind == ReportKind::outward || kind == ReportKind::summary;
+    choice.span = !isReturn ? Span::year : isComposition ? Span::quarter : Span::month;
     choice.day = isReturn ? stepped(choice.span, today, -1) : today;
     return choice;
 }

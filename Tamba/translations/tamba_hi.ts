@@ -4380,6 +4380,10 @@
         <translation>खोजें (&amp;F)</translation>
     </message>
     <message>
+        <source>&amp;Go to Report</source>
+        <translation>रिपोर्ट पर जाएँ (&amp;G)</translation>
+    </message>
+    <message>
         <source>Expenses to &amp;Check</source>
         <translation>जाँचने वाले ख़र्च (&amp;C)</translation>
     </message>

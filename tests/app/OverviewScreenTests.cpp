@@ -4,6 +4,7 @@
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/OverviewScreen.h"
 #include "Tamba/Screens/ProjectsScreen.h"
+#include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/Widgets/OverviewParts.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Clients.h"
@@ -161,6 +162,48 @@ private slots:
         back();
         open.find<FigureTile>("figureProfit").click();
         QCOMPARE(open.window.screen(), Screen::reports);
+    }
+
+    void leadsToTheReportThatADateIsAbout() {
+        using Place = OverviewGoal::Place;
+        Open open(someBooks());
+        auto& overview = *open.window.findChild<OverviewScreen*>();
+        auto& reports = *open.window.findChild<ReportsScreen*>();
+        const Period october = Period::month({2026, 10, 1}), quarter{{2026, 7, 1}, {2026, 9, 30}},
+                     year{{2025, 4, 1}, {2026, 3, 31}};
+        const struct {
+            OverviewGoal goal;
+            ReportKind kind;
+        } cases[] = {
+            {{.place = Place::deadline, .days = october, .deadline = Deadlines::Kind::gstr1}, ReportKind::outward},
+            {{.place = Place::deadline, .days = october, .deadline = Deadlines::Kind::gstr3b}, ReportKind::summary},
+            {{.place = Place::deadline, .days = year, .deadline = Deadlines::Kind::advanceTax}, ReportKind::profit},
+            {{.place = Place::profitAndLoss, .days = year}, ReportKind::profit},
+        };
+        for (const auto& [goal, kind] : cases) {
+            emit overview.goalChosen(goal);
+            QCOMPARE(open.window.screen(), Screen::reports);
+            QCOMPARE(reports.choice().kind, kind);
+            QCOMPARE(periodOf(reports.choice(), open.model.library()), *goal.days);
+        }
+        open.model.perform(QStringLiteral("Scheme"), [](Library library, Day) {
+            library.business.regime = TaxRegime::gstComposition;
+            return library;
+        });
+        for (const auto& [deadline, days] :
+             {std::pair(Deadlines::Kind::cmp08, quarter), std::pair(Deadlines::Kind::gstr4, year)}) {
+            emit overview.goalChosen({.place = Place::deadline, .days = days, .deadline = deadline});
+            QCOMPARE(reports.choice().kind, ReportKind::composition);
+            QCOMPARE(periodOf(reports.choice(), open.model.library()), days);
+        }
+        open.window.showScreen(Screen::overview);
+        open.prompts->changeSettings = [](Library library) {
+            library.business.lutReference = "AD270426000001X";
+            return SettingsEdit{std::move(library)};
+        };
+        emit overview.goalChosen({.place = Place::deadline, .deadline = Deadlines::Kind::lut});
+        QCOMPARE(open.model.library().business.lutReference, std::string("AD270426000001X"));
+        QCOMPARE(open.window.screen(), Screen::overview);
     }
 
     void followsTheBooks() {

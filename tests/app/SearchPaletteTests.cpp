@@ -1,6 +1,7 @@
 #include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/Widgets/SearchPalette.h"
 #include "TambaCore/Fixtures.h"
 #include "tests/app/Support.h"
@@ -117,6 +118,28 @@ private slots:
         desk.press(Qt::Key_Return);
         QCOMPARE(desk.window.screen(), Screen::invoices);
         QVERIFY(!desk.palette.isVisible());
+
+        desk.search("report spending");
+        while (desk.current() != QStringLiteral("Spending")) {
+            const QModelIndex before = desk.list.currentIndex();
+            desk.press(Qt::Key_Down);
+            QVERIFY(desk.list.currentIndex() != before);
+        }
+        desk.press(Qt::Key_Return);
+        QCOMPARE(desk.window.screen(), Screen::reports);
+        QCOMPARE(desk.window.findChild<ReportsScreen*>()->choice().kind, ReportKind::spending);
+    }
+
+    void theDigitsFollowTheSidebar() {
+        Desk desk;
+        const Screen sidebar[] = {Screen::overview, Screen::expenses, Screen::invoices,
+                                  Screen::clients,  Screen::bank,     Screen::reports};
+        for (const Screen screen :
+             {Screen::reports, Screen::bank, Screen::clients, Screen::invoices, Screen::expenses, Screen::overview}) {
+            const auto place = std::find(std::begin(sidebar), std::end(sidebar), screen) - std::begin(sidebar);
+            QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(Qt::Key_1 + place), Qt::ControlModifier);
+            QCOMPARE(desk.window.screen(), screen);
+        }
     }
 };
 
