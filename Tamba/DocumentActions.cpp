@@ -2,6 +2,7 @@
 
 #include "Tamba/DocumentPDF.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Reminders.h"
 #include "TambaCore/Documents/Standing.h"
@@ -11,7 +12,7 @@ namespace {
 
 using Action = DocumentActions::Action;
 
-QString kindTitle(DocKind kind) { return toQt(Books::title(kind)); }
+QString kindTitle(DocKind kind) { return Translations::shown(Books::title(kind)); }
 
 std::string pdfOf(const AppModel& model, const Document& document) {
     return DocumentPDF::make(model.library(), document, model.store());

@@ -1,11 +1,43 @@
 #include "Tamba/Translations.h"
 
+#include "Tamba/QtText.h"
+#include "Tamba/Rows/RowText.h"
+
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
 namespace tamba::Translations {
+namespace {
+
+/// Titles of the core, which knows nothing of translations, for lupdate to find.
+[[maybe_unused]] constexpr const char* titles[] = {
+    QT_TRANSLATE_NOOP("Rows", "Invoice"),
+    QT_TRANSLATE_NOOP("Rows", "Estimate"),
+    QT_TRANSLATE_NOOP("Rows", "Credit note"),
+    QT_TRANSLATE_NOOP("Rows", "Draft"),
+    QT_TRANSLATE_NOOP("Rows", "Sent"),
+    QT_TRANSLATE_NOOP("Rows", "Part paid"),
+    QT_TRANSLATE_NOOP("Rows", "Paid"),
+    QT_TRANSLATE_NOOP("Rows", "Overdue"),
+    QT_TRANSLATE_NOOP("Rows", "Void"),
+    QT_TRANSLATE_NOOP("Rows", "Accepted"),
+    QT_TRANSLATE_NOOP("Rows", "Declined"),
+    QT_TRANSLATE_NOOP("Rows", "Converted"),
+    QT_TRANSLATE_NOOP("Rows", "Expired"),
+    QT_TRANSLATE_NOOP("Rows", "Applied"),
+    QT_TRANSLATE_NOOP("Rows", "By invoice date"),
+    QT_TRANSLATE_NOOP("Rows", "By payment received"),
+};
+
+std::string translateRow(const char* context, const char* text) {
+    return toStd(QCoreApplication::translate(context, text));
+}
+
+}  // namespace
+
+QString shown(std::string_view title) { return toQt(RowText::translate("Rows", title)); }
 
 QString codeOf(Remembered::Appearance::Language language, const QLocale& desktop) {
     using Language = Remembered::Appearance::Language;
@@ -17,6 +49,7 @@ QString codeOf(Remembered::Appearance::Language language, const QLocale& desktop
 void install(QCoreApplication& application, Remembered::Appearance::Language language) {
     const QString code = codeOf(language, QLocale::system());
     if (code.isEmpty()) return;
+    RowText::install(translateRow);
     const auto load = [&](const QString& name, const QString& folder) {
         auto* translator = new QTranslator(&application);
         if (translator->load(name + QLatin1Char('_') + code, folder)) QCoreApplication::installTranslator(translator);

@@ -1,6 +1,7 @@
 #include "Tamba/Rows/BankRows.h"
 
 #include "Tamba/Rows/DocumentRows.h"
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Bank/Rules.h"
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
@@ -78,8 +79,9 @@ std::unordered_map<UUID, std::string> matchedTexts(const Library& library) {
             if (!payment.bankTxnID) continue;
             Found& line = found[*payment.bankTxnID];
             ++line.count;
-            line.text =
-                line.count == 1 ? linkTo(library, invoice, payment).text : std::to_string(line.count) + " invoices";
+            line.text = line.count == 1
+                            ? linkTo(library, invoice, payment).text
+                            : RowText::filled(RowText::translate("Rows", "%1 invoices"), {std::to_string(line.count)});
         }
     std::unordered_map<UUID, std::string> texts;
     for (auto& [id, line] : found) texts.emplace(id, std::move(line.text));
@@ -126,9 +128,11 @@ BankRow rowOf(const Entry& entry) {
     row.name = entry.name;
     row.narration = narrationOf(line);
     row.amount = MoneyFormat::string(line.amount, entry.currency);
-    if (line.balance) row.balance = "Balance " + MoneyFormat::string(*line.balance, entry.currency);
+    if (line.balance)
+        row.balance = RowText::filled(RowText::translate("Rows", "Balance %1"),
+                                      {MoneyFormat::string(*line.balance, entry.currency)});
     row.matched = entry.matched;
-    row.status = statusOf(list);
+    row.status = RowText::translate("Rows", statusOf(list));
     row.tone = toneOf(list);
     row.in = line.amount > 0;
     row.open = list == BankList::open;
@@ -171,11 +175,11 @@ void addInvoiceChoices(std::vector<MatchChoice>& choices, MatchChoice choice, co
         choices.push_back(std::move(lost));
     }
     MatchChoice part = choice, withheld = choice;
-    part.outcome = text + " stays due";
+    part.outcome = RowText::filled(RowText::translate("Rows", "%1 stays due"), {text});
     // Who pays in another currency deducts nothing for the government here.
     if (invoice.currency != "INR") return choices.push_back(std::move(part));
     withheld.remainder = Bank::Remainder::asTDS;
-    withheld.outcome = text + " as TDS";
+    withheld.outcome = RowText::filled(RowText::translate("Rows", "%1 as TDS"), {text});
     const auto& rates = Books::tdsRates();
     const std::int64_t balance = Books::balance(library, invoice);
     const auto rate = std::find_if(rates.begin(), rates.end(),
@@ -195,15 +199,15 @@ void addInvoiceChoices(std::vector<MatchChoice>& choices, MatchChoice choice, co
 std::string_view title(BankList list) {
     switch (list) {
         case BankList::open:
-            return "Open";
+            return RowText::marked("Rows", "Open");
         case BankList::matched:
-            return "Matched";
+            return RowText::marked("Rows", "Matched");
         case BankList::setAside:
-            return "Set aside";
+            return RowText::marked("Rows", "Set aside");
         case BankList::all:
             break;
     }
-    return "All";
+    return RowText::marked("Rows", "All");
 }
 
 BankTable bankTable(const Library& library, const BankFilter& filter) {
@@ -240,7 +244,9 @@ BankTable bankTable(const Library& library, const BankFilter& filter) {
     });
     table.rows.reserve(entries.size());
     for (const Entry& entry : entries) table.rows.push_back(rowOf(entry));
-    table.count = std::to_string(entries.size()) + (entries.size() == 1 ? " line" : " lines");
+    table.count = entries.size() == 1
+                      ? RowText::translate("Rows", "1 line")
+                      : RowText::filled(RowText::translate("Rows", "%1 lines"), {std::to_string(entries.size())});
     addSums(table, entries);
     return table;
 }
@@ -260,11 +266,15 @@ BankLineFacts factsOf(const Library& library, const BankTransaction& line) {
     facts.amount = MoneyFormat::string(line.amount, currency);
     facts.day = line.date.formatted("EEE, d MMM yyyy");
     if (account) facts.account = account->name;
-    facts.status = statusOf(list);
+    facts.status = RowText::translate("Rows", statusOf(list));
     facts.tone = toneOf(list);
     facts.in = line.amount > 0;
-    facts.more = joined(line.reference.empty() ? std::string() : "Reference " + line.reference,
-                        line.balance ? "Balance " + MoneyFormat::string(*line.balance, currency) : std::string());
+    facts.more = joined(
+        line.reference.empty() ? std::string()
+                               : RowText::filled(RowText::translate("Rows", "Reference %1"), {line.reference}),
+        line.balance
+            ? RowText::filled(RowText::translate("Rows", "Balance %1"), {MoneyFormat::string(*line.balance, currency)})
+            : std::string());
     if (line.isMatched() && line.amount > 0)
         if (const std::int64_t rest = Bank::unassigned(library, line); rest > 0) {
             facts.rest = MoneyFormat::string(rest, currency) + " of it is still to be matched";
@@ -326,7 +336,7 @@ std::vector<MatchChoice> choicesFor(const Library& library, const BankTransactio
         const Document* invoice = library.document(suggestion.target.id);
         if (!invoice) continue;
         choice.title = joined(invoice->displayNumber(), clientName(library, *invoice));
-        choice.detail = "Due " + invoice->dueDate.formatted(dayPattern);
+        choice.detail = RowText::filled(RowText::translate("Rows", "Due %1"), {invoice->dueDate.formatted(dayPattern)});
         choice.amount = MoneyFormat::string(Books::balance(library, *invoice), Currency::of(invoice->currency));
         addInvoiceChoices(choices, std::move(choice), library, line, *invoice);
     }
@@ -351,7 +361,8 @@ std::optional<RuleOffer> ruleOffer(const Library& library, const Expense& expens
     const CategoryRule* present = Expenses::rule(library, line ? nameOf(*line) + '\n' + line->text : expense.vendor);
     if (present && present->categoryID == rule->categoryID && (rule->vendor.empty() || present->vendor == rule->vendor))
         return {};
-    return RuleOffer{*rule, "Always file " + rule->contains + " under " + category->name};
+    return RuleOffer{*rule, RowText::filled(RowText::translate("Rows", "Always file %1 under %2"),
+                                            {rule->contains, category->name})};
 }
 
 std::vector<OpenInvoice> openInvoices(const Library& library, const BankTransaction& line) {

@@ -1,6 +1,7 @@
 #include "Tamba/Rows/ClientRows.h"
 
 #include "Tamba/Rows/DocumentRows.h"
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Clients.h"
@@ -53,7 +54,7 @@ int compare(const Entry& a, const Entry& b, ClientOrder order) {
 }  // namespace
 
 std::string lateText(std::int64_t days) {
-    if (days == 0) return "On time";
+    if (days == 0) return RowText::translate("Rows", "On time");
     const std::string count = std::to_string(days < 0 ? -days : days);
     return count + (count == "1" ? " day " : " days ") + (days < 0 ? "early" : "late");
 }
@@ -89,12 +90,12 @@ ClientTable clientTable(const Library& library, const ClientFilter& filter, Day 
         if (account.overdue != 0) row.overdue = MoneyFormat::string(account.overdue, home);
         if (account.daysLate) row.late = lateText(*account.daysLate);
         if (const auto problem = Clients::taxIDProblem(*client)) {
-            row.status = "Check GSTIN";
+            row.status = RowText::translate("Rows", "Check GSTIN");
             row.hint = *problem;
             row.tone = Tone::warning;
         } else if (client->archived) {
-            row.status = "Archived";
-            row.hint = "Offered for nothing new; what there is stays.";
+            row.status = RowText::translate("Rows", "Archived");
+            row.hint = RowText::translate("Rows", "Offered for nothing new; what there is stays.");
             row.tone = Tone::neutral;
         }
         table.rows.push_back(std::move(row));
@@ -104,9 +105,11 @@ ClientTable clientTable(const Library& library, const ClientFilter& filter, Day 
         overdue = Checked::tryAdd(overdue, account.overdue).value_or(overdue);
     }
     const std::size_t count = entries.size();
-    table.count = std::to_string(count) + (count == 1 ? " client" : " clients");
-    table.owed = MoneyFormat::string(owed, home) + " owed";
-    if (overdue != 0) table.overdue = MoneyFormat::string(overdue, home) + " overdue";
+    table.count = count == 1 ? RowText::translate("Rows", "1 client")
+                             : RowText::filled(RowText::translate("Rows", "%1 clients"), {std::to_string(count)});
+    table.owed = RowText::filled(RowText::translate("Rows", "%1 owed"), {MoneyFormat::string(owed, home)});
+    if (overdue != 0)
+        table.overdue = RowText::filled(RowText::translate("Rows", "%1 overdue"), {MoneyFormat::string(overdue, home)});
     if (leftOut > 0)
         table.leftOut = std::to_string(leftOut) + (leftOut == 1 ? " document" : " documents") + " left out: no rate";
     return table;
@@ -128,7 +131,7 @@ std::vector<ClientDocumentRow> clientDocuments(const Library& library, const UUI
         row.date = document->issueDate.formatted("d MMM yyyy");
         if (const auto standing = standings.of(*document)) {
             row.total = MoneyFormat::string(standing->totals.total, Currency::of(document->currency));
-            row.status = Books::title(standing->status);
+            row.status = RowText::translate("Rows", Books::title(standing->status));
             row.tone = toneOf(standing->status);
         }
         rows.push_back(std::move(row));

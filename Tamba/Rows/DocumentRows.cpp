@@ -1,5 +1,6 @@
 #include "Tamba/Rows/DocumentRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/DocMath.h"
 
@@ -11,7 +12,10 @@ namespace {
 
 constexpr std::string_view dayPattern = "d MMM yyyy";
 
-std::string days(std::int64_t count) { return std::to_string(count) + (count == 1 ? " day" : " days"); }
+std::string days(std::int64_t count) {
+    return count == 1 ? RowText::translate("Rows", "1 day")
+                      : RowText::filled(RowText::translate("Rows", "%1 days"), {std::to_string(count)});
+}
 
 /// One document with what it is compared and searched by.
 struct Entry {
@@ -23,7 +27,7 @@ struct Entry {
 };
 
 std::string totalText(const Entry& entry) {
-    if (!entry.standing) return "Cannot be right";
+    if (!entry.standing) return RowText::translate("Rows", "Cannot be right");
     return MoneyFormat::string(entry.standing->totals.total, Currency::of(entry.document->currency));
 }
 
@@ -32,13 +36,18 @@ std::string dueText(const Library& library, const Entry& entry) {
     const std::string day = document.dueDate.formatted(dayPattern);
     switch (document.kind) {
         case DocKind::invoice:
-            if (entry.standing && entry.standing->daysLate > 0) return days(entry.standing->daysLate) + " late";
-            return entry.status == DocStatus::paid || entry.status == DocStatus::void_ ? "" : "Due " + day;
+            if (entry.standing && entry.standing->daysLate > 0)
+                return RowText::filled(RowText::translate("Rows", "%1 late"), {days(entry.standing->daysLate)});
+            return entry.status == DocStatus::paid || entry.status == DocStatus::void_
+                       ? std::string()
+                       : RowText::filled(RowText::translate("Rows", "Due %1"), {day});
         case DocKind::estimate:
-            return entry.status == DocStatus::sent || entry.status == DocStatus::draft ? "Valid until " + day : "";
+            return entry.status == DocStatus::sent || entry.status == DocStatus::draft
+                       ? RowText::filled(RowText::translate("Rows", "Valid until %1"), {day})
+                       : std::string();
         case DocKind::creditNote:
             if (const Document* of = document.linkedID ? library.document(*document.linkedID) : nullptr)
-                return "For " + of->displayNumber();
+                return RowText::filled(RowText::translate("Rows", "For %1"), {of->displayNumber()});
             return "";
     }
     return "";
@@ -48,10 +57,12 @@ std::string balanceText(const Entry& entry) {
     if (!entry.standing || entry.standing->balance == 0) return "";
     const Currency currency = Currency::of(entry.document->currency);
     const std::int64_t balance = entry.standing->balance;
-    if (balance < 0) return MoneyFormat::string(Checked::neg(balance), currency) + " to refund";
+    if (balance < 0)
+        return RowText::filled(RowText::translate("Rows", "%1 to refund"),
+                               {MoneyFormat::string(Checked::neg(balance), currency)});
     // A wholly unpaid invoice need not say its total twice.
     if (balance == entry.standing->totals.total) return "";
-    return MoneyFormat::string(balance, currency) + " due";
+    return RowText::filled(RowText::translate("Rows", "%1 due"), {MoneyFormat::string(balance, currency)});
 }
 
 std::string glyphOf(DocStatus status) {
@@ -87,7 +98,7 @@ DocumentRow rowOf(const Library& library, const Entry& entry) {
     row.due = dueText(library, entry);
     row.total = totalText(entry);
     row.balance = balanceText(entry);
-    row.status = Books::title(entry.status);
+    row.status = RowText::translate("Rows", Books::title(entry.status));
     row.tone = toneOf(entry.status);
     row.glyph = glyphOf(entry.status);
     row.late = entry.status == DocStatus::overdue;
@@ -158,11 +169,23 @@ void sum(const Library& library, const std::vector<Entry>& entries, DocumentTabl
     }
     table.total = MoneyFormat::string(total, library.home());
     table.due = MoneyFormat::string(due, library.home());
-    if (leftOut > 0) table.leftOut = std::to_string(leftOut) + " left out: no rate";
+    if (leftOut > 0)
+        table.leftOut = RowText::filled(RowText::translate("Rows", "%1 left out: no rate"), {std::to_string(leftOut)});
 }
 
 std::string countText(std::size_t count, DocKind kind) {
-    return std::to_string(count) + ' ' + Text::lower(count == 1 ? Books::title(kind) : pluralTitle(kind));
+    switch (kind) {
+        case DocKind::invoice:
+            return count == 1 ? RowText::translate("Rows", "1 invoice")
+                              : RowText::filled(RowText::translate("Rows", "%1 invoices"), {std::to_string(count)});
+        case DocKind::estimate:
+            return count == 1 ? RowText::translate("Rows", "1 estimate")
+                              : RowText::filled(RowText::translate("Rows", "%1 estimates"), {std::to_string(count)});
+        case DocKind::creditNote:
+            break;
+    }
+    return count == 1 ? RowText::translate("Rows", "1 credit note")
+                      : RowText::filled(RowText::translate("Rows", "%1 credit notes"), {std::to_string(count)});
 }
 
 /// "CGST 9%": the rate stands in the title where all that is taxed has the same.
@@ -194,17 +217,23 @@ std::string paymentText(const Payment& payment, const Currency& currency) {
 
 const std::vector<StatusChoice>& statusChoices(DocKind kind) {
     using enum DocStatus;
-    static const std::vector<StatusChoice> invoices{
-        {"All", {}},      {"Drafts", {draft}}, {"Unpaid", {sent, partial, overdue}}, {"Overdue", {overdue}},
-        {"Paid", {paid}}, {"Void", {void_}}};
-    static const std::vector<StatusChoice> estimates{{"All", {}},
-                                                     {"Drafts", {draft}},
-                                                     {"Open", {sent}},
-                                                     {"Accepted", {accepted, converted}},
-                                                     {"Declined or expired", {declined, expired}},
-                                                     {"Void", {void_}}};
-    static const std::vector<StatusChoice> creditNotes{
-        {"All", {}}, {"Drafts", {draft}}, {"Applied", {applied}}, {"Void", {void_}}};
+    static const std::vector<StatusChoice> invoices{{RowText::translate("Rows", "All"), {}},
+                                                    {RowText::translate("Rows", "Drafts"), {draft}},
+                                                    {RowText::translate("Rows", "Unpaid"), {sent, partial, overdue}},
+                                                    {RowText::translate("Rows", "Overdue"), {overdue}},
+                                                    {RowText::translate("Rows", "Paid"), {paid}},
+                                                    {RowText::translate("Rows", "Void"), {void_}}};
+    static const std::vector<StatusChoice> estimates{
+        {RowText::translate("Rows", "All"), {}},
+        {RowText::translate("Rows", "Drafts"), {draft}},
+        {RowText::translate("Rows", "Open"), {sent}},
+        {RowText::translate("Rows", "Accepted"), {accepted, converted}},
+        {RowText::translate("Rows", "Declined or expired"), {declined, expired}},
+        {RowText::translate("Rows", "Void"), {void_}}};
+    static const std::vector<StatusChoice> creditNotes{{RowText::translate("Rows", "All"), {}},
+                                                       {RowText::translate("Rows", "Drafts"), {draft}},
+                                                       {RowText::translate("Rows", "Applied"), {applied}},
+                                                       {RowText::translate("Rows", "Void"), {void_}}};
     switch (kind) {
         case DocKind::invoice:
             return invoices;
@@ -257,13 +286,13 @@ std::size_t countOf(const Library& library, DocKind kind) {
 std::string_view pluralTitle(DocKind kind) {
     switch (kind) {
         case DocKind::invoice:
-            return "Invoices";
+            return RowText::marked("Rows", "Invoices");
         case DocKind::estimate:
-            return "Estimates";
+            return RowText::marked("Rows", "Estimates");
         case DocKind::creditNote:
             break;
     }
-    return "Credit notes";
+    return RowText::marked("Rows", "Credit notes");
 }
 
 Tone toneOf(DocStatus status) {
@@ -305,22 +334,23 @@ std::vector<TotalLine> totalLines(const Library& library, const Document& docume
         if (amount != 0) add(taxTitle(name, totals, share), amount);
     };
     const bool plain = totals.discount == 0 && totals.tax.total() == 0 && totals.roundOff == 0;
-    if (!plain) add("Subtotal", totals.subtotal);
+    if (!plain) add(RowText::translate("Rows", "Subtotal"), totals.subtotal);
     if (totals.discount != 0) {
-        add("Discount", Checked::neg(totals.discount));
-        if (totals.tax.total() != 0) add("Taxable value", totals.taxable);
+        add(RowText::translate("Rows", "Discount"), Checked::neg(totals.discount));
+        if (totals.tax.total() != 0) add(RowText::translate("Rows", "Taxable value"), totals.taxable);
     }
     const auto place = IndianState::of(document.placeOfSupply);
     addTax("CGST", totals.tax.cgst, 2);
     addTax(place && place->utgst ? "UTGST" : "SGST", totals.tax.sgst, 2);
     addTax("IGST", totals.tax.igst, 1);
     addTax(library.business.displayTaxName(), totals.tax.other, 1);
-    if (totals.roundOff != 0) add("Round-off", totals.roundOff);
-    add("Total", totals.total);
+    if (totals.roundOff != 0) add(RowText::translate("Rows", "Round-off"), totals.roundOff);
+    add(RowText::translate("Rows", "Total"), totals.total);
     lines.back().strong = true;
     if (document.currency != library.business.homeCurrency)
         if (const auto home = Books::inHomeCurrency(library, document, totals.total))
-            lines.push_back({"In " + library.business.homeCurrency, MoneyFormat::string(*home, library.home())});
+            lines.push_back({RowText::filled(RowText::translate("Rows", "In %1"), {library.business.homeCurrency}),
+                             MoneyFormat::string(*home, library.home())});
     return lines;
 }
 
@@ -336,7 +366,8 @@ std::vector<DocumentFact> documentFacts(const Library& library, const Document& 
     for (const Document& other : library.documents)
         if (other.linkedID == document.id) facts.push_back(linkTo(other));
     const auto note = [&facts](std::string text) { facts.push_back({Kind::note, std::move(text), {}}); };
-    if (document.sentOn) note("Sent on " + document.sentOn->formatted(dayPattern));
+    if (document.sentOn)
+        note(RowText::filled(RowText::translate("Rows", "Sent on %1"), {document.sentOn->formatted(dayPattern)}));
     if (document.remindersSent > 0) {
         std::string text =
             document.remindersSent == 1 ? "One reminder" : std::to_string(document.remindersSent) + " reminders";
@@ -352,27 +383,36 @@ std::vector<DocumentFact> documentFacts(const Library& library, const Document& 
 std::string standingText(const Library& library, const Document& document, Day today) {
     const DocStatus status = Books::status(library, document, today);
     const std::string day = document.dueDate.formatted(dayPattern);
-    if (status == DocStatus::void_) return "Void: it keeps its number and counts no more.";
+    if (status == DocStatus::void_) return RowText::translate("Rows", "Void: it keeps its number and counts no more.");
     switch (document.kind) {
         case DocKind::invoice: {
             if (!DocMath::isBelievable(document)) return "";
             const Currency currency = Currency::of(document.currency);
             const std::int64_t balance = Books::balance(library, document);
-            if (balance < 0) return MoneyFormat::string(Checked::neg(balance), currency) + " to refund";
-            if (balance < 1) return Books::credits(library, document.id) > 0 ? "Settled" : "Paid in full";
-            const std::string due = MoneyFormat::string(balance, currency) + " due ";
+            if (balance < 0)
+                return RowText::filled(RowText::translate("Rows", "%1 to refund"),
+                                       {MoneyFormat::string(Checked::neg(balance), currency)});
+            if (balance < 1)
+                return Books::credits(library, document.id) > 0 ? RowText::translate("Rows", "Settled")
+                                                                : RowText::translate("Rows", "Paid in full");
+            const std::string due = MoneyFormat::string(balance, currency);
             const std::int64_t late = document.dueDate.daysUntil(today);
-            return late > 0 ? due + "since " + day + ", " + days(late) + " ago" : due + "by " + day;
+            return late > 0
+                       ? RowText::filled(RowText::translate("Rows", "%1 due since %2, %3 ago"), {due, day, days(late)})
+                       : RowText::filled(RowText::translate("Rows", "%1 due by %2"), {due, day});
         }
         case DocKind::estimate:
-            if (status == DocStatus::converted) return "Became an invoice";
-            if (status == DocStatus::expired) return "Was valid until " + day;
-            return status == DocStatus::sent ? "Valid until " + day : std::string(Books::title(status));
+            if (status == DocStatus::converted) return RowText::translate("Rows", "Became an invoice");
+            if (status == DocStatus::expired)
+                return RowText::filled(RowText::translate("Rows", "Was valid until %1"), {day});
+            return status == DocStatus::sent ? RowText::filled(RowText::translate("Rows", "Valid until %1"), {day})
+                                             : RowText::translate("Rows", Books::title(status));
         case DocKind::creditNote:
             break;
     }
     const Document* invoice = document.linkedID ? library.document(*document.linkedID) : nullptr;
-    return invoice ? "Credits invoice " + invoice->displayNumber() : "";
+    return invoice ? RowText::filled(RowText::translate("Rows", "Credits invoice %1"), {invoice->displayNumber()})
+                   : std::string();
 }
 
 }  // namespace tamba

@@ -1,5 +1,6 @@
 #include "Tamba/Rows/ExpenseRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Expenses.h"
 
@@ -27,15 +28,21 @@ bool lacksCategory(const Library& library, const Expense& expense) {
 Status statusOf(const Library& library, const Expense& expense) {
     const auto attention = Expenses::attention(library, expense);
     if (!attention) {
-        if (expense.rebilledInvoiceID) return {"Billed", "Billed on to the client.", Tone::neutral};
-        if (expense.billable) return {"Billable", "To be billed on to the client.", Tone::neutral};
+        if (expense.rebilledInvoiceID)
+            return {RowText::translate("Rows", "Billed"), RowText::translate("Rows", "Billed on to the client."),
+                    Tone::neutral};
+        if (expense.billable)
+            return {RowText::translate("Rows", "Billable"),
+                    RowText::translate("Rows", "To be billed on to the client."), Tone::neutral};
         return {};
     }
     if (lacksRate(library, expense))
-        return {"No rate", "Add the exchange rate to include this in reports.", Tone::danger};
-    if (expense.check) return {"Check", *attention, Tone::warning};
-    if (lacksCategory(library, expense) && expense.amount != 0) return {"No category", *attention, Tone::neutral};
-    return {"Check", *attention, Tone::warning};
+        return {RowText::translate("Rows", "No rate"),
+                RowText::translate("Rows", "Add the exchange rate to include this in reports."), Tone::danger};
+    if (expense.check) return {RowText::translate("Rows", "Check"), *attention, Tone::warning};
+    if (lacksCategory(library, expense) && expense.amount != 0)
+        return {RowText::translate("Rows", "No category"), *attention, Tone::neutral};
+    return {RowText::translate("Rows", "Check"), *attention, Tone::warning};
 }
 
 /// One expense with what it is compared and searched by.
@@ -151,10 +158,12 @@ ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
         if (entry.expense->claimTax && claimed && !__builtin_add_overflow(tax, *claimed, &sum)) tax = sum;
     }
     const std::size_t count = entries.size();
-    table.count = std::to_string(count) + (count == 1 ? " expense" : " expenses");
+    table.count = count == 1 ? RowText::translate("Rows", "1 expense")
+                             : RowText::filled(RowText::translate("Rows", "%1 expenses"), {std::to_string(count)});
     table.total = MoneyFormat::string(total, library.home());
     table.tax = MoneyFormat::string(tax, library.home());
-    if (leftOut > 0) table.leftOut = std::to_string(leftOut) + " left out: no rate";
+    if (leftOut > 0)
+        table.leftOut = RowText::filled(RowText::translate("Rows", "%1 left out: no rate"), {std::to_string(leftOut)});
     return table;
 }
 
@@ -199,19 +208,19 @@ ExpenseCounts countExpenses(const Library& library) {
 std::string_view title(ExpenseList list) {
     switch (list) {
         case ExpenseList::all:
-            return "Expenses";
+            return RowText::marked("Rows", "Expenses");
         case ExpenseList::toCheck:
-            return "To check";
+            return RowText::marked("Rows", "To check");
         case ExpenseList::withoutCategory:
-            return "No category";
+            return RowText::marked("Rows", "No category");
         case ExpenseList::withoutRate:
-            return "No rate";
+            return RowText::marked("Rows", "No rate");
         case ExpenseList::billable:
-            return "Billable";
+            return RowText::marked("Rows", "Billable");
         case ExpenseList::mileage:
-            return "Mileage";
+            return RowText::marked("Rows", "Mileage");
         case ExpenseList::withoutReceipt:
-            return "No receipt";
+            return RowText::marked("Rows", "No receipt");
     }
     return {};
 }
@@ -219,21 +228,21 @@ std::string_view title(ExpenseList list) {
 std::string_view title(PaymentMethod method) {
     switch (method) {
         case PaymentMethod::upi:
-            return "UPI";
+            return RowText::marked("Rows", "UPI");
         case PaymentMethod::card:
-            return "Card";
+            return RowText::marked("Rows", "Card");
         case PaymentMethod::bank:
-            return "Bank transfer";
+            return RowText::marked("Rows", "Bank transfer");
         case PaymentMethod::cash:
-            return "Cash";
+            return RowText::marked("Rows", "Cash");
         case PaymentMethod::pettyCash:
-            return "Petty cash";
+            return RowText::marked("Rows", "Petty cash");
         case PaymentMethod::cheque:
-            return "Cheque";
+            return RowText::marked("Rows", "Cheque");
         case PaymentMethod::wallet:
-            return "Wallet";
+            return RowText::marked("Rows", "Wallet");
         case PaymentMethod::other:
-            return "Other";
+            return RowText::marked("Rows", "Other");
     }
     return {};
 }
@@ -282,11 +291,11 @@ std::string titleOf(Span span, Day day, int fyStartMonth) {
         case Span::quarter:
             return days->from.formatted("MMM") + "–" + days->to.formatted("MMM yyyy");
         case Span::year:
-            return "FY " + day.financialYear(fyStartMonth).label();
+            return RowText::filled(RowText::translate("Rows", "FY %1"), {day.financialYear(fyStartMonth).label()});
         case Span::all:
             break;
     }
-    return "All time";
+    return RowText::translate("Rows", "All time");
 }
 
 Day stepped(Span span, Day day, int steps) {

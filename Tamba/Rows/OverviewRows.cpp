@@ -1,6 +1,7 @@
 #include "Tamba/Rows/OverviewRows.h"
 
 #include "Tamba/Rows/BankRows.h"
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/Reports.h"
@@ -15,11 +16,10 @@ using Place = OverviewGoal::Place;
 /// Overdue invoices that are named one by one; the others are told of in one line.
 constexpr std::size_t namedInvoices = 5;
 
-std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-    return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
+std::string days(std::int64_t count) {
+    return count == 1 ? RowText::translate("Rows", "1 day")
+                      : RowText::filled(RowText::translate("Rows", "%1 days"), {std::to_string(count)});
 }
-
-std::string days(std::int64_t count) { return std::to_string(count) + (count == 1 ? " day" : " days"); }
 
 bool isEmpty(const Library& library) {
     return library.documents.empty() && library.expenses.empty() && library.transactions.empty();
@@ -73,29 +73,43 @@ private:
         const std::int64_t spent = reports_.spending(period);
         const std::int64_t profit = difference(income, spent);
         result_.figures = {
-            OverviewFigure{"Owed to you",
-                           amount(reports_.outstanding()),
-                           open == 0 ? "All invoices are paid" : counted(open, "open invoice", "open invoices"),
-                           Tone::none,
-                           {.place = Place::unpaid}},
-            OverviewFigure{"Overdue",
+            OverviewFigure{
+                RowText::translate("Rows", "Owed to you"),
+                amount(reports_.outstanding()),
+                open == 0   ? RowText::translate("Rows", "All invoices are paid")
+                : open == 1 ? RowText::translate("Rows", "1 open invoice")
+                            : RowText::filled(RowText::translate("Rows", "%1 open invoices"), {std::to_string(open)}),
+                Tone::none,
+                {.place = Place::unpaid}},
+            OverviewFigure{RowText::translate("Rows", "Overdue"),
                            amount(overdue),
-                           late == 0 ? "Nobody is late" : counted(late, "invoice is late", "invoices are late"),
+                           late == 0   ? RowText::translate("Rows", "Nobody is late")
+                           : late == 1 ? RowText::translate("Rows", "1 invoice is late")
+                                       : RowText::filled(RowText::translate("Rows", "%1 invoices are late"),
+                                                         {std::to_string(late)}),
                            late == 0 ? Tone::none : Tone::danger,
                            {.place = Place::overdue}},
-            OverviewFigure{"Income this year",
-                           amount(income),
-                           "FY " + year.label() + ", by invoice date, without tax",
-                           Tone::none,
-                           {.place = Place::profitAndLoss, .days = period}},
-            OverviewFigure{"Profit this year",
+            OverviewFigure{
+                RowText::translate("Rows", "Income this year"),
+                amount(income),
+                RowText::filled(RowText::translate("Rows", "FY %1, by invoice date, without tax"), {year.label()}),
+                Tone::none,
+                {.place = Place::profitAndLoss, .days = period}},
+            OverviewFigure{RowText::translate("Rows", "Profit this year"),
                            amount(profit),
-                           amount(spent) + " spent",
+                           RowText::filled(RowText::translate("Rows", "%1 spent"), {amount(spent)}),
                            profit < 0 ? Tone::danger : Tone::none,
                            {.place = Place::profitAndLoss, .days = period}}};
         if (const std::size_t count = reports_.leftOut().count())
-            result_.leftOut = counted(count, "record is", "records are") +
-                              " in no figure: the exchange rate is missing or an amount cannot be right";
+            result_.leftOut =
+                count == 1
+                    ? RowText::translate(
+                          "Rows", "1 record is in no figure: the exchange rate is missing or an amount cannot be right")
+                    : RowText::filled(
+                          RowText::translate(
+                              "Rows",
+                              "%1 records are in no figure: the exchange rate is missing or an amount cannot be right"),
+                          {std::to_string(count)});
     }
 
     void addMonths() {
@@ -122,11 +136,16 @@ private:
             OverviewItem item{.icon = "document",
                               .title = clientNameOf(library_, invoice) + " · " + invoice.displayNumber(),
                               .tone = Tone::danger};
-            item.detail = days(invoice.dueDate.daysUntil(today_)) + " late";
+            item.detail =
+                RowText::filled(RowText::translate("Rows", "%1 late"), {days(invoice.dueDate.daysUntil(today_))});
             if (invoice.remindersSent > 0) {
                 item.detail +=
-                    " · " + counted(static_cast<std::size_t>(invoice.remindersSent), "reminder", "reminders");
-                if (invoice.lastReminder) item.detail += ", last on " + invoice.lastReminder->formatted("d MMM");
+                    " · " + (invoice.remindersSent == 1 ? RowText::translate("Rows", "1 reminder")
+                                                        : RowText::filled(RowText::translate("Rows", "%1 reminders"),
+                                                                          {std::to_string(invoice.remindersSent)}));
+                if (invoice.lastReminder)
+                    item.detail += RowText::filled(RowText::translate("Rows", ", last on %1"),
+                                                   {invoice.lastReminder->formatted("d MMM")});
             }
             item.amount = MoneyFormat::string(balance, Currency::of(invoice.currency));
             item.goal = {.place = Place::document, .document = invoice.id};
@@ -136,7 +155,10 @@ private:
         if (late.size() > namedInvoices)
             result_.items.push_back(
                 {.icon = "document",
-                 .title = counted(late.size() - namedInvoices, "more invoice", "more invoices") + " overdue",
+                 .title = late.size() == namedInvoices + 1
+                              ? RowText::translate("Rows", "1 more invoice overdue")
+                              : RowText::filled(RowText::translate("Rows", "%1 more invoices overdue"),
+                                                {std::to_string(late.size() - namedInvoices)}),
                  .amount = amount(rest),
                  .tone = Tone::danger,
                  .goal = {.place = Place::overdue}});
@@ -146,8 +168,11 @@ private:
         const std::size_t open = openLines(library_);
         if (open == 0) return;
         result_.items.push_back({.icon = "category-bank",
-                                 .title = counted(open, "bank line", "bank lines") + " to match",
-                                 .detail = "What they paid for, or which invoice they pay",
+                                 .title = open == 1
+                                              ? RowText::translate("Rows", "1 bank line to match")
+                                              : RowText::filled(RowText::translate("Rows", "%1 bank lines to match"),
+                                                                {std::to_string(open)}),
+                                 .detail = RowText::translate("Rows", "What they paid for, or which invoice they pay"),
                                  .goal = {.place = Place::bank}});
     }
 
@@ -156,14 +181,21 @@ private:
             DocKind kind;
             const char *one, *many;
         };
-        for (const auto& [kind, one, many] : {Kind{DocKind::invoice, "draft invoice", "draft invoices"},
-                                              Kind{DocKind::estimate, "draft estimate", "draft estimates"},
-                                              Kind{DocKind::creditNote, "draft credit note", "draft credit notes"}}) {
+        for (const auto& [kind, one, many] :
+             {Kind{DocKind::invoice, RowText::marked("Rows", "1 draft invoice not issued yet"),
+                   RowText::marked("Rows", "%1 draft invoices not issued yet")},
+              Kind{DocKind::estimate, RowText::marked("Rows", "1 draft estimate not issued yet"),
+                   RowText::marked("Rows", "%1 draft estimates not issued yet")},
+              Kind{DocKind::creditNote, RowText::marked("Rows", "1 draft credit note not issued yet"),
+                   RowText::marked("Rows", "%1 draft credit notes not issued yet")}}) {
             std::vector<const Document*> drafts;
             for (const Document& document : library_.documents)
                 if (document.kind == kind && document.state == DocState::draft) drafts.push_back(&document);
             if (drafts.empty()) continue;
-            OverviewItem item{.icon = "file", .title = counted(drafts.size(), one, many) + " not issued yet"};
+            OverviewItem item{.icon = "file",
+                              .title = drafts.size() == 1 ? RowText::translate("Rows", one)
+                                                          : RowText::filled(RowText::translate("Rows", many),
+                                                                            {std::to_string(drafts.size())})};
             item.detail = namesOf(drafts);
             item.goal = {.place = Place::drafts, .kind = kind};
             if (drafts.size() == 1) item.goal = {.place = Place::document, .document = drafts.front()->id};
@@ -178,11 +210,12 @@ private:
             const std::string name = clientNameOf(library_, *draft);
             if (draft->clientID && std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
         }
-        std::string text;
-        for (std::size_t i = 0; i < std::min<std::size_t>(names.size(), 2); ++i)
-            text += (i == 0 ? "For " : ", ") + names[i];
-        if (names.size() > 2) text += " and " + std::to_string(names.size() - 2) + " more";
-        return text;
+        if (names.empty()) return {};
+        std::string text = names[0];
+        if (names.size() > 1) text += ", " + names[1];
+        if (names.size() <= 2) return RowText::filled(RowText::translate("Rows", "For %1"), {text});
+        return RowText::filled(RowText::translate("Rows", "For %1 and %2 more"),
+                               {text, std::to_string(names.size() - 2)});
     }
 
     void addExpenses() {
@@ -192,25 +225,32 @@ private:
             Tone tone;
         };
         static constexpr Entry entries[] = {
-            {ExpenseList::withoutRate, "exchange", "expense without an exchange rate",
-             "expenses without an exchange rate", "Left out of every figure until it is there", Tone::danger},
-            {ExpenseList::toCheck, "eye", "receipt to check", "receipts to check", "What was read may be wrong",
+            {ExpenseList::withoutRate, "exchange", RowText::marked("Rows", "1 expense without an exchange rate"),
+             RowText::marked("Rows", "%1 expenses without an exchange rate"),
+             RowText::marked("Rows", "Left out of every figure until it is there"), Tone::danger},
+            {ExpenseList::toCheck, "eye", RowText::marked("Rows", "1 receipt to check"),
+             RowText::marked("Rows", "%1 receipts to check"), RowText::marked("Rows", "What was read may be wrong"),
              Tone::warning},
-            {ExpenseList::withoutCategory, "category-none", "expense without a category", "expenses without a category",
-             "Uncategorised in the reports", Tone::none},
-            {ExpenseList::billable, "billable", "expense to bill on", "expenses to bill on",
-             "Billable, and on no invoice yet", Tone::none},
-            {ExpenseList::withoutReceipt, "receipt", "expense without a receipt", "expenses without a receipt",
-             "Nothing on file shows what was bought", Tone::none}};
+            {ExpenseList::withoutCategory, "category-none", RowText::marked("Rows", "1 expense without a category"),
+             RowText::marked("Rows", "%1 expenses without a category"),
+             RowText::marked("Rows", "Uncategorised in the reports"), Tone::none},
+            {ExpenseList::billable, "billable", RowText::marked("Rows", "1 expense to bill on"),
+             RowText::marked("Rows", "%1 expenses to bill on"),
+             RowText::marked("Rows", "Billable, and on no invoice yet"), Tone::none},
+            {ExpenseList::withoutReceipt, "receipt", RowText::marked("Rows", "1 expense without a receipt"),
+             RowText::marked("Rows", "%1 expenses without a receipt"),
+             RowText::marked("Rows", "Nothing on file shows what was bought"), Tone::none}};
         const ExpenseCounts counts = countExpenses(library_);
         for (const Entry& entry : entries) {
             const std::size_t count = counts.of(entry.list);
             if (count == 0) continue;
-            OverviewItem item{.icon = entry.icon,
-                              .title = counted(count, entry.one, entry.many),
-                              .detail = entry.detail,
-                              .tone = entry.tone,
-                              .goal = {.place = Place::expenses, .list = entry.list}};
+            OverviewItem item{
+                .icon = entry.icon,
+                .title = count == 1 ? RowText::translate("Rows", entry.one)
+                                    : RowText::filled(RowText::translate("Rows", entry.many), {std::to_string(count)}),
+                .detail = RowText::translate("Rows", entry.detail),
+                .tone = entry.tone,
+                .goal = {.place = Place::expenses, .list = entry.list}};
             if (entry.list == ExpenseList::billable) item.amount = amount(reports_.unbilledTotal());
             result_.items.push_back(std::move(item));
         }
@@ -222,11 +262,16 @@ private:
             OverviewDate date;
             date.day = each.due.formatted("d");
             date.month = each.due.formatted("MMM");
-            date.when = away == 0 ? "today" : away == 1 ? "tomorrow" : "in " + days(away);
+            date.when = away == 0   ? RowText::translate("Rows", "today")
+                        : away == 1 ? RowText::translate("Rows", "tomorrow")
+                                    : RowText::filled(RowText::translate("Rows", "in %1"), {days(away)});
             date.title = each.title;
             date.holds = each.holds;
             date.note = each.note;
-            if (each.problems > 0) date.problems = counted(each.problems, "problem", "problems");
+            if (each.problems > 0)
+                date.problems = each.problems == 1 ? RowText::translate("Rows", "1 problem")
+                                                   : RowText::filled(RowText::translate("Rows", "%1 problems"),
+                                                                     {std::to_string(each.problems)});
             date.tone = each.problems > 0 || away <= 3 ? Tone::warning : Tone::none;
             date.goal = {.place = Place::deadline, .days = each.period, .deadline = each.kind};
             result_.dates.push_back(std::move(date));

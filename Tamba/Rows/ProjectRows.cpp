@@ -1,5 +1,6 @@
 #include "Tamba/Rows/ProjectRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/DocMath.h"
 #include "TambaCore/Reports/Breakdowns.h"
@@ -85,12 +86,16 @@ ProjectTable projectTable(const Library& library, const ProjectFilter& filter) {
                               money(entry.expenses), money(entry.profit()), entry.project->archived ? "Archived" : "",
                               entry.profit() < 0});
     }
-    table.count = std::to_string(entries.size()) + (entries.size() == 1 ? " project" : " projects");
-    table.profit = MoneyFormat::string(profit.value(), home) + " profit";
+    table.count = entries.size() == 1
+                      ? RowText::translate("Rows", "1 project")
+                      : RowText::filled(RowText::translate("Rows", "%1 projects"), {std::to_string(entries.size())});
+    table.profit =
+        RowText::filled(RowText::translate("Rows", "%1 profit"), {MoneyFormat::string(profit.value(), home)});
     if (!tallies.empty() && !tallies.back().projectID) {
         Sum without;
         without.add(tallies.back().income), without.subtract(tallies.back().expenses);
-        table.without = MoneyFormat::string(without.value(), home) + " belongs to no project";
+        table.without = RowText::filled(RowText::translate("Rows", "%1 belongs to no project"),
+                                        {MoneyFormat::string(without.value(), home)});
     }
     return table;
 }

@@ -1,5 +1,6 @@
 #include "Tamba/Rows/ReportRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Reports/GSTReturns.h"
 #include "TambaCore/Reports/ReportTables.h"
 #include "TambaCore/Reports/TDS.h"
@@ -191,29 +192,29 @@ std::vector<ReportKind> reportsFor(const Business& business) {
 std::string_view title(ReportKind kind) {
     switch (kind) {
         case ReportKind::profit:
-            return "Profit and loss";
+            return RowText::marked("Rows", "Profit and loss");
         case ReportKind::spending:
-            return "Spending";
+            return RowText::marked("Rows", "Spending");
         case ReportKind::clients:
-            return "Clients";
+            return RowText::marked("Rows", "Clients");
         case ReportKind::owed:
-            return "Money owed";
+            return RowText::marked("Rows", "Money owed");
         case ReportKind::outward:
-            return "GSTR-1";
+            return RowText::marked("Rows", "GSTR-1");
         case ReportKind::summary:
-            return "GSTR-3B";
+            return RowText::marked("Rows", "GSTR-3B");
         case ReportKind::composition:
-            return "Composition";
+            return RowText::marked("Rows", "Composition");
         case ReportKind::tds:
-            return "TDS";
+            return RowText::marked("Rows", "TDS");
         case ReportKind::inputTax:
-            return "Input tax";
+            return RowText::marked("Rows", "Input tax");
         case ReportKind::mileage:
-            return "Mileage";
+            return RowText::marked("Rows", "Mileage");
         case ReportKind::projects:
-            return "Projects";
+            return RowText::marked("Rows", "Projects");
         case ReportKind::yearEnd:
-            return "Year end";
+            return RowText::marked("Rows", "Year end");
     }
     return {};
 }

@@ -4,6 +4,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/SuggestionsPane.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Form.h"
@@ -105,7 +106,7 @@ QWidget* BankScreen::makeHeader() {
     lists_->setDrawBase(false);
     lists_->setExpanding(false);
     lists_->setElideMode(Qt::ElideNone);
-    for (const BankList list : allBankLists) lists_->addTab(toQt(title(list)));
+    for (const BankList list : allBankLists) lists_->addTab(Translations::shown(title(list)));
     import_ = Controls::button(tr("Import Statement…"), "importStatement", Controls::Kind::plain, header);
     obvious_ = Controls::button(tr("Match the Obvious Ones"), "matchObvious", Controls::Kind::primary, header);
     obvious_->setToolTip(tr("Match every line that has one clear counterpart (F5)"));
@@ -231,8 +232,9 @@ void BankScreen::refresh() {
 
     BankTable table = bankTable(library, filter_);
     for (std::size_t i = 0; i < std::size(allBankLists); ++i)
-        lists_->setTabText(static_cast<int>(i),
-                           QStringLiteral("%1  %2").arg(toQt(title(allBankLists[i]))).arg(table.counts[i]));
+        lists_->setTabText(
+            static_cast<int>(i),
+            QStringLiteral("%1  %2").arg(Translations::shown(title(allBankLists[i]))).arg(table.counts[i]));
     const bool none = table.rows.empty();
     {
         const QScopedValueRollback guard(filling_, true);

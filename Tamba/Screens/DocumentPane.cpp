@@ -6,6 +6,7 @@
 #include "Tamba/Rows/DocumentRows.h"
 #include "Tamba/Screens/DocumentEditor.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DocumentPreview.h"
 
@@ -206,10 +207,10 @@ void DocumentPane::refresh() {
     if (!document) return pages_->setCurrentWidget(none_);
     const Library& library = model_.library();
     const bool draft = document->state == DocState::draft;
-    const QString kind = toQt(Books::title(document->kind));
+    const QString kind = Translations::shown(Books::title(document->kind));
     title_->setText(draft ? tr("Draft %1").arg(kind.toLower()) : toQt(document->displayNumber()));
     const DocStatus status = Books::status(library, *document, model_.today());
-    pill_->setText(toQt(Books::title(status)));
+    pill_->setText(Translations::shown(Books::title(status)));
     pill_->setProperty("pill", QString::fromLatin1(pillOf(toneOf(status))));
     pill_->style()->unpolish(pill_);
     pill_->style()->polish(pill_);

@@ -2,6 +2,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Rows/ExpenseRows.h"
 #include "Tamba/Screens/ExpenseInspector.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
 #include "Tamba/Widgets/Form.h"
@@ -143,7 +144,7 @@ void ExpenseInspector::fillChoices(const Expense& e) {
     fillCategories(*category_, library);
     chooseData(*category_, idText(e.categoryID));
     if (method_->count() == 0)
-        for (const PaymentMethod method : allMethods()) method_->addItem(toQt(title(method)));
+        for (const PaymentMethod method : allMethods()) method_->addItem(Translations::shown(title(method)));
     const auto& methods = allMethods();
     method_->setCurrentIndex(static_cast<int>(std::find(methods.begin(), methods.end(), e.method) - methods.begin()));
     currency_->clear();

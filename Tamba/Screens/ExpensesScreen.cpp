@@ -4,6 +4,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/ExpenseInspector.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/ListParts.h"
@@ -204,7 +205,7 @@ void ExpensesScreen::refresh() {
     period_->setYearStart(library.fyStart());
     filter_.days = period_->days();
     filter_.search = toStd(search_->text());
-    title_->setText(toQt(title(filter_.list)));
+    title_->setText(Translations::shown(title(filter_.list)));
     ExpenseTable table = expenseTable(library, filter_);
     const bool none = table.rows.empty();
     rows_.setRows(std::move(table.rows));

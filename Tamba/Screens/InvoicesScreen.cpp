@@ -5,6 +5,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/DocumentPane.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Form.h"
@@ -121,7 +122,7 @@ QWidget* InvoicesScreen::makeHeader() {
     kinds_->setDrawBase(false);
     kinds_->setExpanding(false);
     kinds_->setElideMode(Qt::ElideNone);
-    for (const DocKind kind : kinds) kinds_->addTab(toQt(pluralTitle(kind)));
+    for (const DocKind kind : kinds) kinds_->addTab(Translations::shown(pluralTitle(kind)));
     newDocument_ = Controls::button({}, "newDocument", Controls::Kind::primary, header);
     top->addWidget(kinds_, 1, Qt::AlignLeft);
     top->addWidget(newDocument_);
@@ -243,7 +244,7 @@ void InvoicesScreen::refresh(Because because) {
         statusChoices(filter_.kind).at(static_cast<std::size_t>(std::max(0, status_->currentIndex()))).statuses;
     for (int i = 0; i < 3; ++i) {
         const std::size_t count = countOf(library, kinds[i]);
-        const QString title = toQt(pluralTitle(kinds[i]));
+        const QString title = Translations::shown(pluralTitle(kinds[i]));
         kinds_->setTabText(i, count == 0 ? title : QStringLiteral("%1  %2").arg(title).arg(count));
     }
     newDocument_->setText(newTitle(filter_.kind));
@@ -351,7 +352,7 @@ void InvoicesScreen::deleteSelected() {
         emit noticed(toQt(std::string_view(BooksError(BooksError::Code::issuedCannotDelete).what())));
         return;
     }
-    const QString kind = toQt(Books::title(document->kind));
+    const QString kind = Translations::shown(Books::title(document->kind));
     const bool done = model_.perform(
         tr("Delete Draft"), [id = *id](Library library, Day) { return Books::deleteDraft(std::move(library), id); });
     if (done) emit removed(tr("Draft %1 deleted").arg(kind.toLower()));

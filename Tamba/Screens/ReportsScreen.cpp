@@ -4,6 +4,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Screens/RecordsPane.h"
 #include "Tamba/Screens/ReportView.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/ListParts.h"
@@ -107,8 +108,8 @@ QWidget* ReportsScreen::makeHeader() {
     top->addWidget(save_);
     top->addWidget(portal_);
     period_ = new PeriodPicker(model_.today(), model_.library().fyStart(), header);
-    basis_ = new Segments({{toQt(tamba::title(IncomeBasis::accrual)), "basisAccrual"},
-                           {toQt(tamba::title(IncomeBasis::cash)), "basisCash"}},
+    basis_ = new Segments({{Translations::shown(tamba::title(IncomeBasis::accrual)), "basisAccrual"},
+                           {Translations::shown(tamba::title(IncomeBasis::cash)), "basisCash"}},
                           header);
     rate_ = makeChoice(header);
     Controls::name(*rate_, "compositionRate", tr("Rate of the scheme"));
@@ -180,8 +181,9 @@ void ReportsScreen::fillList() {
     narrowList_->clear();
     const auto kinds = reportsFor(model_.library().business);
     for (const ReportKind kind : kinds) {
-        list_->addItem(new QListWidgetItem(Icons::icon(toQt(icon(kind)), &Colors::muted), toQt(tamba::title(kind))));
-        narrowList_->addItem(toQt(tamba::title(kind)));
+        list_->addItem(new QListWidgetItem(Icons::icon(toQt(icon(kind)), &Colors::muted),
+                                           Translations::shown(tamba::title(kind))));
+        narrowList_->addItem(Translations::shown(tamba::title(kind)));
     }
     if (std::find(kinds.begin(), kinds.end(), choice_.kind) == kinds.end()) return showReport(kinds.front());
     refreshHeader();
@@ -214,7 +216,7 @@ void ReportsScreen::refreshHeader() {
         list_->setCurrentRow(row);
         narrowList_->setCurrentIndex(row);
     }
-    title_->setText(toQt(tamba::title(choice_.kind)));
+    title_->setText(Translations::shown(tamba::title(choice_.kind)));
     const std::vector<Span> spans = spansOf(choice_.kind);
     {
         const QSignalBlocker quiet(period_);

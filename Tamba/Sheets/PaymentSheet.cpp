@@ -3,6 +3,7 @@
 #include "Tamba/QtText.h"
 #include "Tamba/Rows/ExpenseRows.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
 #include "Tamba/Widgets/Form.h"
@@ -56,7 +57,7 @@ PaymentSheet::PaymentSheet(QWidget* parent, const Library& library, const Docume
     form->setRowVisible(rates, invoice.currency == "INR");
     date_ = form->date(tr("Date"), "paymentDate", today);
     method_ = form->combo(tr("Method"), "paymentMethod");
-    for (const PaymentMethod method : allMethods()) method_->addItem(toQt(title(method)), static_cast<int>(method));
+    for (const PaymentMethod method : allMethods()) method_->addItem(Translations::shown(title(method)), static_cast<int>(method));
     method_->setCurrentIndex(method_->findData(static_cast<int>(PaymentMethod::bank)));
     reference_ = form->line(tr("Reference"), "paymentReference");
     reference_->setPlaceholderText(tr("UTR or cheque number"));

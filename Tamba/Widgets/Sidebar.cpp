@@ -3,6 +3,7 @@
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "TambaCore/Base/Text.h"
 
@@ -229,7 +230,7 @@ void Sidebar::addLists() {
                                Entry{ExpenseList::withoutReceipt, "receipt", "listWithoutReceipt"},
                                Entry{ExpenseList::billable, "billable", "listBillable"},
                                Entry{ExpenseList::mileage, "category-road", "listMileage"}}) {
-        SidebarItem* item = addItem(entry.icon, toQt(title(entry.list)), entry.name, true);
+        SidebarItem* item = addItem(entry.icon, Translations::shown(title(entry.list)), entry.name, true);
         item->list = entry.list;
         connect(item, &QAbstractButton::clicked, this, [this, list = entry.list] {
             emit listChosen(list);

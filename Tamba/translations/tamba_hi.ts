@@ -205,6 +205,645 @@
     </message>
 </context>
 <context>
+    <name>Rows</name>
+    <message>
+        <source>Open</source>
+        <translation>बाकी</translation>
+    </message>
+    <message>
+        <source>Matched</source>
+        <translation>मिलाई गई</translation>
+    </message>
+    <message>
+        <source>Set aside</source>
+        <translation>अलग रखी</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>सभी</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 पंक्ति</translation>
+    </message>
+    <message>
+        <source>On time</source>
+        <translation>समय पर</translation>
+    </message>
+    <message>
+        <source>Check GSTIN</source>
+        <translation>GSTIN जाँचें</translation>
+    </message>
+    <message>
+        <source>Archived</source>
+        <translation>संग्रह में</translation>
+    </message>
+    <message>
+        <source>Offered for nothing new; what there is stays.</source>
+        <translation>नए काम में नहीं सुझाया जाता; जो है, वह बना रहता है।</translation>
+    </message>
+    <message>
+        <source>1 client</source>
+        <translation>1 ग्राहक</translation>
+    </message>
+    <message>
+        <source>1 day</source>
+        <translation>1 दिन</translation>
+    </message>
+    <message>
+        <source>Cannot be right</source>
+        <translation>सही नहीं हो सकता</translation>
+    </message>
+    <message>
+        <source>1 invoice</source>
+        <translation>1 इनवॉइस</translation>
+    </message>
+    <message>
+        <source>1 estimate</source>
+        <translation>1 एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>1 credit note</source>
+        <translation>1 क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>Drafts</source>
+        <translation>ड्राफ़्ट</translation>
+    </message>
+    <message>
+        <source>Unpaid</source>
+        <translation>बकाया</translation>
+    </message>
+    <message>
+        <source>Overdue</source>
+        <translation>देय तारीख़ बीती</translation>
+    </message>
+    <message>
+        <source>Paid</source>
+        <translation>भुगतान हुआ</translation>
+    </message>
+    <message>
+        <source>Void</source>
+        <translation>निरस्त</translation>
+    </message>
+    <message>
+        <source>Accepted</source>
+        <translation>मंज़ूर</translation>
+    </message>
+    <message>
+        <source>Declined or expired</source>
+        <translation>नामंज़ूर या समाप्त</translation>
+    </message>
+    <message>
+        <source>Applied</source>
+        <translation>लागू</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Estimates</source>
+        <translation>एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>Credit notes</source>
+        <translation>क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>Subtotal</source>
+        <translation>उप-योग</translation>
+    </message>
+    <message>
+        <source>Discount</source>
+        <translation>छूट</translation>
+    </message>
+    <message>
+        <source>Taxable value</source>
+        <translation>कर योग्य मूल्य</translation>
+    </message>
+    <message>
+        <source>Round-off</source>
+        <translation>राउंड-ऑफ़</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>कुल</translation>
+    </message>
+    <message>
+        <source>Void: it keeps its number and counts no more.</source>
+        <translation>निरस्त: नंबर बना रहता है, पर यह अब गिना नहीं जाता।</translation>
+    </message>
+    <message>
+        <source>Settled</source>
+        <translation>चुकता</translation>
+    </message>
+    <message>
+        <source>Paid in full</source>
+        <translation>पूरा भुगतान हुआ</translation>
+    </message>
+    <message>
+        <source>Became an invoice</source>
+        <translation>इनवॉइस बन गया</translation>
+    </message>
+    <message>
+        <source>Billed</source>
+        <translation>बिल हुआ</translation>
+    </message>
+    <message>
+        <source>Billed on to the client.</source>
+        <translation>ग्राहक के बिल में जोड़ा गया।</translation>
+    </message>
+    <message>
+        <source>Billable</source>
+        <translation>बिल योग्य</translation>
+    </message>
+    <message>
+        <source>To be billed on to the client.</source>
+        <translation>ग्राहक के बिल में जोड़ना है।</translation>
+    </message>
+    <message>
+        <source>No rate</source>
+        <translation>दर नहीं</translation>
+    </message>
+    <message>
+        <source>Add the exchange rate to include this in reports.</source>
+        <translation>इसे रिपोर्ट में शामिल करने के लिए विनिमय दर लिखें।</translation>
+    </message>
+    <message>
+        <source>Check</source>
+        <translation>जाँचें</translation>
+    </message>
+    <message>
+        <source>No category</source>
+        <translation>श्रेणी नहीं</translation>
+    </message>
+    <message>
+        <source>1 expense</source>
+        <translation>1 ख़र्च</translation>
+    </message>
+    <message>
+        <source>Expenses</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>To check</source>
+        <translation>जाँचने हैं</translation>
+    </message>
+    <message>
+        <source>Mileage</source>
+        <translation>यात्रा</translation>
+    </message>
+    <message>
+        <source>No receipt</source>
+        <translation>रसीद नहीं</translation>
+    </message>
+    <message>
+        <source>UPI</source>
+        <translation>UPI</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>कार्ड</translation>
+    </message>
+    <message>
+        <source>Bank transfer</source>
+        <translation>बैंक ट्रांसफ़र</translation>
+    </message>
+    <message>
+        <source>Cash</source>
+        <translation>नक़द</translation>
+    </message>
+    <message>
+        <source>Petty cash</source>
+        <translation>छोटी नक़दी</translation>
+    </message>
+    <message>
+        <source>Cheque</source>
+        <translation>चेक</translation>
+    </message>
+    <message>
+        <source>Wallet</source>
+        <translation>वॉलेट</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>अन्य</translation>
+    </message>
+    <message>
+        <source>All time</source>
+        <translation>पूरा समय</translation>
+    </message>
+    <message>
+        <source>Owed to you</source>
+        <translation>आपको मिलना है</translation>
+    </message>
+    <message>
+        <source>All invoices are paid</source>
+        <translation>सभी इनवॉइस का भुगतान हो चुका है</translation>
+    </message>
+    <message>
+        <source>1 open invoice</source>
+        <translation>1 खुला इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Nobody is late</source>
+        <translation>किसी ने देर नहीं की</translation>
+    </message>
+    <message>
+        <source>1 invoice is late</source>
+        <translation>1 इनवॉइस में देर हुई</translation>
+    </message>
+    <message>
+        <source>Income this year</source>
+        <translation>इस साल की आय</translation>
+    </message>
+    <message>
+        <source>Profit this year</source>
+        <translation>इस साल का लाभ</translation>
+    </message>
+    <message>
+        <source>1 record is in no figure: the exchange rate is missing or an amount cannot be right</source>
+        <translation>1 रिकॉर्ड किसी आँकड़े में नहीं है: विनिमय दर नहीं है या रक़म सही नहीं हो सकती</translation>
+    </message>
+    <message>
+        <source>1 reminder</source>
+        <translation>1 बार याद दिलाया</translation>
+    </message>
+    <message>
+        <source>1 more invoice overdue</source>
+        <translation>1 और इनवॉइस की देय तारीख़ बीती</translation>
+    </message>
+    <message>
+        <source>1 bank line to match</source>
+        <translation>1 बैंक पंक्ति मिलानी है</translation>
+    </message>
+    <message>
+        <source>What they paid for, or which invoice they pay</source>
+        <translation>किसका भुगतान था, या किस इनवॉइस का है</translation>
+    </message>
+    <message>
+        <source>1 draft invoice not issued yet</source>
+        <translation>1 ड्राफ़्ट इनवॉइस जारी नहीं हुआ</translation>
+    </message>
+    <message>
+        <source>%1 draft invoices not issued yet</source>
+        <translation>%1 ड्राफ़्ट इनवॉइस जारी नहीं हुए</translation>
+    </message>
+    <message>
+        <source>1 draft estimate not issued yet</source>
+        <translation>1 ड्राफ़्ट एस्टीमेट जारी नहीं हुआ</translation>
+    </message>
+    <message>
+        <source>%1 draft estimates not issued yet</source>
+        <translation>%1 ड्राफ़्ट एस्टीमेट जारी नहीं हुए</translation>
+    </message>
+    <message>
+        <source>1 draft credit note not issued yet</source>
+        <translation>1 ड्राफ़्ट क्रेडिट नोट जारी नहीं हुआ</translation>
+    </message>
+    <message>
+        <source>%1 draft credit notes not issued yet</source>
+        <translation>%1 ड्राफ़्ट क्रेडिट नोट जारी नहीं हुए</translation>
+    </message>
+    <message>
+        <source>1 expense without an exchange rate</source>
+        <translation>1 ख़र्च बिना विनिमय दर के</translation>
+    </message>
+    <message>
+        <source>%1 expenses without an exchange rate</source>
+        <translation>%1 ख़र्च बिना विनिमय दर के</translation>
+    </message>
+    <message>
+        <source>Left out of every figure until it is there</source>
+        <translation>दर मिलने तक किसी आँकड़े में नहीं</translation>
+    </message>
+    <message>
+        <source>1 receipt to check</source>
+        <translation>1 रसीद जाँचनी है</translation>
+    </message>
+    <message>
+        <source>%1 receipts to check</source>
+        <translation>%1 रसीदें जाँचनी हैं</translation>
+    </message>
+    <message>
+        <source>What was read may be wrong</source>
+        <translation>जो पढ़ा गया, वह ग़लत हो सकता है</translation>
+    </message>
+    <message>
+        <source>1 expense without a category</source>
+        <translation>1 ख़र्च बिना श्रेणी के</translation>
+    </message>
+    <message>
+        <source>%1 expenses without a category</source>
+        <translation>%1 ख़र्च बिना श्रेणी के</translation>
+    </message>
+    <message>
+        <source>Uncategorised in the reports</source>
+        <translation>रिपोर्ट में बिना श्रेणी के</translation>
+    </message>
+    <message>
+        <source>1 expense to bill on</source>
+        <translation>1 ख़र्च ग्राहक को बिल करना है</translation>
+    </message>
+    <message>
+        <source>%1 expenses to bill on</source>
+        <translation>%1 ख़र्च ग्राहकों को बिल करने हैं</translation>
+    </message>
+    <message>
+        <source>Billable, and on no invoice yet</source>
+        <translation>बिल योग्य, पर अभी किसी इनवॉइस में नहीं</translation>
+    </message>
+    <message>
+        <source>1 expense without a receipt</source>
+        <translation>1 ख़र्च बिना रसीद के</translation>
+    </message>
+    <message>
+        <source>%1 expenses without a receipt</source>
+        <translation>%1 ख़र्च बिना रसीद के</translation>
+    </message>
+    <message>
+        <source>Nothing on file shows what was bought</source>
+        <translation>क्या ख़रीदा, इसका कोई काग़ज़ नहीं है</translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>आज</translation>
+    </message>
+    <message>
+        <source>tomorrow</source>
+        <translation>कल</translation>
+    </message>
+    <message>
+        <source>1 problem</source>
+        <translation>1 समस्या</translation>
+    </message>
+    <message>
+        <source>1 project</source>
+        <translation>1 प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Profit and loss</source>
+        <translation>लाभ और हानि</translation>
+    </message>
+    <message>
+        <source>Spending</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Money owed</source>
+        <translation>बकाया रक़म</translation>
+    </message>
+    <message>
+        <source>GSTR-1</source>
+        <translation>GSTR-1</translation>
+    </message>
+    <message>
+        <source>GSTR-3B</source>
+        <translation>GSTR-3B</translation>
+    </message>
+    <message>
+        <source>Composition</source>
+        <translation>कंपोज़िशन</translation>
+    </message>
+    <message>
+        <source>TDS</source>
+        <translation>TDS</translation>
+    </message>
+    <message>
+        <source>Input tax</source>
+        <translation>इनपुट टैक्स</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Year end</source>
+        <translation>साल का अंत</translation>
+    </message>
+    <message>
+        <source>Invoice</source>
+        <translation>इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Estimate</source>
+        <translation>एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>Credit note</source>
+        <translation>क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>Draft</source>
+        <translation>ड्राफ़्ट</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>भेजा गया</translation>
+    </message>
+    <message>
+        <source>Part paid</source>
+        <translation>आंशिक भुगतान</translation>
+    </message>
+    <message>
+        <source>Declined</source>
+        <translation>नामंज़ूर</translation>
+    </message>
+    <message>
+        <source>Converted</source>
+        <translation>इनवॉइस बना</translation>
+    </message>
+    <message>
+        <source>Expired</source>
+        <translation>समाप्त</translation>
+    </message>
+    <message>
+        <source>By invoice date</source>
+        <translation>इनवॉइस की तारीख़ से</translation>
+    </message>
+    <message>
+        <source>By payment received</source>
+        <translation>भुगतान मिलने से</translation>
+    </message>
+    <message>
+        <source>%1 invoices</source>
+        <translation>%1 इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Balance %1</source>
+        <translation>शेष %1</translation>
+    </message>
+    <message>
+        <source>%1 stays due</source>
+        <translation>%1 बाकी रहते हैं</translation>
+    </message>
+    <message>
+        <source>%1 as TDS</source>
+        <translation>%1 TDS में</translation>
+    </message>
+    <message>
+        <source>%1 lines</source>
+        <translation>%1 पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Reference %1</source>
+        <translation>संदर्भ %1</translation>
+    </message>
+    <message>
+        <source>Due %1</source>
+        <translation>देय %1</translation>
+    </message>
+    <message>
+        <source>Always file %1 under %2</source>
+        <translation>%1 हमेशा %2 में रखें</translation>
+    </message>
+    <message>
+        <source>%1 clients</source>
+        <translation>%1 ग्राहक</translation>
+    </message>
+    <message>
+        <source>%1 owed</source>
+        <translation>%1 बकाया</translation>
+    </message>
+    <message>
+        <source>%1 overdue</source>
+        <translation>%1 की देय तारीख़ बीती</translation>
+    </message>
+    <message>
+        <source>%1 days</source>
+        <translation>%1 दिन</translation>
+    </message>
+    <message>
+        <source>%1 late</source>
+        <translation>%1 की देर</translation>
+    </message>
+    <message>
+        <source>Valid until %1</source>
+        <translation>%1 तक मान्य</translation>
+    </message>
+    <message>
+        <source>For %1</source>
+        <translation>%1 के लिए</translation>
+    </message>
+    <message>
+        <source>%1 to refund</source>
+        <translation>%1 लौटाने हैं</translation>
+    </message>
+    <message>
+        <source>%1 due</source>
+        <translation>%1 बकाया</translation>
+    </message>
+    <message>
+        <source>%1 left out: no rate</source>
+        <translation>%1 शामिल नहीं: दर नहीं है</translation>
+    </message>
+    <message>
+        <source>%1 estimates</source>
+        <translation>%1 एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>%1 credit notes</source>
+        <translation>%1 क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>In %1</source>
+        <translation>%1 में</translation>
+    </message>
+    <message>
+        <source>Sent on %1</source>
+        <translation>%1 को भेजा गया</translation>
+    </message>
+    <message>
+        <source>%1 due since %2, %3 ago</source>
+        <translation>%1 बकाया, %2 से, %3 पहले</translation>
+    </message>
+    <message>
+        <source>%1 due by %2</source>
+        <translation>%1 बकाया, %2 तक</translation>
+    </message>
+    <message>
+        <source>Was valid until %1</source>
+        <translation>%1 तक मान्य था</translation>
+    </message>
+    <message>
+        <source>Credits invoice %1</source>
+        <translation>इनवॉइस %1 का क्रेडिट</translation>
+    </message>
+    <message>
+        <source>%1 expenses</source>
+        <translation>%1 ख़र्च</translation>
+    </message>
+    <message>
+        <source>FY %1</source>
+        <translation>वित्त वर्ष %1</translation>
+    </message>
+    <message>
+        <source>%1 open invoices</source>
+        <translation>%1 खुले इनवॉइस</translation>
+    </message>
+    <message>
+        <source>%1 invoices are late</source>
+        <translation>%1 इनवॉइस में देर हुई</translation>
+    </message>
+    <message>
+        <source>FY %1, by invoice date, without tax</source>
+        <translation>वित्त वर्ष %1, इनवॉइस की तारीख़ से, कर के बिना</translation>
+    </message>
+    <message>
+        <source>%1 spent</source>
+        <translation>%1 ख़र्च हुए</translation>
+    </message>
+    <message>
+        <source>%1 records are in no figure: the exchange rate is missing or an amount cannot be right</source>
+        <translation>%1 रिकॉर्ड किसी आँकड़े में नहीं हैं: विनिमय दर नहीं है या रक़म सही नहीं हो सकती</translation>
+    </message>
+    <message>
+        <source>%1 reminders</source>
+        <translation>%1 बार याद दिलाया</translation>
+    </message>
+    <message>
+        <source>, last on %1</source>
+        <translation>, पिछली बार %1</translation>
+    </message>
+    <message>
+        <source>%1 more invoices overdue</source>
+        <translation>%1 और इनवॉइस की देय तारीख़ बीती</translation>
+    </message>
+    <message>
+        <source>%1 bank lines to match</source>
+        <translation>%1 बैंक पंक्तियाँ मिलानी हैं</translation>
+    </message>
+    <message>
+        <source>For %1 and %2 more</source>
+        <translation>%1 और %2 अन्य के लिए</translation>
+    </message>
+    <message>
+        <source>in %1</source>
+        <translation>%1 में</translation>
+    </message>
+    <message>
+        <source>%1 problems</source>
+        <translation>%1 समस्याएँ</translation>
+    </message>
+    <message>
+        <source>%1 projects</source>
+        <translation>%1 प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>%1 profit</source>
+        <translation>%1 लाभ</translation>
+    </message>
+    <message>
+        <source>%1 belongs to no project</source>
+        <translation>%1 किसी प्रोजेक्ट के नहीं</translation>
+    </message>
+</context>
+<context>
     <name>tamba::AccentField</name>
     <message>
         <source>Colour</source>

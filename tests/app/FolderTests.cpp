@@ -3,6 +3,7 @@
 #include "Tamba/Icons.h"
 #include "Tamba/Rows/BackupRows.h"
 #include "Tamba/Sheets/SettingsSheet.h"
+#include "Tamba/Rows/RowText.h"
 #include "Tamba/Translations.h"
 #include "TambaCore/Base/Files.h"
 #include "tests/app/Support.h"
@@ -168,6 +169,11 @@ private slots:
         QCOMPARE(Translations::codeOf(Language::system, english), QString());
         QCOMPARE(Translations::codeOf(Language::english, hindi), QString());
         QCOMPARE(Translations::codeOf(Language::hindi, english), QStringLiteral("hi"));
+    }
+
+    void valuesOfRowTextsStandAsTheyAre() {
+        QCOMPARE(RowText::filled("%2: %1, 5% of %3", {"%2", "name"}), std::string("name: %2, 5% of %3"));
+        QCOMPARE(RowText::filled("%", {"1"}), std::string("%"));
     }
 
     void anyAccentCanBeRead() {

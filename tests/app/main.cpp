@@ -1,6 +1,7 @@
 #include "Tamba/Icons.h"
 #include "Tamba/Style.h"
 #include "Tamba/TambaApp.h"
+#include "Tamba/Translations.h"
 #include "tests/app/Support.h"
 
 #include <QApplication>
@@ -27,6 +28,9 @@ int main(int argc, char** argv) {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     tamba::Style::install(application);
     tamba::Style::apply(application, tamba::Colors::make(false, tamba::Icons::colorOf("1E4A66")));
+    // The same pictures show whether the longer words of another language fit.
+    if (qEnvironmentVariable("TAMBA_SHOTS_LANGUAGE") == QLatin1String("hi"))
+        tamba::Translations::install(application, tamba::Remembered::Appearance::Language::hindi);
     int failed = 0;
     for (const auto& make : tamba::classes()) {
         const std::unique_ptr<QObject> test(make());

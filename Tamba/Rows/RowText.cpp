@@ -1,0 +1,30 @@
+#include "Tamba/Rows/RowText.h"
+
+namespace tamba::RowText {
+namespace {
+
+Translator installed = nullptr;
+
+}  // namespace
+
+void install(Translator translator) { installed = translator; }
+
+std::string translate(const char* context, std::string_view text) {
+    std::string english(text);
+    return installed ? installed(context, english.c_str()) : english;
+}
+
+std::string filled(std::string_view text, std::initializer_list<std::string_view> values) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char next = text[i] == '%' && i + 1 < text.size() ? text[i + 1] : '0';
+        const std::size_t index = next >= '1' && next <= '9' ? static_cast<std::size_t>(next - '1') : values.size();
+        if (index < values.size())
+            result += values.begin()[index], ++i;
+        else
+            result += text[i];
+    }
+    return result;
+}
+
+}  // namespace tamba::RowText
