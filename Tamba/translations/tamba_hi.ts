@@ -4016,10 +4016,6 @@
         <translation>साल के अंत का बंडल बन रहा है</translation>
     </message>
     <message>
-        <source>The bundle couldn’t be made: %1.</source>
-        <translation>बंडल नहीं बन सका: %1।</translation>
-    </message>
-    <message>
         <source>“%1” is ready: %2 files</source>
         <translation>“%1” तैयार है: %2 फ़ाइलें</translation>
     </message>
@@ -4036,6 +4032,10 @@
         <translation>बंडल बन गया, पर ये फ़ाइलें वहाँ नहीं हैं जहाँ बहीखाता बताता है:
 
 %1</translation>
+    </message>
+    <message>
+        <source>The bundle couldn’t be made: %1</source>
+        <translation>बंडल नहीं बन सका: %1</translation>
     </message>
 </context>
 <context>
