@@ -56,7 +56,10 @@ int compare(const Entry& a, const Entry& b, ClientOrder order) {
 std::string lateText(std::int64_t days) {
     if (days == 0) return RowText::translate("Rows", "On time");
     const std::string count = std::to_string(days < 0 ? -days : days);
-    return count + (count == "1" ? " day " : " days ") + (days < 0 ? "early" : "late");
+    if (count == "1")
+        return days < 0 ? RowText::translate("Rows", "1 day early") : RowText::translate("Rows", "1 day late");
+    return RowText::filled(
+        days < 0 ? RowText::translate("Rows", "%1 days early") : RowText::translate("Rows", "%1 days late"), {count});
 }
 
 ClientTable clientTable(const Library& library, const ClientFilter& filter, Day today) {

@@ -842,6 +842,22 @@
         <source>%1 belongs to no project</source>
         <translation>%1 किसी प्रोजेक्ट के नहीं</translation>
     </message>
+    <message>
+        <source>1 day early</source>
+        <translation>1 दिन पहले</translation>
+    </message>
+    <message>
+        <source>1 day late</source>
+        <translation>1 दिन देर से</translation>
+    </message>
+    <message>
+        <source>%1 days early</source>
+        <translation>%1 दिन पहले</translation>
+    </message>
+    <message>
+        <source>%1 days late</source>
+        <translation>%1 दिन देर से</translation>
+    </message>
 </context>
 <context>
     <name>tamba::AccentField</name>
@@ -1424,7 +1440,7 @@
     </message>
     <message>
         <source>Due after</source>
-        <translation>भुगतान की अवधि</translation>
+        <translation>देय अवधि</translation>
     </message>
     <message>
         <source>Notes</source>
@@ -1499,7 +1515,7 @@
     </message>
     <message>
         <source>pays %1</source>
-        <translation>भुगतान का समय %1</translation>
+        <translation>भुगतान %1</translation>
     </message>
     <message>
         <source>Change %1</source>
@@ -2882,7 +2898,7 @@
     </message>
     <message>
         <source>Due after</source>
-        <translation>भुगतान की अवधि</translation>
+        <translation>देय अवधि</translation>
     </message>
     <message>
         <source>Days. A client can have their own.</source>
