@@ -57,7 +57,8 @@ PaymentSheet::PaymentSheet(QWidget* parent, const Library& library, const Docume
     form->setRowVisible(rates, invoice.currency == "INR");
     date_ = form->date(tr("Date"), "paymentDate", today);
     method_ = form->combo(tr("Method"), "paymentMethod");
-    for (const PaymentMethod method : allMethods()) method_->addItem(Translations::shown(title(method)), static_cast<int>(method));
+    for (const PaymentMethod method : allMethods())
+        method_->addItem(Translations::shown(title(method)), static_cast<int>(method));
     method_->setCurrentIndex(method_->findData(static_cast<int>(PaymentMethod::bank)));
     reference_ = form->line(tr("Reference"), "paymentReference");
     reference_->setPlaceholderText(tr("UTR or cheque number"));
