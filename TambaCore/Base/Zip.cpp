@@ -11,7 +11,7 @@ namespace tamba {
 struct Zip::Writer {
     explicit Writer(const Files::Path& path) : file(path), zip(archive_write_new()) {}
     ~Writer() {
-        if (!isWhole) archive_write_fail(zip);  // or closing would write the directory of a broken file
+        takes = false;  // freeing closes the archive, and a broken file gets no directory
         archive_write_free(zip);
     }
     Writer(const Writer&) = delete;
@@ -28,10 +28,11 @@ struct Zip::Writer {
     static la_ssize_t write(archive* /*zip*/, void* data, const void* bytes, std::size_t size) {
         auto& writer = *static_cast<Writer*>(data);
         try {
-            Files::append(writer.file, {static_cast<const char*>(bytes), size});
+            if (writer.takes) Files::append(writer.file, {static_cast<const char*>(bytes), size});
         } catch (...) {
+            // The library is not told: it would never free its buffer then. `check` throws this.
             writer.failure = std::current_exception();
-            return -1;
+            writer.takes = false;
         }
         return static_cast<la_ssize_t>(size);
     }
@@ -39,7 +40,7 @@ struct Zip::Writer {
     Files::Path file;
     archive* zip;
     std::exception_ptr failure;
-    bool isWhole = false;
+    bool takes = true;  ///< what is written still goes to the file
 };
 
 Zip::Zip(const Files::Path& file) : writer_(std::make_unique<Writer>(file)) {
@@ -64,9 +65,6 @@ void Zip::add(std::string_view name, std::string_view bytes) {
     writer_->check(archive_write_finish_entry(writer_->zip));
 }
 
-void Zip::finish() {
-    writer_->check(archive_write_close(writer_->zip));
-    writer_->isWhole = true;
-}
+void Zip::finish() { writer_->check(archive_write_close(writer_->zip)); }
 
 }  // namespace tamba
