@@ -4,7 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -31,8 +31,9 @@ private:
 };
 
 inline std::string contents(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    std::ostringstream all;
+    all << std::ifstream(file, std::ios::binary).rdbuf();
+    return std::move(all).str();
 }
 
 inline void write(const std::filesystem::path& file, std::string_view bytes) {
