@@ -2,9 +2,10 @@
 //   spent     every line is an expense of the books, most of them obvious
 //   received  every line pays an invoice and names it
 //   equal     the same, but all invoices have one amount and a few clients
+//   typed     the same, and every payment was typed before
 //   alike     all expenses have one amount on few days: nothing is obvious
 //   one       the suggestions for one line, as a window asks for them
-//   bench_matching [ROUNDS]
+//   bench_matching [ROUNDS [WHICH]]
 #include "TambaCore/Bank/Matching.h"
 
 #include "TambaCore/Bank/Matcher.h"
@@ -17,6 +18,7 @@
 #include <ctime>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -76,6 +78,17 @@ Library equal(int size) {
     return library;
 }
 
+/// As `equal`, and the payments were typed before the statement came.
+Library typed(int size) {
+    Library library = equal(size);
+    for (std::size_t i = 0; i < library.documents.size(); ++i)
+        library.documents.update(i, [&](Document& invoice) {
+            const BankTransaction& line = library.transactions[i];
+            invoice.payments = {Payment::make(line.date.addingDays(-2), line.amount, 0, PaymentMethod::bank)};
+        });
+    return library;
+}
+
 Library alike(int size) {
     Library library = spent(size);
     for (std::size_t i = 0; i < library.expenses.size(); ++i) {
@@ -111,13 +124,17 @@ void report(const char* what, int rounds, const std::function<Library(int)>& boo
 int main(int argc, char** argv) {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;
     const auto all = [](const Library& library) { return Bank::autoMatch(library).count; };
-    report("spent", rounds, spent, all);
-    report("received", rounds, received, all);
-    report("equal", rounds, equal, all);
-    report("alike", rounds, alike, all);
-    report("one", rounds, spent, [](const Library& library) {
+    const auto one = [](const Library& library) {
         const auto found = Matcher::suggestions(library.transactions[777], library, Matcher::listDays);
         return static_cast<int>(found.size());
-    });
+    };
+    const struct {
+        const char* name;
+        Library (*books)(int);
+        std::function<int(const Library&)> work;
+    } paths[] = {{"spent", spent, all}, {"received", received, all}, {"typed", typed, all},
+                 {"equal", equal, all}, {"alike", alike, all},       {"one", spent, one}};
+    for (const auto& path : paths)
+        if (argc < 3 || std::string_view(path.name) == argv[2]) report(path.name, rounds, path.books, path.work);
     return 0;
 }

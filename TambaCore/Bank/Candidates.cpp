@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <numeric>
 #include <tuple>
 #include <unordered_set>
 
@@ -30,8 +31,11 @@ constexpr int score(Fit fit) { return fitScores[static_cast<std::size_t>(fit)]; 
 // An invoice that the line does not name is never obvious, and one that is only close never makes another less so.
 constexpr int mostUnnamed = score(Fit::balance) + clientNamed;
 static_assert(mostUnnamed < obviousScore && score(Fit::close) + clientNamed < obviousScore - clearLead);
+// A payment that somebody typed says itself that this money came: with the day near, the amount alone will do.
+constexpr int obviousTyped = sameAmount + sameDay - 3 * lessEachDay;
 // Nor does one whose client it does not name.
-static_assert(score(Fit::balance) < obviousScore - clearLead && mostUnnamed + beforeIssue < obviousScore - clearLead);
+static_assert(score(Fit::balance) < obviousTyped - clearLead && mostUnnamed + beforeIssue < obviousTyped - clearLead &&
+              score(Fit::close) + clientNamed < obviousTyped - clearLead);
 
 /// How far an expense may be from the line: a whole unit, or 1 % of what is not small.
 std::int64_t tolerance(std::int64_t spent) { return spent < 10'000 ? 100 : spent / 100; }
@@ -70,11 +74,53 @@ struct Candidates::InvoiceMatch {
     int score;
 };
 
+struct Candidates::Best {
+    int score = 0, second = 0;
+    std::optional<Found> found;
+
+    void offer(int next, const Found& what) {
+        if (found && next <= score) return rival(next);
+        second = std::exchange(score, next);
+        found = what;
+    }
+    void rival(int other) { second = std::max(second, other); }
+    [[nodiscard]] bool isStrong() const { return found && score >= (found->payment ? obviousTyped : obviousScore); }
+};
+
+Candidates::Prices::Prices(std::vector<Priced> all, std::size_t slots)
+    : sorted_(std::move(all)), next_(sorted_.size() + 1), placeOf_(slots, sorted_.size()) {
+    std::sort(sorted_.begin(), sorted_.end());
+    std::iota(next_.begin(), next_.end(), std::size_t{0});
+    for (std::size_t at = 0; at < sorted_.size(); ++at) placeOf_[sorted_[at].slot] = at;
+}
+
+const Candidates::Priced* Candidates::Prices::first(const Priced& least) {
+    auto at = static_cast<std::size_t>(std::lower_bound(sorted_.begin(), sorted_.end(), least) - sorted_.begin());
+    while (at < sorted_.size() && next_[at] != at) at = next_[at] = next_[next_[at]];
+    const auto moved = moved_.lower_bound(least);
+    if (moved == moved_.end()) return at < sorted_.size() ? &sorted_[at] : nullptr;
+    return at < sorted_.size() && sorted_[at] < *moved ? &sorted_[at] : &*moved;
+}
+
+void Candidates::Prices::remove(const Priced& one) {
+    const std::size_t at = placeOf_[one.slot];
+    if (at < sorted_.size() && next_[at] == at && sorted_[at] == one)
+        next_[at] = at + 1;
+    else
+        moved_.erase(one);
+}
+
 Candidates::Candidates(const Library& library, const std::optional<UUID>& except)
     : library_(library), home_(library.home()), free_(library.expenses.size(), true) {
-    std::unordered_set<UUID> linked;
-    for (const BankTransaction& line : library_.transactions)
+    std::unordered_set<UUID> payers, lines, linked;
+    for (const Document& document : library_.documents)
+        for (const Payment& payment : document.payments)
+            if (payment.bankTxnID) payers.insert(*payment.bankTxnID);
+    for (const BankTransaction& line : library_.transactions) {
+        if (!payers.empty() && payers.contains(line.id)) lines.insert(line.id);
         if (line.expenseID && line.id != except) linked.insert(*line.expenseID);
+        if (line.paymentID) linked.insert(*line.paymentID);
+    }
     for (std::size_t i = 0; i < free_.size(); ++i) {
         const Expense& expense = library_.expenses[i];
         free_[i] = !expense.bankTxnID && !linked.contains(expense.id);
@@ -85,7 +131,15 @@ Candidates::Candidates(const Library& library, const std::optional<UUID>& except
         const Document& document = library_.documents[i];
         if (document.kind != DocKind::invoice || document.state != DocState::issued) continue;
         const auto standing = standings.of(document);
-        if (!standing || standing->balance < 1) continue;
+        if (!standing) continue;
+        std::vector<std::size_t> typed;
+        for (std::size_t at = 0; at < document.payments.size(); ++at) {
+            const Payment& payment = document.payments[at];
+            if (payment.amount < 1) continue;
+            if (!(payment.bankTxnID ? lines.contains(*payment.bankTxnID) : linked.contains(payment.id)))
+                typed.push_back(at);
+        }
+        if (standing->balance < 1 && typed.empty()) continue;
         std::string number = Text::upper(document.number.value_or(""));
         const std::string squeezed = withoutSpaces(number);
         if (squeezed.empty()) {
@@ -96,7 +150,7 @@ Candidates::Candidates(const Library& library, const std::optional<UUID>& except
             numbersBegin_[firstByte(squeezed)] = true;
         }
         invoices_.push_back({i, standing->balance, standing->totals.total, document.issueDate,
-                             named(clientName(library_, document)), std::move(number)});
+                             named(clientName(library_, document)), std::move(number), std::move(typed)});
     }
 }
 
@@ -160,15 +214,39 @@ Candidates::Slot Candidates::slotOf(std::size_t document) const {
     return static_cast<Slot>(found - invoices_.begin());
 }
 
-void Candidates::addInvoice(View& view, Slot slot) {
+Candidates::Due Candidates::due(const View& view, Slot slot) const {
     const Invoice& invoice = invoices_[slot];
-    if (invoice.balance < 1) return;
+    if (invoice.balance < 1) return {};
     const Document& document = library_.documents[invoice.document];
     const auto balance = value(view, document, invoice.balance), total = value(view, document, invoice.total);
-    if (!balance || !total || *balance < 1) return;
-    view.due[slot] = {*balance, *total};
-    view.byBalance.insert(priced(*balance, slot));
-    view.byTotal.insert(priced(*total, slot));
+    return balance && total && *balance > 0 ? Due{*balance, *total} : Due{};
+}
+
+void Candidates::addInvoices(View& view) {
+    std::vector<Priced> balances, totals;
+    for (Slot slot = 0; slot < invoices_.size(); ++slot) {
+        const Due worth = view.due[slot] = due(view, slot);
+        if (worth.balance > 0) {
+            balances.push_back(priced(worth.balance, slot));
+            totals.push_back(priced(worth.total, slot));
+        }
+        const Invoice& invoice = invoices_[slot];
+        const Document& document = library_.documents[invoice.document];
+        if (Currency::of(document.currency).code != view.currency.code) continue;
+        for (const std::size_t at : invoice.typed) {
+            const Payment& payment = document.payments[at];
+            view.typed[{payment.amount, payment.date.number(), invoice.client}].push_back({slot, at});
+        }
+    }
+    view.byBalance = Prices(std::move(balances), invoices_.size());
+    view.byTotal = Prices(std::move(totals), invoices_.size());
+}
+
+void Candidates::addInvoice(View& view, Slot slot) {
+    const Due worth = view.due[slot] = due(view, slot);
+    if (worth.balance < 1) return;
+    view.byBalance.insert(priced(worth.balance, slot));
+    view.byTotal.insert(priced(worth.total, slot));
 }
 
 Candidates::Priced Candidates::priced(std::int64_t amount, Slot slot) const {
@@ -176,8 +254,8 @@ Candidates::Priced Candidates::priced(std::int64_t amount, Slot slot) const {
 }
 
 void Candidates::removeInvoice(View& view, Slot slot) const {
-    view.byBalance.erase(priced(view.due[slot].balance, slot));
-    view.byTotal.erase(priced(view.due[slot].total, slot));
+    view.byBalance.remove(priced(view.due[slot].balance, slot));
+    view.byTotal.remove(priced(view.due[slot].total, slot));
     view.due[slot] = {};
 }
 
@@ -187,9 +265,9 @@ Candidates::View* Candidates::view(const Currency& currency) {
     if (!isNew) return view ? &*view : nullptr;
     const auto rate = currency.code == home_.code ? 1'000'000 : library_.rate(currency.code);
     if (!rate || *rate < 1) return nullptr;
-    view = View{currency, *rate, {}, std::vector<Due>(invoices_.size()), {}, {}};
+    view = View{currency, *rate, {}, std::vector<Due>(invoices_.size()), {}, {}, {}};
     addExpenses(*view);
-    for (Slot slot = 0; slot < invoices_.size(); ++slot) addInvoice(*view, slot);
+    addInvoices(*view);
     return &*view;
 }
 
@@ -225,6 +303,18 @@ void Candidates::settle(std::size_t document, std::int64_t amount) {
     }
 }
 
+void Candidates::claim(std::size_t document, std::size_t at) {
+    const Slot slot = slotOf(document);
+    Invoice& invoice = invoices_[slot];
+    std::erase(invoice.typed, at);
+    const Payment& payment = library_.documents[document].payments[at];
+    for (auto& [code, view] : views_) {
+        if (!view) continue;
+        const auto group = view->typed.find({payment.amount, payment.date.number(), invoice.client});
+        if (group != view->typed.end()) std::erase(group->second, Typed{slot, at});
+    }
+}
+
 template <class Visit>
 void Candidates::expensesNear(const Asked& asked, int dayWindow, Visit&& visit) {
     const std::int64_t day = asked.line.date.number();
@@ -248,7 +338,7 @@ std::vector<Candidates::Slot> Candidates::mentioned(const std::string& squeezedT
         if (!numbersBegin_[static_cast<std::uint8_t>(squeezedText[at])]) continue;
         for (const std::size_t length : numberLengths_) {
             if (length > squeezedText.size() - at) break;
-            const auto numbered = byNumber_.find(squeezedText.substr(at, length));
+            const auto numbered = byNumber_.find(std::string_view(squeezedText).substr(at, length));
             if (numbered != byNumber_.end())
                 found.insert(found.end(), numbered->second.begin(), numbered->second.end());
         }
@@ -258,27 +348,25 @@ std::vector<Candidates::Slot> Candidates::mentioned(const std::string& squeezedT
     return found;
 }
 
-std::vector<Candidates::Slot> Candidates::priced(const Asked& asked, std::int64_t above) {
-    const View& view = asked.view;
+std::vector<Candidates::Slot> Candidates::priced(Asked& asked, std::int64_t above) {
     std::vector<Slot> found;
-    for (auto at = view.byBalance.lower_bound({asked.amount});
-         at != view.byBalance.end() && at->amount <= asked.amount + above; ++at)
-        found.push_back(at->slot);
-    for (auto at = view.byTotal.lower_bound({asked.amount}); at != view.byTotal.end() && at->amount == asked.amount;
-         ++at)
-        found.push_back(at->slot);
+    const auto add = [&](Prices& open, std::int64_t most) {
+        for (const Priced* at = open.first({asked.amount}); at && at->amount <= most; at = open.first(at->next()))
+            found.push_back(at->slot);
+    };
+    add(asked.view.byBalance, asked.amount + above);
+    add(asked.view.byTotal, asked.amount);
     return found;
 }
 
-bool Candidates::hasRival(Asked& asked, const std::set<Priced>& open, const std::vector<Slot>& mentioned) {
-    for (auto at = open.lower_bound({asked.amount}); at != open.end() && at->amount == asked.amount;) {
+bool Candidates::hasRival(Asked& asked, Prices& open, const std::vector<Slot>& mentioned) {
+    for (const Priced* at = open.first({asked.amount}); at && at->amount == asked.amount;) {
         const Name client = at->client;
         if (sharedWord(asked, client))
-            for (auto one = at; one != open.end() && one->amount == asked.amount && one->client == client &&
-                                one->issueDate <= asked.line.date;
-                 ++one)
-                if (!std::binary_search(mentioned.begin(), mentioned.end(), one->slot)) return true;
-        at = open.lower_bound({asked.amount, client + 1});
+            for (; at && at->amount == asked.amount && at->client == client && at->issueDate <= asked.line.date;
+                 at = open.first(at->next()))
+                if (!std::binary_search(mentioned.begin(), mentioned.end(), at->slot)) return true;
+        at = open.first({asked.amount, client + 1});
     }
     return false;
 }
@@ -351,37 +439,66 @@ std::vector<MatchSuggestion> Candidates::suggestions(const BankTransaction& line
     return result;
 }
 
+void Candidates::offerTyped(Asked& asked, Best& best) {
+    const std::int64_t day = asked.line.date.number();
+    const Priced* open = asked.view.byBalance.first({asked.amount});
+    const bool isOpen = open && open->amount == asked.amount;
+    const auto& typed = asked.view.typed;
+    for (auto at = typed.lower_bound({asked.line.amount, day - obviousDays});
+         at != typed.end() && at->first.amount == asked.line.amount && at->first.day <= day + obviousDays; ++at) {
+        const auto& [paid, members] = *at;
+        if (members.empty()) continue;
+        const bool named = sharedWord(asked, paid.client) != nullptr;
+        const int score = expenseScore(true, std::abs(paid.day - day), named);
+        best.offer(score, {Kind::invoice, invoices_[members.front().slot].document, members.front().payment});
+        // Money of nobody in particular could as well pay an invoice that is open.
+        if (members.size() > 1 || (!named && isOpen)) best.rival(score);
+    }
+}
+
+void Candidates::offerInvoices(Asked& asked, Best& best) {
+    const auto named = mentioned(withoutSpaces(Text::upper(asked.line.text)));
+    std::vector<Slot> unpaid;  // of those
+    for (const Slot slot : named) {
+        const Invoice& invoice = invoices_[slot];
+        const Document& document = library_.documents[invoice.document];
+        const bool isOwn = Currency::of(document.currency).code == asked.view.currency.code;
+        bool isTyped = false;
+        for (const std::size_t at : invoice.typed) {
+            const Payment& payment = document.payments[at];
+            const std::int64_t days = std::abs(payment.date.daysUntil(asked.line.date));
+            if (!isOwn || payment.amount != asked.line.amount || days > listDays) continue;
+            isTyped = true;  // from further away a person has to tell whether it is that money
+            if (days > obviousDays) continue;
+            const bool isNamed = sharedWord(asked, invoice.client) != nullptr;
+            best.offer(std::min(100, expenseScore(true, days, isNamed) + numberNamed),
+                       {Kind::invoice, invoice.document, at});
+        }
+        if (!isTyped) unpaid.push_back(slot);
+    }
+    for (const InvoiceMatch& match : fitting(asked, {}, unpaid))
+        best.offer(match.score, {Kind::invoice, invoices_[match.slot].document});
+    if (!best.found && asked.line.amount > 0) offerTyped(asked, best);
+    for (const auto& [open, fit] : {std::pair{&asked.view.byTotal, Fit::total}, {&asked.view.byBalance, Fit::balance}})
+        if (best.isStrong() && best.score - clearLead <= score(fit) + clientNamed && hasRival(asked, *open, named))
+            best.rival(score(fit) + clientNamed);
+}
+
 std::optional<Candidates::Found> Candidates::obvious(const BankTransaction& line) {
     std::optional<Asked> asked = ask(line);
     if (!asked) return {};
-    int best = 0, second = 0;
-    std::optional<Found> found;
-    const auto offer = [&](int score, Kind kind, std::size_t position) {
-        if (!found || score > best) {
-            second = std::exchange(best, score);
-            found = Found{kind, position};
-        } else {
-            second = std::max(second, score);
-        }
-    };
-    if (line.amount < 0) {
+    Best best;
+    if (line.amount < 0)
         expensesNear(*asked, obviousDays, [&](const Group& group, std::int64_t days, bool exact) {
             if (group.members.empty()) return;
             const int score = expenseScore(exact, days, sharedWord(*asked, group.vendor) != nullptr);
-            offer(score, Kind::expense, group.members.front());
-            if (group.members.size() > 1) second = std::max(second, score);
+            best.offer(score, {Kind::expense, group.members.front()});
+            if (group.members.size() > 1) best.rival(score);
         });
-    } else {
-        const auto named = mentioned(withoutSpaces(Text::upper(line.text)));
-        for (const InvoiceMatch& match : fitting(*asked, {}, named))
-            offer(match.score, Kind::invoice, invoices_[match.slot].document);
-        for (const auto& [open, fit] :
-             {std::pair{&asked->view.byTotal, Fit::total}, {&asked->view.byBalance, Fit::balance}})
-            if (best >= obviousScore && best - clearLead <= score(fit) + clientNamed && hasRival(*asked, *open, named))
-                second = std::max(second, score(fit) + clientNamed);
-    }
+    else
+        offerInvoices(*asked, best);
     // Scores are above 0, so that a second of 0 is none.
-    return found && best >= obviousScore && (second == 0 || second < best - clearLead) ? found : std::nullopt;
+    return best.isStrong() && (best.second == 0 || best.second < best.score - clearLead) ? best.found : std::nullopt;
 }
 
 std::vector<MatchSuggestion> suggestions(const BankTransaction& line, const Library& library, int dayWindow) {

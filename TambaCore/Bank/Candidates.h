@@ -6,18 +6,20 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
 /// Everything bank lines can be matched with, kept so that one line is looked up without a walk through the books:
-/// expenses by day and amount, open invoices by balance, total and number. Built once for many lines, told of each
-/// link that is made meanwhile. It learns as it is asked (words of a name, values for a currency), so asking is not
-/// `const`.
+/// expenses by day and amount, open invoices by balance, total and number, payments that no line is linked to by amount
+/// and day. Built once for many lines, told of each link that is made meanwhile. It learns as it is asked (words of a
+/// name, values for a currency), so asking is not `const`.
 namespace tamba::Matcher {
 
 class Candidates {
@@ -31,8 +33,10 @@ public:
     struct Found {
         MatchSuggestion::Target::Kind kind;
         std::size_t position;
+        std::optional<std::size_t> payment = {};  ///< of the invoice: it was typed before, the line is that money
     };
-    /// The one suggestion that is strong and clearly ahead of the next, `obviousDays` around the line.
+    /// The one suggestion that is strong and clearly ahead of the next, `obviousDays` around the line. A payment that
+    /// was typed is one of them, and stands before the invoice it is on: that money would be counted twice.
     [[nodiscard]] std::optional<Found> obvious(const BankTransaction& line);
 
     /// Due on an invoice that was found, in its own currency.
@@ -41,6 +45,8 @@ public:
     void take(std::size_t expense);
     /// A payment settled so much of the invoice, in its own currency.
     void settle(std::size_t document, std::int64_t amount);
+    /// A line is linked to the payment, given by its position on the invoice.
+    void claim(std::size_t document, std::size_t payment);
 
 private:
     using Name = std::size_t;  // of a vendor or client, in `names_`
@@ -56,7 +62,8 @@ private:
         std::int64_t balance, total;  // in its own currency
         Day issueDate;
         Name client;
-        std::string number;  // upper-cased; empty when there is none
+        std::string number;              // upper-cased; empty when there is none
+        std::vector<std::size_t> typed;  // positions of its payments that no line is linked to
     };
     struct Due {
         std::int64_t balance = 0, total = 0;  // in the home currency; no candidate while the balance is 0
@@ -70,6 +77,35 @@ private:
         Day issueDate = {0, 1, 1};
         Slot slot = 0;
         auto operator<=>(const Priced&) const = default;
+        [[nodiscard]] Priced next() const { return {amount, client, issueDate, slot + 1}; }
+    };
+    /// Open invoices in the order of `Priced`. Nearly all leave as they were, and few come back at another balance:
+    /// what was sorted once stays in place, and what left is stepped over, however much of it there is.
+    class Prices {
+    public:
+        Prices() = default;
+        Prices(std::vector<Priced> all, std::size_t slots);
+        /// The first at or after `least` that is still there.
+        [[nodiscard]] const Priced* first(const Priced& least);
+        void remove(const Priced& one);
+        void insert(const Priced& one) { moved_.insert(one); }
+
+    private:
+        std::vector<Priced> sorted_;
+        std::vector<std::size_t> next_;     // by position: itself while it is there, else a later one
+        std::vector<std::size_t> placeOf_;  // by slot: its position, past the end when it has none
+        std::set<Priced> moved_;
+    };
+    /// Typed payments of one amount, day and client: every line that names no number gives them the same score.
+    struct Paid {
+        std::int64_t amount, day;
+        Name client = 0;
+        auto operator<=>(const Paid&) const = default;
+    };
+    struct Typed {
+        Slot slot;
+        std::size_t payment;  // its position on the invoice
+        bool operator==(const Typed&) const = default;
     };
     /// What the records are worth to lines in one currency, in minor units of the home currency.
     struct View {
@@ -77,7 +113,8 @@ private:
         std::int64_t rateMicros;
         std::map<std::int64_t, std::vector<Group>> days;  // by day number; groups by value
         std::vector<Due> due;                             // by slot
-        std::set<Priced> byBalance, byTotal;
+        Prices byBalance, byTotal;
+        std::map<Paid, std::vector<Typed>> typed;  // on invoices in this currency, in its own minor units
     };
     /// A line as it is compared.
     struct Asked {
@@ -88,6 +125,7 @@ private:
         bool hasWords = false;
     };
     struct InvoiceMatch;
+    struct Best;  // what was offered so far
 
     [[nodiscard]] Name named(const std::string& name);
     [[nodiscard]] const std::string* sharedWord(Asked& asked, Name name);
@@ -99,6 +137,9 @@ private:
                                                     std::int64_t amount) const;
     void addExpenses(View& view);
     [[nodiscard]] Slot slotOf(std::size_t document) const;
+    /// Its balance and total in the home currency, both 0 where it is no candidate.
+    [[nodiscard]] Due due(const View& view, Slot slot) const;
+    void addInvoices(View& view);
     void addInvoice(View& view, Slot slot);
     void removeInvoice(View& view, Slot slot) const;
     [[nodiscard]] Priced priced(std::int64_t amount, Slot slot) const;
@@ -108,18 +149,28 @@ private:
     void expensesNear(const Asked& asked, int dayWindow, Visit&& visit);
     [[nodiscard]] std::vector<Slot> mentioned(const std::string& squeezedText) const;
     /// Invoices whose total is the line's amount, or whose balance is up to `above` more than it.
-    [[nodiscard]] static std::vector<Slot> priced(const Asked& asked, std::int64_t above);
+    [[nodiscard]] static std::vector<Slot> priced(Asked& asked, std::int64_t above);
     /// Whether an invoice of the line's amount, whose client but not whose number the line names, was issued by then.
-    [[nodiscard]] bool hasRival(Asked& asked, const std::set<Priced>& open, const std::vector<Slot>& mentioned);
+    [[nodiscard]] bool hasRival(Asked& asked, Prices& open, const std::vector<Slot>& mentioned);
     /// Those of the invoices that fit, in the order of the books.
     [[nodiscard]] std::vector<InvoiceMatch> fitting(Asked& asked, std::vector<Slot> slots,
                                                     const std::vector<Slot>& mentioned);
+    /// Payments of the line's amount on invoices whose number it does not name.
+    void offerTyped(Asked& asked, Best& best);
+    void offerInvoices(Asked& asked, Best& best);
+
+    /// Looks up parts of a text without making texts of them.
+    struct NumberHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
 
     const Library library_;  // as it was; records are shared with the books
     const Currency home_;
-    std::vector<bool> free_;                                       // by position: no line is matched to the expense
-    std::vector<Invoice> invoices_;                                // that were open, in the order of the books
-    std::unordered_map<std::string, std::vector<Slot>> byNumber_;  // by number without spaces
+    std::vector<bool> free_;         // by position: no line is matched to the expense
+    std::vector<Invoice> invoices_;  // that were open or hold typed payments, in the order of the books
+    /// By number without spaces.
+    std::unordered_map<std::string, std::vector<Slot>, NumberHash, std::equal_to<>> byNumber_;
     std::set<std::size_t> numberLengths_;
     std::array<bool, 256> numbersBegin_{};              // bytes that numbers begin with
     std::map<std::string, std::optional<View>> views_;  // by currency code; none without a rate

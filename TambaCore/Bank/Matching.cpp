@@ -240,6 +240,12 @@ AutoMatched autoMatch(Library library) {
         if (found->kind == MatchSuggestion::Target::Kind::expense) {
             linkExpense(books, i, found->position);
             candidates.take(found->position);
+        } else if (found->payment) {
+            const UUID lineID = line->id, invoiceID = books.documents[found->position].id;
+            linkPayment(books, i, invoiceID, books.documents[found->position].payments[*found->payment].id);
+            books.documents.update(found->position,
+                                   [&](Document& paid) { paid.payments[*found->payment].bankTxnID = lineID; });
+            candidates.claim(found->position, *found->payment);
         } else {
             const std::shared_ptr<const Document> invoice = books.documents.at(found->position);
             const std::int64_t balance = candidates.balance(found->position);

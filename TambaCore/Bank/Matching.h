@@ -20,8 +20,9 @@ struct AutoMatched {
     Library library;
     int count = 0;  ///< lines that were linked
 };
-/// Links every open line that has one strong suggestion, clearly ahead of the next. Lines are taken in their order and
-/// each sees the links made before it; a payment that is refused is passed over.
+/// Links every open line that has one strong suggestion, clearly ahead of the next; a payment of its amount that was
+/// typed within a week is one. Lines are taken in their order and each sees the links made before it; a payment that is
+/// refused is passed over.
 [[nodiscard]] AutoMatched autoMatch(Library library);
 
 /// Throws `lineMatched`, `expenseMatched`, `wrongDirection` (money in goes with an expense below zero, a refund).

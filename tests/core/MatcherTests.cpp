@@ -248,7 +248,8 @@ Library crowded(std::mt19937& dice) {
         Document d = invoice(any("A1", "a 1", "7", "INV/26-27/001", " ", ""), amount(), name(), date());
         std::tie(d.currency, d.rateMicros) = money();
         d.state = any(DocState::issued, DocState::issued, DocState::issued, DocState::draft);
-        if (any(true, false)) d.payments = {Payment::make(date(), any(50, 5'000), 0, PaymentMethod::bank)};
+        // Of no line's amount: payments that a line may be are no candidates of comparing everything.
+        if (any(true, false)) d.payments = {Payment::make(date(), any(50, 4'900), 0, PaymentMethod::bank)};
         library.documents.append(d);
         if (any(true, false, false)) {
             Document note = invoice("C1", any(100, 5'000), "");

@@ -155,6 +155,62 @@ TEST_F(MatchingTest, obviousLinesSeeTheLinksBeforeThem) {
     EXPECT_TRUE(find(after.transactions, second)->isOpen()) << "only ₹400.00 are left to be paid";
 }
 
+TEST_F(MatchingTest, anObviousLineIsThePaymentThatWasTyped) {
+    struct Typed {
+        std::size_t invoice;
+        std::int64_t amount, daysBefore;
+    };
+    enum Outcome { open, linked, paid };
+    const auto number = [&](std::size_t i) { return *library.document(invoices[i])->number; };
+    const struct {
+        std::vector<Typed> typed;
+        std::int64_t amount;
+        std::string text;
+        Outcome outcome;
+        std::size_t which = 0;  // of the typed, or of the invoices
+    } cases[] = {
+        {{{0, 50'000, 2}}, 50'000, "CLG SAFFRON", linked},
+        {{{0, 50'000, 6}}, 50'000, "NEFT " + number(0), linked},  // and not the other half
+        {{{0, 50'000, 9}}, 50'000, "SAFFRON " + number(0), open},
+        {{{0, 50'000, 31}}, 50'000, "SAFFRON " + number(0), paid, 0},
+        {{{0, 50'000, 1}, {1, 50'000, 1}}, 50'000, "CLG SAFFRON", open},
+        {{{0, 50'000, 1}, {1, 50'000, 1}}, 50'000, "SAFFRON " + number(1), linked, 1},
+        {{{0, 100'000, 1}}, 100'000, "SAFFRON " + number(1), paid, 1},
+        {{{0, 50'001, 1}}, 50'000, "CLG SAFFRON", open},
+        {{{0, 70'000, 3}}, 70'000, "IMPS 77", linked},
+        {{{0, 70'000, 4}}, 70'000, "IMPS 77", open},
+        {{{0, 100'000, 2}}, 100'000, "IMPS 77", open},  // two more are open for that sum
+        {{{0, 100'000, 2}}, 100'000, "IMPS SAFFRON", linked},
+    };
+    for (std::size_t i = 0; i < invoices.size(); ++i)
+        library.documents.update(i, [](Document& d) { d.issueDate = day.addingDays(-40); });
+    const Library before = library;
+    for (const auto& c : cases) {
+        library = before;
+        std::vector<UUID> typed;
+        for (const auto& [invoice, amount, days] : c.typed) {
+            const Payment payment = Payment::make(day.addingDays(-days), amount, 0, PaymentMethod::cheque);
+            library = Books::recordPayment(library, invoices[invoice], payment);
+            typed.push_back(payment.id);
+        }
+        const UUID id = line(c.amount, c.text);
+        const std::int64_t due = balance(0) + balance(1) + balance(2);
+        library = Bank::autoMatch(library).library;
+        const BankTransaction& after = at(id);
+        EXPECT_EQ(after.isMatched(), c.outcome != open) << c.text;
+        EXPECT_EQ(balance(0) + balance(1) + balance(2), due - (c.outcome == paid ? c.amount : 0)) << c.text;
+        if (c.outcome == paid) {
+            EXPECT_EQ(after.invoiceID, invoices[c.which]) << c.text;
+        }
+        if (c.outcome != linked) continue;
+        EXPECT_EQ(after.paymentID, typed[c.which]) << c.text;
+        EXPECT_EQ(Bank::unassigned(library, after), 0) << c.text;
+        const UUID again = line(c.amount, c.text);
+        const auto [more, count] = Bank::autoMatch(library);
+        EXPECT_NE(find(more.transactions, again)->paymentID, typed[c.which]) << c.text;
+    }
+}
+
 TEST_F(MatchingTest, refusesWhatCannotBe) {
     const UUID other = line(-50'000, "x"), nobody = UUID::random(), draft = UUID::random();
     Document drafted = aDraft(library, DocKind::invoice, {Line::make("Design", 1000, 100'000, 0)});
