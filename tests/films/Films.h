@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+namespace tamba {
+
+[[nodiscard]] std::unique_ptr<QObject> storyboardTests();
+
+}  // namespace tamba
