@@ -7,5 +7,6 @@
 namespace tamba {
 
 [[nodiscard]] std::unique_ptr<QObject> storyboardTests();
+[[nodiscard]] std::unique_ptr<QObject> filmTests();
 
 }  // namespace tamba

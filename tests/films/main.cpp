@@ -6,6 +6,7 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     int failed = 0;
-    for (const auto& make : {tamba::storyboardTests}) failed += QTest::qExec(make().get(), argc, argv);
+    for (const auto& make : {tamba::storyboardTests, tamba::filmTests})
+        failed += QTest::qExec(make().get(), argc, argv);
     return failed == 0 ? 0 : 1;
 }
