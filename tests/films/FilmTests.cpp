@@ -85,7 +85,7 @@ private slots:
         QCOMPARE(video[QLatin1String("nb_read_packets")].toString(), QStringLiteral("90"));
         QCOMPARE(qRound(facts[QLatin1String("format")][QLatin1String("duration")].toString().toDouble() * 100), 300);
         QTEST(words[QLatin1String("codec_name")].toString(), "words");
-        const QString track = QString::fromUtf8(
+        QString track = QString::fromUtf8(
             output(QStringLiteral("ffmpeg"),
                    {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-i"),
                     QString::fromStdString(path.string()), QStringLiteral("-map"), QStringLiteral("0:s"),
