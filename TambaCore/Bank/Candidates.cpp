@@ -6,6 +6,7 @@
 #include "TambaCore/Documents/Standing.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdlib>
 #include <numeric>
 #include <tuple>
@@ -103,8 +104,8 @@ const Candidates::Priced* Candidates::Prices::first(const Priced& least) {
 }
 
 void Candidates::Prices::remove(const Priced& one) {
-    const std::size_t at = placeOf_[one.slot];
-    if (at < sorted_.size() && next_[at] == at && sorted_[at] == one)
+    const std::size_t at = std::exchange(placeOf_[one.slot], sorted_.size());
+    if (at < sorted_.size())
         next_[at] = at + 1;
     else
         moved_.erase(one);
@@ -126,6 +127,7 @@ Candidates::Candidates(const Library& library, const std::optional<UUID>& except
         free_[i] = !expense.bankTxnID && !linked.contains(expense.id);
     }
 
+    std::vector<std::pair<std::size_t, Slot>> numberHashes;
     const Books::Standings standings(library_, Day());
     for (std::size_t i = 0; i < library_.documents.size(); ++i) {
         const Document& document = library_.documents[i];
@@ -145,12 +147,25 @@ Candidates::Candidates(const Library& library, const std::optional<UUID>& except
         if (squeezed.empty()) {
             number.clear();
         } else {
-            byNumber_[squeezed].push_back(invoices_.size());
+            numberHashes.emplace_back(std::hash<std::string_view>()(squeezed), invoices_.size());
             numberLengths_.insert(squeezed.size());
             numbersBegin_[firstByte(squeezed)] = true;
         }
         invoices_.push_back({i, standing->balance, standing->totals.total, document.issueDate,
                              named(clientName(library_, document)), std::move(number), std::move(typed)});
+    }
+    numbered_.resize(std::bit_ceil(2 * numberHashes.size() + 1));
+    for (const auto& [hash, slot] : numberHashes) {
+        std::optional<Numbered>& place = numbered(hash, withoutSpaces(invoices_[slot].number));
+        if (place) invoices_[slot].alike = place->slot;
+        place = {hash, slot};
+    }
+}
+
+std::optional<Candidates::Numbered>& Candidates::numbered(std::size_t hash, std::string_view number) {
+    for (std::size_t at = hash;; ++at) {
+        std::optional<Numbered>& place = numbered_[at & (numbered_.size() - 1)];
+        if (!place || (place->hash == hash && withoutSpaces(invoices_[place->slot].number) == number)) return place;
     }
 }
 
@@ -332,15 +347,17 @@ void Candidates::expensesNear(const Asked& asked, int dayWindow, Visit&& visit) 
 
 /// Open invoices whose number the text holds. Each place where a number may begin is looked up at the lengths there
 /// are, which is quicker than to search the text for every number.
-std::vector<Candidates::Slot> Candidates::mentioned(const std::string& squeezedText) const {
+std::vector<Candidates::Slot> Candidates::mentioned(const std::string& squeezedText) {
     std::vector<Slot> found;
     for (std::size_t at = 0; at < squeezedText.size(); ++at) {
         if (!numbersBegin_[static_cast<std::uint8_t>(squeezedText[at])]) continue;
         for (const std::size_t length : numberLengths_) {
             if (length > squeezedText.size() - at) break;
-            const auto numbered = byNumber_.find(std::string_view(squeezedText).substr(at, length));
-            if (numbered != byNumber_.end())
-                found.insert(found.end(), numbered->second.begin(), numbered->second.end());
+            const std::string_view part = std::string_view(squeezedText).substr(at, length);
+            const std::optional<Numbered>& place = numbered(std::hash<std::string_view>()(part), part);
+            for (std::optional<Slot> slot = place ? std::optional(place->slot) : std::nullopt; slot;
+                 slot = invoices_[*slot].alike)
+                found.push_back(*slot);
         }
     }
     std::sort(found.begin(), found.end());

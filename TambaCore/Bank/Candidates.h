@@ -6,7 +6,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -62,8 +61,9 @@ private:
         std::int64_t balance, total;  // in its own currency
         Day issueDate;
         Name client;
-        std::string number;              // upper-cased; empty when there is none
-        std::vector<std::size_t> typed;  // positions of its payments that no line is linked to
+        std::string number;                     // upper-cased; empty when there is none
+        std::vector<std::size_t> typed;         // positions of its payments that no line is linked to
+        std::optional<std::size_t> alike = {};  // the slot of another of the same number
     };
     struct Due {
         std::int64_t balance = 0, total = 0;  // in the home currency; no candidate while the balance is 0
@@ -93,7 +93,7 @@ private:
     private:
         std::vector<Priced> sorted_;
         std::vector<std::size_t> next_;     // by position: itself while it is there, else a later one
-        std::vector<std::size_t> placeOf_;  // by slot: its position, past the end when it has none
+        std::vector<std::size_t> placeOf_;  // by slot: its position, past the end when it is not there
         std::set<Priced> moved_;
     };
     /// Typed payments of one amount, day and client: every line that names no number gives them the same score.
@@ -147,7 +147,7 @@ private:
     /// Calls `visit(group, days apart)` for the expenses within amount and window.
     template <class Visit>
     void expensesNear(const Asked& asked, int dayWindow, Visit&& visit);
-    [[nodiscard]] std::vector<Slot> mentioned(const std::string& squeezedText) const;
+    [[nodiscard]] std::vector<Slot> mentioned(const std::string& squeezedText);
     /// Invoices whose total is the line's amount, or whose balance is up to `above` more than it.
     [[nodiscard]] static std::vector<Slot> priced(Asked& asked, std::int64_t above);
     /// Whether an invoice of the line's amount, whose client but not whose number the line names, was issued by then.
@@ -159,18 +159,19 @@ private:
     void offerTyped(Asked& asked, Best& best);
     void offerInvoices(Asked& asked, Best& best);
 
-    /// Looks up parts of a text without making texts of them.
-    struct NumberHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    /// A number without spaces, by its hash; the number itself is the invoice's.
+    struct Numbered {
+        std::size_t hash;
+        Slot slot;
     };
+    /// Where the number is, or would be.
+    [[nodiscard]] std::optional<Numbered>& numbered(std::size_t hash, std::string_view number);
 
     const Library library_;  // as it was; records are shared with the books
     const Currency home_;
     std::vector<bool> free_;         // by position: no line is matched to the expense
     std::vector<Invoice> invoices_;  // that were open or hold typed payments, in the order of the books
-    /// By number without spaces.
-    std::unordered_map<std::string, std::vector<Slot>, NumberHash, std::equal_to<>> byNumber_;
+    std::vector<std::optional<Numbered>> numbered_;
     std::set<std::size_t> numberLengths_;
     std::array<bool, 256> numbersBegin_{};              // bytes that numbers begin with
     std::map<std::string, std::optional<View>> views_;  // by currency code; none without a rate
