@@ -18,6 +18,7 @@ enum Meaning : unsigned char {
     anywhere = 2,  ///< the same, wherever it stands
     purpose = 4,   ///< what a payment is for
     bank = 8,
+    capitals = 16,  ///< an abbreviation that people write in capitals
 };
 
 struct Known {
@@ -84,6 +85,38 @@ constexpr auto known = std::to_array<Known>({
     {"via", noise},
     {"billpay", noise},
     {"si", noise},
+    {"eefc", noise | anywhere},
+    {"fcnr", noise | anywhere},
+    {"nre", noise | anywhere},
+    {"nro", noise | anywhere},
+    {"firc", noise | anywhere},
+    {"inr", noise | anywhere},
+    {"usd", noise | anywhere},
+    {"eur", noise | anywhere},
+    {"gbp", noise | anywhere},
+    {"aed", noise | anywhere},
+    {"sgd", noise | anywhere},
+    {"aud", noise | anywhere},
+    {"jpy", noise | anywhere},
+    {"forex", noise},
+    {"remittance", noise},
+    {"llp", capitals},
+    {"llc", capitals},
+    {"plc", capitals},
+    {"opc", capitals},
+    {"huf", capitals},
+    {"bpo", capitals},
+    {"gst", capitals},
+    {"tds", capitals},
+    {"lic", capitals},
+    {"epfo", capitals},
+    {"irctc", capitals},
+    {"bsnl", capitals},
+    {"mtnl", capitals},
+    {"nsdl", capitals},
+    {"usa", capitals},
+    {"uae", capitals},
+    {"uk", capitals},
     {"rent", purpose},
     {"salary", purpose},
     {"sal", purpose},
@@ -137,7 +170,7 @@ constexpr auto known = std::to_array<Known>({
     {"november", purpose},
     {"december", purpose},
     {"yesb", bank},
-    {"hdfc", bank},
+    {"hdfc", bank | capitals},
     {"icic", bank},
     {"sbin", bank},
     {"utib", bank},
@@ -154,7 +187,7 @@ constexpr auto known = std::to_array<Known>({
     {"ratn", bank},
     {"aubl", bank},
     {"dbss", bank},
-    {"hsbc", bank},
+    {"hsbc", bank | capitals},
     {"citi", bank},
     {"scbl", bank},
     {"bkid", bank},
@@ -178,12 +211,12 @@ constexpr auto known = std::to_array<Known>({
     {"ujvn", bank},
     {"sibl", bank},
     {"svcb", bank},
-    {"sbi", bank},
-    {"pnb", bank},
-    {"icici", bank},
+    {"sbi", bank | capitals},
+    {"pnb", bank | capitals},
+    {"icici", bank | capitals},
     {"axis", bank},
     {"kotak", bank},
-    {"idfc", bank},
+    {"idfc", bank | capitals},
     {"iciciban", bank},
     {"indusind", bank},
     {"canara", bank},
@@ -323,6 +356,19 @@ bool hasNoPayee(std::string_view lower) {
     return words.size() <= 3 && (words.back() == "charges" || words.back() == "chrg" || words.back() == "chg");
 }
 
+/// As people write names: abbreviations stay in capitals.
+std::string inCapitals(std::string_view text) {
+    std::string result = Text::capitalised(text);
+    for (std::size_t at = blanks.skip(result, 0), end = at; at < result.size(); at = blanks.skip(result, end)) {
+        end = blanks.next(result, at);
+        constexpr std::size_t longest = 6;
+        if (end - at > longest) continue;
+        const std::string word(Text::trim(std::string_view(result).substr(at, end - at), ".,()"));
+        if (Word(Text::lower(word)).is(capitals)) result.replace(result.find(word, at), word.size(), Text::upper(word));
+    }
+    return result;
+}
+
 /// Without what stands around the name: leading modes and numbers, references anywhere, an unclosed bracket.
 std::string cleaned(std::string_view text, std::string_view lower) {
     const std::size_t bracket = text.rfind('(');
@@ -338,7 +384,7 @@ std::string cleaned(std::string_view text, std::string_view lower) {
         if (!result.empty()) result += ' ';
         result += printed;
     }
-    return Text::capitalised(result);
+    return inCapitals(result);
 }
 
 /// "swiggy.stores@ic" is Swiggy Stores; a phone number is nobody.
@@ -348,7 +394,7 @@ std::string handleName(std::string_view text) {
         std::string name(word.substr(0, word.find('@')));
         std::replace_if(name.begin(), name.end(), [](char c) { return c == '.' || c == '_' || c == '*'; }, ' ');
         while (!name.empty() && isDigit(name.back())) name.pop_back();
-        return Text::capitalised(Text::trim(name));
+        return inCapitals(Text::trim(name));
     }
     return {};
 }
