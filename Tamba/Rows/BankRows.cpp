@@ -92,6 +92,7 @@ struct Entry {
     const BankTransaction* line;
     Currency currency;
     std::string name, matched;
+    std::int64_t rest;  // that no payment takes, of a line that is matched in part
     std::size_t position;
 };
 
@@ -134,6 +135,13 @@ BankRow rowOf(const Entry& entry) {
     row.matched = entry.matched;
     row.status = RowText::translate("Rows", statusOf(list));
     row.tone = toneOf(list);
+    if (entry.rest > 0) {
+        row.status = RowText::translate("Rows", "Partly matched");
+        row.tone = Tone::warning;
+        row.rest =
+            row.status + " · " +
+            RowText::filled(RowText::translate("Rows", "%1 open"), {MoneyFormat::string(entry.rest, entry.currency)});
+    }
     row.in = line.amount > 0;
     row.open = list == BankList::open;
     return row;
@@ -215,6 +223,7 @@ BankTable bankTable(const Library& library, const BankFilter& filter) {
     for (const std::string& word : Text::split(Text::lower(Text::trim(filter.search)), ' '))
         if (!word.empty()) words.push_back(word);
     const auto matched = matchedTexts(library);
+    const auto rests = Bank::partlyMatched(library);
     std::unordered_map<UUID, Currency> currencies;
     for (const BankAccount& account : library.accounts) currencies.emplace(account.id, Currency::of(account.currency));
     const Currency home = library.home();
@@ -227,8 +236,13 @@ BankTable bankTable(const Library& library, const BankFilter& filter) {
         if (filter.days && !filter.days->contains(line.date)) continue;
         const auto currency = line.accountID ? currencies.find(*line.accountID) : currencies.end();
         const auto text = matched.find(line.id);
-        Entry entry{&line, currency == currencies.end() ? home : currency->second, nameOf(line),
-                    text == matched.end() ? std::string() : text->second, i};
+        const auto rest = rests.find(line.id);
+        Entry entry{&line,
+                    currency == currencies.end() ? home : currency->second,
+                    nameOf(line),
+                    text == matched.end() ? std::string() : text->second,
+                    rest == rests.end() ? 0 : rest->second,
+                    i};
         if (!fits(entry, words)) continue;
         const BankList list = listOf(line);
         ++table.counts[static_cast<std::size_t>(list)];
@@ -278,7 +292,7 @@ BankLineFacts factsOf(const Library& library, const BankTransaction& line) {
     if (line.isMatched() && line.amount > 0)
         if (const std::int64_t rest = Bank::unassigned(library, line); rest > 0) {
             facts.rest = MoneyFormat::string(rest, currency) + " of it is still to be matched";
-            facts.status = "In part";
+            facts.status = RowText::translate("Rows", "Partly matched");
             facts.tone = Tone::warning;
         }
     if (const auto difference = Bank::exchangeDifference(library, line)) facts.exchange = difference->sentence;

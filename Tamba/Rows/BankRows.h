@@ -40,6 +40,7 @@ struct BankRow {
     std::string amount, balance;  ///< "−₹250.00", "Balance ₹1,23,456.00"
     std::string matched;          ///< "Chai Point · Meals", "INV/26-27/003 · Monsoon Tea", "3 invoices"
     std::string status;
+    std::string rest;  ///< "Partly matched · ₹6,000.00 open"; empty where nothing of a matched line is open
     Tone tone = Tone::none;
     bool in = false, open = false;
     bool operator==(const BankRow&) const = default;

@@ -60,11 +60,14 @@ std::vector<BankScreen::Model::Column> BankScreen::columns() const {
         {tr("Matched to"), Qt::AlignLeft,
          [](const BankRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.matched);
+             if (role == RowDelegate::Second) return toQt(row.rest);
+             if (role == Qt::AccessibleTextRole && !row.rest.empty()) return toQt(row.matched + ", " + row.rest);
              return {};
          }},
         {tr("Status"), Qt::AlignLeft,
          [](const BankRow& row, int role) -> QVariant {
-             if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return toQt(row.status);
+             if (role == Qt::DisplayRole) return toQt(row.status);
+             if (role == Qt::ToolTipRole) return toQt(row.rest.empty() ? row.status : row.rest);
              if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
              return {};
          }},
@@ -420,7 +423,7 @@ void BankScreen::arrange() {
         int width;
         bool wanted;
     };
-    const Step steps[] = {{Column::status, 100, several},
+    const Step steps[] = {{Column::status, 124, several},
                           {Column::matched, room >= 900 ? 260 : 190, anyMatched},
                           {Column::date, 104, true},
                           {Column::amount, 150, true}};

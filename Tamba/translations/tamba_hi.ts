@@ -679,6 +679,14 @@
         <translation>शेष %1</translation>
     </message>
     <message>
+        <source>Partly matched</source>
+        <translation>कुछ मिलाई गई</translation>
+    </message>
+    <message>
+        <source>%1 open</source>
+        <translation>%1 बाकी</translation>
+    </message>
+    <message>
         <source>%1 stays due</source>
         <translation>%1 बाकी रहते हैं</translation>
     </message>

@@ -90,6 +90,22 @@ void forEachPayment(const Library& library, const BankTransaction& line, Visit&&
             if (isOf(payment, line)) visit(document, payment);
 }
 
+using Payments = std::vector<std::pair<const Document*, const Payment*>>;  // with the invoices they are on
+
+/// What the payments leave of the line.
+std::int64_t restAfter(const Library& library, const BankTransaction& line, const Payments& payments) {
+    if (line.amount < 1 || !isBelievable(line.amount)) return 0;
+    std::int64_t rest = line.amount, exchanged = 0;
+    for (const auto& [invoice, payment] : payments) {
+        const auto worth = taken(library, line, *invoice, payment->amount);
+        if (!worth || !isBelievable(*worth)) return 0;
+        rest = Checked::sub(rest, *worth);
+        if (isExchanged(library, line, *invoice)) exchanged = Checked::add(exchanged, *worth);
+    }
+    if (exchanged > 0 && std::abs(rest) <= exchanged / exchangeShare) return 0;
+    return std::max<std::int64_t>(rest, 0);
+}
+
 /// Refuses a line that is linked, unless one of several payments was removed and its part is free.
 std::int64_t needUnassigned(const Library& library, const BankTransaction& line) {
     const std::int64_t rest = unassigned(library, line);
@@ -294,21 +310,37 @@ Library splitReceipt(Library library, const UUID& line, const std::vector<Share>
     return payShares(std::move(library), index, shares);
 }
 
+std::unordered_map<UUID, std::int64_t> partlyMatched(const Library& library) {
+    std::unordered_map<UUID, Payments> byLine, byPayment;
+    for (const Document& document : library.documents)
+        for (const Payment& payment : document.payments)
+            (payment.bankTxnID ? byLine[*payment.bankTxnID] : byPayment[payment.id]).emplace_back(&document, &payment);
+    std::unordered_set<UUID> spent;
+    for (const Expense& expense : library.expenses)
+        if (expense.bankTxnID) spent.insert(*expense.bankTxnID);
+    std::unordered_map<UUID, std::int64_t> rests;
+    for (const BankTransaction& line : library.transactions) {
+        if (!line.isMatched() || line.expenseID || line.amount < 1) continue;
+        Payments its;
+        if (const auto found = byLine.find(line.id); found != byLine.end()) its = found->second;
+        if (const auto found = line.paymentID ? byPayment.find(*line.paymentID) : byPayment.end();
+            found != byPayment.end())
+            its.insert(its.end(), found->second.begin(), found->second.end());
+        const std::int64_t rest = restAfter(library, line, its);
+        if (rest > 0 && !spent.contains(line.id)) rests.emplace(line.id, rest);
+    }
+    return rests;
+}
+
 std::int64_t unassigned(const Library& library, const BankTransaction& line) {
     const bool isExpense = std::any_of(library.expenses.begin(), library.expenses.end(),
                                        [&line](const Expense& expense) { return expense.bankTxnID == line.id; });
-    if (line.amount < 1 || !isBelievable(line.amount) || line.expenseID || isExpense) return 0;
-    std::int64_t rest = line.amount, exchanged = 0;
-    bool isKnown = true;
-    forEachPayment(library, line, [&](const Document& invoice, const Payment& payment) {
-        const auto worth = taken(library, line, invoice, payment.amount);
-        isKnown = isKnown && worth && isBelievable(*worth);
-        if (!isKnown) return;
-        rest = Checked::sub(rest, *worth);
-        if (isExchanged(library, line, invoice)) exchanged = Checked::add(exchanged, *worth);
+    if (line.expenseID || isExpense) return 0;
+    Payments payments;
+    forEachPayment(library, line, [&payments](const Document& invoice, const Payment& payment) {
+        payments.emplace_back(&invoice, &payment);
     });
-    if (!isKnown || (exchanged > 0 && std::abs(rest) <= exchanged / exchangeShare)) return 0;
-    return std::max<std::int64_t>(rest, 0);
+    return restAfter(library, line, payments);
 }
 
 std::vector<TypedPayment> typedPayments(const Library& library, const BankTransaction& line, int dayWindow) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 /// Operations that link bank lines with what they paid. A line is linked to one expense, or to the payments it made on
@@ -67,6 +68,9 @@ struct TypedPayment {
 /// The part of money in that no payment takes, in minor units of the account: all of it for an open line, none for one
 /// that is matched in full; something between where one of several payments was removed. It can be matched again.
 [[nodiscard]] std::int64_t unassigned(const Library& library, const BankTransaction& line);
+
+/// That part of every line of which payments take some and not all, for a list of many.
+[[nodiscard]] std::unordered_map<UUID, std::int64_t> partlyMatched(const Library& library);
 
 /// What money of another currency brought more, or less, than its invoices say at their own rates.
 struct ExchangeDifference {

@@ -271,7 +271,9 @@ private slots:
         });
         open.screen.showList(BankList::matched);
         open.screen.select(open.line(3).id);
-        QCOMPARE(open.screen.findChild<QLabel*>(QStringLiteral("pill"))->text(), QStringLiteral("In part"));
+        QCOMPARE(open.screen.findChild<QLabel*>(QStringLiteral("pill"))->text(), QStringLiteral("Partly matched"));
+        for (const BankRow& row : bankTable(open.model.library(), {.list = BankList::all}).rows)
+            QCOMPARE(row.rest, std::string(row.id == open.line(3).id ? "Partly matched · ₹11,000.00 open" : ""));
         QVERIFY(open.card(1).contains(QStringLiteral("₹11,000.00")));
         open.press(Qt::Key_1);
         QCOMPARE(open.balance(open.month.firstInvoice), std::int64_t(0));

@@ -427,7 +427,11 @@ RC_GTEST_FIXTURE_PROP(MatchingTest, noSequenceLeavesALinkOfOneSide, (std::uint32
         }
         for (const auto& problem : LibraryCheck::check(library, LibraryStore("nowhere")).problems)
             RC_FAIL(problem.sentence);
+        const auto rests = Bank::partlyMatched(library);
         for (const BankTransaction& one : library.transactions) {
+            const auto rest = rests.find(one.id);
+            RC_ASSERT((rest == rests.end() ? 0 : rest->second) ==
+                      (one.isMatched() ? Bank::unassigned(library, one) : 0));
             RC_ASSERT((!one.expenseID || library.expense(*one.expenseID)->bankTxnID == one.id));
             RC_ASSERT(one.invoiceID.has_value() == one.paymentID.has_value());
             RC_ASSERT((!(one.expenseID && one.invoiceID) && !(one.isMatched() && one.ignored)));
