@@ -37,32 +37,90 @@ fs::path lockFolder() {
     return Files::temporaryFolder() / ("tamba-locks-" + std::to_string(::getuid()));
 }
 
-/// Whether a record of the step that led to `after` shows in `theirs`. An id that was new can only come from here; what
-/// they did with its record since is theirs.
+using Versions = std::vector<const Library*>;
+
+/// What `theirs` tells of the step from one of our versions to the next: whether who wrote it had seen that.
+struct Traces {
+    bool proof = false;   ///< a record that can only come from that step or one after it
+    bool sign = false;    ///< what a person wrote in that step; two people may write the same
+    bool denial = false;  ///< a record as it was before the step, or none of those it added
+};
+
+/// Ids that are derived come about on every machine: the month's rent has the same.
+bool isRandom(const UUID& id) { return id.bytes[6] >> 4 == 4; }
+
+/// Whether a person made the change. What matching, issuing and recurring do turns out the same on two machines.
 template <class Record>
-bool showsStep(const List<Record>& after, const List<Record>& theirs, const ListChanges& step) {
-    const auto held = [&](const UUID& id) { return find(theirs, id) != nullptr; };
-    return std::ranges::any_of(step.added, held) ||
-           std::ranges::any_of(step.altered,
-                               [&](const UUID& id) { return held(id) && *find(theirs, id) == *find(after, id); }) ||
-           !std::ranges::all_of(step.removed, held);
+bool isByHand(const Record&, const Record&) {
+    return true;
+}
+bool isByHand(const Expense& before, const Expense& after) {
+    return before.bankTxnID == after.bankTxnID && before.recurringID == after.recurringID;
+}
+bool isByHand(const Document& before, const Document& after) {
+    return before.state == DocState::draft && after.state == DocState::draft;
+}
+bool isByHand(const BankTransaction&, const BankTransaction&) { return false; }
+bool isByHand(const RecurringExpense&, const RecurringExpense&) { return false; }
+bool isByHand(const NumberSeries&, const NumberSeries&) { return false; }
+
+/// `versions[at]` is what the step led to.
+template <class Record>
+void look(Traces& traces, const Library& theirs, const Versions& versions, std::size_t at, List<Record> Library::* list,
+          const ListChanges& step) {
+    const auto record = [list](const Library& library, const UUID& id) { return find(library.*list, id); };
+    const auto isFirst = [&](auto&& has) {
+        return std::none_of(versions.begin(), versions.begin() + std::ptrdiff_t(at), has);
+    };
+    bool added = false, held = false;
+    for (const UUID& id : step.added) {
+        if (!isRandom(id)) continue;
+        added = true;
+        held = held || (record(theirs, id) && isFirst([&](const Library* old) { return record(*old, id) != nullptr; }));
+    }
+    traces.proof |= held;
+    traces.denial |= added && !held;
+    for (const UUID& id : step.altered) {
+        const Record* their = record(theirs, id);
+        if (!their) continue;
+        const Record &before = *record(*versions[at - 1], id), &after = *record(*versions[at], id);
+        traces.denial |= *their == before;
+        traces.sign |= *their == after && isByHand(before, after) && isFirst([&](const Library* old) {
+            const Record* was = record(*old, id);
+            return was && *was == after;
+        });
+    }
+    for (const UUID& id : step.removed) traces.denial |= isRandom(id) && record(theirs, id);
 }
 
-/// Whether who wrote `theirs` had seen the step from `before` to `after`.
-bool hasSeen(const Library& theirs, const Library& before, const Library& after) {
+Traces tracesOf(const Library& theirs, const Versions& versions, std::size_t at) {
+    const Library &before = *versions[at - 1], &after = *versions[at];
     const Changes step = Changes::between(before, after);
-    return (step.business && theirs.business == after.business) ||
-           (step.other && theirs.rates == after.rates && theirs.onboarded == after.onboarded) ||
-           showsStep(after.clients, theirs.clients, step.clients) || showsStep(after.items, theirs.items, step.items) ||
-           showsStep(after.categories, theirs.categories, step.categories) ||
-           showsStep(after.projects, theirs.projects, step.projects) ||
-           showsStep(after.expenses, theirs.expenses, step.expenses) ||
-           showsStep(after.recurring, theirs.recurring, step.recurring) ||
-           showsStep(after.documents, theirs.documents, step.documents) ||
-           showsStep(after.series, theirs.series, step.series) ||
-           showsStep(after.accounts, theirs.accounts, step.accounts) ||
-           showsStep(after.transactions, theirs.transactions, step.transactions) ||
-           showsStep(after.rules, theirs.rules, step.rules);
+    Traces traces;
+    const auto isFirst = [&](auto member) {
+        return std::none_of(versions.begin(), versions.begin() + std::ptrdiff_t(at),
+                            [&](const Library* old) { return old->*member == after.*member; });
+    };
+    if (step.business) {
+        traces.denial |= theirs.business == before.business;
+        traces.sign |= theirs.business == after.business && isFirst(&Library::business);
+    }
+    if (before.rates != after.rates) {
+        traces.denial |= theirs.rates == before.rates;
+        traces.sign |= theirs.rates == after.rates && isFirst(&Library::rates);
+    }
+    look(traces, theirs, versions, at, &Library::clients, step.clients);
+    look(traces, theirs, versions, at, &Library::items, step.items);
+    look(traces, theirs, versions, at, &Library::categories, step.categories);
+    look(traces, theirs, versions, at, &Library::projects, step.projects);
+    look(traces, theirs, versions, at, &Library::expenses, step.expenses);
+    look(traces, theirs, versions, at, &Library::recurring, step.recurring);
+    look(traces, theirs, versions, at, &Library::documents, step.documents);
+    look(traces, theirs, versions, at, &Library::series, step.series);
+    look(traces, theirs, versions, at, &Library::accounts, step.accounts);
+    look(traces, theirs, versions, at, &Library::transactions, step.transactions);
+    look(traces, theirs, versions, at, &Library::rules, step.rules);
+    return traces;
 }
 
 bool isBackup(std::string_view name) {
@@ -119,7 +177,10 @@ void LibrarySession::keepAsOpened() const {
 LibrarySession::Saved LibrarySession::save(const Library& ours) {
     if (!lock_) fatal("books opened for reading are being saved");
     if (const auto theirs = strangersChange()) return mergeAndSave(ours, *theirs);
+    // The file is in its place before the folder is flushed: a save that fails may have put these books there.
+    attempted_ = ours;
     stamp_ = store_.save(ours);
+    attempted_.reset();
     wrote(ours);
     return {ours, false, {}, {}};
 }
@@ -148,13 +209,23 @@ void LibrarySession::wrote(const Library& library) {
     base_ = library;
 }
 
-/// The latest of our versions that whoever wrote `theirs` had seen; where nothing tells, what was read from them last.
+/// The latest of our versions that whoever wrote `theirs` had seen. Whoever has seen one has seen those before it. In
+/// doubt an earlier one, the first of which was read from them: with one too late, what was made here since would count
+/// as taken away there; with one too early, what both have seen is compared once more.
 Library LibrarySession::ancestorOf(const Library& theirs) const {
     if (!base_) return {};
-    const Library* after = &*base_;
-    for (std::size_t step = earlier_.size(); step-- > 0; after = &earlier_[step])
-        if (hasSeen(theirs, earlier_[step], *after)) return *after;
-    return *after;
+    Versions versions;
+    for (const Library& version : earlier_) versions.push_back(&version);
+    versions.push_back(&*base_);
+    std::vector<Traces> steps(1);
+    std::size_t seen = 0;
+    for (std::size_t at = 1; at < versions.size(); ++at) {
+        steps.push_back(tracesOf(theirs, versions, at));
+        if (steps.back().proof) seen = at;
+    }
+    for (std::size_t at = seen + 1; at < versions.size() && !steps[at].denial; ++at)
+        if (steps[at].sign) seen = at;
+    return *versions[seen];
 }
 
 /// The books on disk, when they are no longer those last read or written. What this session holds is left as it is, so
@@ -163,6 +234,8 @@ std::optional<LibrarySession::Change> LibrarySession::strangersChange() {
     const auto present = Files::stamp(store_.fileURL());
     if (!present || present == stamp_) return std::nullopt;  // a file that is gone comes back with the next save
     std::optional<Library> onDisk = store_.load();
+    if (onDisk && onDisk == attempted_) wrote(*onDisk);
+    attempted_.reset();
     if (onDisk && onDisk != base_) return Change{std::move(*onDisk), *present};
     stamp_ = present;  // a synchroniser touched or rewrote the same books
     return std::nullopt;

@@ -89,8 +89,9 @@ private:
 
     LibraryStore store_;
     std::unique_ptr<Lock> lock_;
-    std::optional<Library> base_;   // the books as last read or written
-    std::vector<Library> earlier_;  // as read from somebody, and as saved here since then, before `base_`
+    std::optional<Library> base_;       // the books as last read or written
+    std::vector<Library> earlier_;      // as read from somebody, and as saved here since then, before `base_`
+    std::optional<Library> attempted_;  // by a save that failed
     std::optional<Files::Stamp> stamp_;
 };
 

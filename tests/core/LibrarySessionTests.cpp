@@ -1,3 +1,4 @@
+#include "TambaCore/Documents/Recurring.h"
 #include "TambaCore/Model/LibrarySession.h"
 #include "TambaCore/Model/ModelsJSON.h"
 #include "tests/support/Books.h"
@@ -117,6 +118,42 @@ TEST(LibrarySession, anOlderFileTakesNothingAwayThatWasSavedHere) {
     EXPECT_FALSE(find(merged.expenses, mine));
     EXPECT_EQ(merged.business.phone, "1");
     EXPECT_EQ(merged.business.email, "a@b.example");
+}
+
+TEST(LibrarySession, whatBothMachinesAddByThemselvesIsNoSignThatTheySawEachOther) {
+    const TemporaryFolder folder;
+    const LibraryStore elsewhere(folder.path());
+    const Library found = aLibrary();  // its rent is due on 1 November
+    elsewhere.save(found);
+    LibrarySession session(folder.path(), writing);
+    Library ours = found;
+    ours.expenses.append(anExpense("ours"));
+    session.save(ours);
+    ours = Recurring::addDue(ours, {2026, 11, 2}, {}).library;
+    session.save(ours);
+
+    elsewhere.save(Recurring::addDue(found, {2026, 11, 2}, {}).library);
+    EXPECT_EQ(session.takeInChange(ours)->library, ours);
+}
+
+TEST(LibrarySession, aSaveThatFailedAfterTheFileWasThereIsNotTakenForAnotherMachines) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    store.save(aLibrary());
+    LibrarySession session(folder.path(), writing);
+    const Library found = *session.loaded();
+    Library ours = found;
+    ours.expenses.append(anExpense("ours"));
+    Files::setObserver([](const char* operation) {
+        if (std::string_view(operation) == "flush folder") throw FileError("Input/output error");
+    });
+    EXPECT_THROW(session.save(ours), StoreError);
+    Files::setObserver(nullptr);
+    ASSERT_EQ(store.load(), ours);
+
+    // The step was taken back, and does not come again from the disk.
+    EXPECT_FALSE(session.save(found).merged);
+    EXPECT_EQ(store.load(), found);
 }
 
 TEST(LibrarySession, aFailedSaveFindsTheOtherMachinesChangeAgain) {
