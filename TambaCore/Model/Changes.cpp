@@ -4,7 +4,9 @@
 #include "TambaCore/Model/JSONWriter.h"
 
 #include <algorithm>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
 
 namespace tamba {
 
@@ -224,11 +226,14 @@ public:
         : base_(base), ours_(ours), theirs_(theirs), merged_(merged) {}
 
     void run() {
-        if (ours_.documents.sharesAllWith(theirs_.documents) && ours_.expenses.sharesAllWith(theirs_.expenses)) return;
+        if (ours_.documents.sharesAllWith(theirs_.documents) && ours_.expenses.sharesAllWith(theirs_.expenses) &&
+            ours_.transactions.sharesAllWith(theirs_.transactions))
+            return;
         keepBothNumbers();
         keepWhatIsPaid();
         keepEstimatesConverted();
         keepExpensesBilledOnce();
+        keepBankLinks();
     }
 
 private:
@@ -307,6 +312,54 @@ private:
             const auto invoices = now.find(id);
             const auto mark = invoices == now.end() ? std::nullopt : std::optional(invoices->second.front());
             expenses.update(i, [&mark](Expense& expense) { expense.rebilledInvoiceID = mark; });
+        }
+    }
+
+    /// A bank line and what it is matched with name each other, whichever side matched or freed one of them. Payments
+    /// stay, and so does the link that both ends agree about; of others the line's own.
+    void keepBankLinks() {
+        Library& books = merged_.library;
+        using Named = std::pair<std::optional<UUID>, std::optional<UUID>>;
+        std::unordered_map<UUID, std::vector<Named>> payments;  // invoice and payment, by line
+        for (const Document& invoice : books.documents)
+            for (const Payment& payment : invoice.payments)
+                if (payment.bankTxnID) payments[*payment.bankTxnID].emplace_back(invoice.id, payment.id);
+        const Index<Expense> expenses = indexed(books.expenses);
+        const Index<BankTransaction> lines = indexed(books.transactions);
+        std::unordered_map<UUID, UUID> lineOf, naming;  // by expense; the expense that names a line
+        for (const Expense& expense : books.expenses) {
+            const auto line = expense.bankTxnID ? lookUp(lines, *expense.bankTxnID) : nullptr;
+            if (!line || payments.contains(line->id)) continue;
+            if (line->expenseID == expense.id) lineOf.emplace(expense.id, line->id);
+            naming.emplace(line->id, expense.id);
+        }
+        for (std::size_t i = 0; i < books.transactions.size(); ++i) {
+            BankTransaction line = books.transactions[i];
+            const auto paid = payments.find(line.id);
+            if (paid != payments.end()) {
+                line.expenseID.reset();
+                if (std::find(paid->second.begin(), paid->second.end(), Named(line.invoiceID, line.paymentID)) ==
+                    paid->second.end())
+                    std::tie(line.invoiceID, line.paymentID) = paid->second.front();
+            } else {
+                line.invoiceID.reset();
+                line.paymentID.reset();
+                if (!line.expenseID && naming.contains(line.id)) line.expenseID = naming[line.id];
+                if (line.expenseID && (!expenses.contains(*line.expenseID) ||
+                                       lineOf.emplace(*line.expenseID, line.id).first->second != line.id))
+                    line.expenseID.reset();
+            }
+            if (line.isMatched()) line.ignored = false;
+            if (line != books.transactions[i])
+                books.transactions.update(i, [&](auto& kept) { kept = std::move(line); });
+        }
+        for (std::size_t i = 0; i < books.expenses.size(); ++i) {
+            const Expense& expense = books.expenses[i];
+            const auto line = lineOf.find(expense.id);
+            const auto link = line == lineOf.end() ? std::nullopt : std::optional(line->second);
+            // A line that is in neither book is none of the merge's doing.
+            if (link == expense.bankTxnID || (!link && !lines.contains(*expense.bankTxnID))) continue;
+            books.expenses.update(i, [&link](Expense& kept) { kept.bankTxnID = link; });
         }
     }
 

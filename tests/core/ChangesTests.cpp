@@ -1,3 +1,5 @@
+#include "TambaCore/Bank/Matching.h"
+#include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Model/Changes.h"
 #include "TambaCore/Model/ModelsJSON.h"
 #include "tests/support/Books.h"
@@ -224,6 +226,43 @@ RC_GTEST_PROP(Merge, losesNothingAndBringsNothingBack, ()) {
     RC_ASSERT(merge(base, ours, base).library == ours);
     RC_ASSERT(merge(base, base, theirs).library == theirs);
     RC_ASSERT(merge(theirs, merged.library, theirs).library == merged.library);
+}
+
+TEST(Merge, leavesBankLinesAndWhatTheyPaidNamingEachOther) {
+    Library base = aLibrary();
+    const UUID chai = base.expenses[0].id, line = base.transactions[0].id;
+    base.expenses.append(anExpense());
+    base.transactions.append(BankTransaction::make({2026, 10, 15}, "UPI/DR/2/CHAI POINT", -11800));
+    const UUID other = base.expenses[1].id, later = base.transactions[1].id;
+    const auto matched = [](const Library& library, const UUID& one, const UUID& expense) {
+        return Bank::matchToExpense(library, one, expense);
+    };
+    const Library none = base, both = matched(base, line, chai);
+    Library renamed = both;
+    renamed.expenses.update(0, [](Expense& e) { e.vendor = "Chai"; });
+    const struct {
+        const char* what;
+        Library base, ours, theirs;
+        std::vector<std::pair<UUID, UUID>> links;
+    } cases[] = {
+        {"one line, two expenses", none, both, matched(none, line, other), {{line, chai}}},
+        {"one expense, two lines", none, both, matched(none, later, chai), {{line, chai}}},
+        {"set aside there", none, both, Bank::setIgnored(none, line, true), {{line, chai}}},
+        {"removed here, renamed there", both, Expenses::remove(both, chai), renamed, {{line, chai}}},
+        {"freed here, renamed there", both, Bank::unmatch(both, line), renamed, {}},
+    };
+    for (const auto& [what, before, ours, theirs, links] : cases) {
+        const Library merged = merge(before, ours, theirs).library;
+        std::vector<std::pair<UUID, UUID>> byLine, byExpense;
+        for (const BankTransaction& each : merged.transactions) {
+            if (each.expenseID) byLine.emplace_back(each.id, *each.expenseID);
+            EXPECT_FALSE(each.ignored && each.isMatched()) << what;
+        }
+        for (const Expense& each : merged.expenses)
+            if (each.bankTxnID) byExpense.emplace_back(*each.bankTxnID, each.id);
+        EXPECT_EQ(byLine, links) << what;
+        EXPECT_EQ(byExpense, links) << what;
+    }
 }
 
 TEST(Merge, keepsBankLinesInDateOrder) {
