@@ -155,6 +155,8 @@ bool AppModel::saveNow() {
 }
 
 void AppModel::takeMerge(LibrarySession::Saved merge) {
+    // They wrote nothing that was not here.
+    if (merge.library == library_ && merge.conflicts.empty()) return;
     MergeReport report{merge.library, library_, std::move(merge.theirs), std::move(merge.conflicts)};
     // Steps from before would take the other machine's work away again.
     history_.clear();
@@ -172,7 +174,7 @@ void AppModel::lookForOtherChanges() {
     if (state_ != State::open || saving_ != Saving::saved) return;
     attempt([this] {
         auto taken = session_->takeInChange(library_);
-        if (taken && taken->library != library_) takeMerge(std::move(*taken));
+        if (taken) takeMerge(std::move(*taken));
     });
 }
 
