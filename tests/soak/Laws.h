@@ -1,0 +1,30 @@
+#pragma once
+
+#include "TambaCore/Model/LibraryStore.h"
+#include "TambaCore/Model/Models.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+/// What holds for the books whatever somebody does. Each gives what is wrong, as finished sentences.
+namespace tamba::soak {
+
+struct Fault {
+    std::string key;  ///< what is wrong with which record
+    std::string sentence;
+    /// Two machines that met can leave it: each step was right beside what its machine knew.
+    bool fromMeeting = false;
+};
+
+/// Nothing that `LibraryCheck` or `DocumentCheck` names; every document's figures add up; both ends of a link between
+/// bank lines, expenses, payments and invoices name each other.
+[[nodiscard]] std::vector<Fault> faultsOf(const Library& library, const LibraryStore& store);
+
+/// Parts of a report come to its whole. Slower: for now and then.
+[[nodiscard]] std::vector<Fault> reportFaults(const Library& library, Day today);
+
+/// What was issued keeps its number, day, parties and lines, also through undo and through other machines.
+[[nodiscard]] std::vector<Fault> lostPaper(const Library& before, const Library& after);
+
+}  // namespace tamba::soak
