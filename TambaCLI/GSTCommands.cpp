@@ -219,7 +219,7 @@ std::string numbersText(const GSTR1& outward) {
     return text.empty() ? "" : "\n" + text;
 }
 
-std::string heading(const char* name, const std::string& gstin, const Period& period) {
+std::string heading(std::string_view name, const std::string& gstin, const Period& period) {
     return std::string(name) + ", " + period.label() + (gstin.empty() ? "" : ", " + oneLine(gstin)) + "\n\n";
 }
 
@@ -334,7 +334,7 @@ int showComposition(const Context& context, const ReturnOptions& options) {
                   << "\n";
         return 0;
     }
-    std::cout << heading("CMP-08", GSTIN::clean(library.business.taxID), result.period)
+    std::cout << heading(title(result), GSTIN::clean(library.business.taxID), result.period)
               << details({{"Documents", std::to_string(result.documentIDs.size())},
                           {"Turnover", money(result.turnover)},
                           {"Rate", percent(result.rateBP)},

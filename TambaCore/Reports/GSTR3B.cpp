@@ -133,4 +133,8 @@ Composition composition(const Library& library, const Period& period, int rateBP
     return result;
 }
 
+std::string_view title(const Composition& turnover) {
+    return turnover.period == Period::quarter(turnover.period.from, 4) ? "CMP-08" : "Composition turnover";
+}
+
 }  // namespace tamba::GSTReturns

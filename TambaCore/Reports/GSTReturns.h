@@ -146,7 +146,7 @@ struct GSTR3B {
 /// of CGST and SGST falls short; CGST credit never pays SGST nor the reverse.
 [[nodiscard]] SetOff setOff(const TaxSplit& liability, const TaxSplit& credit);
 
-/// Turnover and tax of a composition dealer (CMP-08). `rateBP`: 600 for services, 500 for restaurants, 100 for goods.
+/// Turnover and tax of a composition dealer. `rateBP`: 600 for services, 500 for restaurants, 100 for goods.
 struct Composition {
     Period period;
     std::int64_t turnover = 0;  ///< bills of supply less credit notes, before round-off
@@ -157,6 +157,8 @@ struct Composition {
     std::vector<UUID> leftOut;
 };
 [[nodiscard]] Composition composition(const Library& library, const Period& period, int rateBP = 600);
+/// "CMP-08" for a quarter of the tax year, which alone it is the statement of; else "Composition turnover".
+[[nodiscard]] std::string_view title(const Composition& turnover);
 
 struct Problem {
     enum class Severity { refused, look };  ///< the portal will refuse it; worth a look

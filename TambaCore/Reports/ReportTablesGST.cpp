@@ -246,7 +246,7 @@ std::vector<Table> gstr3b(const Library& library, const GSTR3B& summary) {
 Table composition(const Library& library, const Composition& turnover) {
     const Home home(library);
     Table table;
-    table.title = "CMP-08";
+    table.title = GSTReturns::title(turnover);
     table.subtitle = turnover.period.label() + " · " + MoneyFormat::rate(turnover.rateBP);
     table.columns = {{"Supplies"},
                      {"Documents", Kind::count},
