@@ -83,17 +83,11 @@ BankScreen::BankScreen(AppModel& model, Prompts& prompts, QWidget* parent)
     rows->addWidget(makeHeader());
     auto* columns = new QHBoxLayout;
     columns->setSpacing(0);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(0);
     makeTable();
-    empty_ = new EmptyState(this);
-    pages_ = new QStackedWidget(this);
-    pages_->setMinimumWidth(200);  // the empty place would ask for more than the list needs
-    pages_->addWidget(table_);
-    pages_->addWidget(empty_);
-    left->addWidget(pages_, 1);
-    left->addWidget(footer_ = makeFooter());
-    columns->addLayout(left, 1);
+    const auto body = ListParts::body(nullptr, table_, footer_ = makeFooter(), this);
+    pages_ = body.pages;
+    empty_ = body.empty;
+    columns->addLayout(body.column, 1);
     pane_ = new SuggestionsPane(model_, prompts_, this);
     columns->addWidget(pane_);
     rows->addLayout(columns, 1);
@@ -153,14 +147,9 @@ void BankScreen::makeTable() {
                                .order = Qt::DescendingOrder},
                               this);
     keepSelection(*table_, rows_);
+    ListParts::setHabits(
+        *table_, {.fillMenu = [this](QMenu& menu) { fillMenu(menu); }, .sort = [this](int column) { sortBy(column); }});
     table_->installEventFilter(this);
-    table_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(table_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
-        QMenu menu(this);
-        fillMenu(menu);
-        if (!menu.isEmpty()) menu.exec(table_->viewport()->mapToGlobal(at));
-    });
-    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &BankScreen::sortBy);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &BankScreen::selectionChanged);
 }
 
@@ -372,10 +361,7 @@ void BankScreen::deleteSelected() {
     emit noticed(tr("Bank lines are not deleted: set aside the ones that belong to nothing."));
 }
 
-void BankScreen::focusSearch() {
-    search_->setFocus(Qt::ShortcutFocusReason);
-    search_->selectAll();
-}
+void BankScreen::focusSearch() { ListParts::beginSearch(*search_); }
 
 void BankScreen::sortBy(int column) {
     if (column > Column::amount)
@@ -384,9 +370,7 @@ void BankScreen::sortBy(int column) {
     static constexpr BankOrder orders[] = {BankOrder::date, BankOrder::name, BankOrder::amount};
     const BankOrder order = orders[column];
     // Figures and dates begin with the largest, words with A.
-    filter_.ascending = order == filter_.order ? !filter_.ascending : order == BankOrder::name;
-    filter_.order = order;
-    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    ListParts::orderBy(*table_, column, filter_, order, order == BankOrder::name);
     refresh();
 }
 
@@ -415,30 +399,18 @@ void BankScreen::showEvent(QShowEvent*) {
 
 void BankScreen::arrange() {
     const int room = width() - (pane_->isHidden() ? 0 : pane_->width());
-    // What gives way first where the line itself would get too little room; no open line is matched to anything.
+    // No open line is matched to anything.
     const bool anyMatched = filter_.list == BankList::matched || filter_.list == BankList::all;
     const bool several = filter_.list == BankList::all;
-    struct Step {
-        Column column;
-        int width;
-        bool wanted;
-    };
-    const Step steps[] = {{Column::status, 124, several},
-                          {Column::matched, room >= 900 ? 260 : 190, anyMatched},
-                          {Column::date, 104, true},
-                          {Column::amount, 150, true}};
-    int taken = 0;
-    for (const auto& [column, width, wanted] : steps) {
-        table_->setColumnHidden(column, !wanted);
-        table_->setColumnWidth(column, width);
-        if (wanted) taken += width;
-    }
-    for (const auto& [column, width, wanted] : steps) {
-        if (room - taken >= 200) break;
-        if (!wanted) continue;
-        table_->setColumnHidden(column, true);
-        taken -= width;
-    }
+    const int matchedWidth = room >= 900 ? 260 : 190;
+    const ListParts::Width widths[] = {{Column::status, several ? 124 : 0},
+                                       {Column::matched, anyMatched ? matchedWidth : 0},
+                                       {Column::date, 104},
+                                       {Column::amount, 150}};
+    // What gives way first where the line itself would get too little room.
+    static constexpr ListParts::Width steps[] = {
+        {Column::status, 0}, {Column::matched, 0}, {Column::date, 0}, {Column::amount, 0}};
+    ListParts::fitColumns(*table_, room, 200, widths, steps);
     narrow_ = table_->isColumnHidden(Column::date);
     // The tabs need the room.
     obvious_->setText(width() < 860 ? tr("Match Obvious") : tr("Match the Obvious Ones"));

@@ -14,8 +14,6 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -76,17 +74,12 @@ ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions&
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(0);
-    left->addWidget(makeHeader());
+    QWidget* header = makeHeader();
     makeTable();
-    empty_ = new EmptyState(this);
-    pages_ = new QStackedWidget(this);
-    pages_->addWidget(table_);
-    pages_->addWidget(empty_);
-    left->addWidget(pages_, 1);
-    left->addWidget(footer_ = makeFooter());
-    columns->addLayout(left, 1);
+    const auto body = ListParts::body(header, table_, footer_ = makeFooter(), this);
+    pages_ = body.pages;
+    empty_ = body.empty;
+    columns->addLayout(body.column, 1);
     inspector_ = new ClientInspector(model_, documents, this);
     columns->addWidget(inspector_);
 
@@ -155,10 +148,10 @@ void ClientsScreen::makeTable() {
                                .order = Qt::AscendingOrder},
                               this);
     keepSelection(*table_, rows_);
-    table_->installEventFilter(this);
-    table_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(table_, &QTableView::customContextMenuRequested, this, &ClientsScreen::contextMenu);
-    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &ClientsScreen::sortBy);
+    ListParts::setHabits(*table_, {.open = [this] { inspector_->focusName(); },
+                                   .remove = [this] { deleteSelected(); },
+                                   .fillMenu = [this](QMenu& menu) { fillMenu(menu); },
+                                   .sort = [this](int column) { sortBy(column); }});
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ClientsScreen::refreshInspector);
 }
 
@@ -249,12 +242,6 @@ void ClientsScreen::archive(bool archived) {
     emit removed(tr("Client archived"));
 }
 
-void ClientsScreen::contextMenu(const QPoint& at) {
-    QMenu menu(this);
-    fillMenu(menu);
-    if (!menu.isEmpty()) menu.exec(table_->viewport()->mapToGlobal(at));
-}
-
 void ClientsScreen::fillMenu(QMenu& menu) {
     const auto id = selected();
     const Client* client = id ? model_.library().client(*id) : nullptr;
@@ -276,10 +263,7 @@ void ClientsScreen::fillMenu(QMenu& menu) {
                    &ClientsScreen::deleteSelected);
 }
 
-void ClientsScreen::focusSearch() {
-    search_->setFocus(Qt::ShortcutFocusReason);
-    search_->selectAll();
-}
+void ClientsScreen::focusSearch() { ListParts::beginSearch(*search_); }
 
 void ClientsScreen::sortBy(int column) {
     static constexpr ClientOrder orders[] = {ClientOrder::name,    ClientOrder::place, ClientOrder::late,
@@ -288,52 +272,29 @@ void ClientsScreen::sortBy(int column) {
     const ClientOrder order = orders[column];
     // Words begin with A, figures with the largest.
     const bool words = order == ClientOrder::name || order == ClientOrder::place;
-    filter_.ascending = order == filter_.order ? !filter_.ascending : words;
-    filter_.order = order;
-    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    ListParts::orderBy(*table_, column, filter_, order, words);
     refresh();
-}
-
-bool ClientsScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == table_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) return deleteSelected(), true;
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) return inspector_->focusName(), true;
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 void ClientsScreen::resizeEvent(QResizeEvent*) { arrange(); }
 
 void ClientsScreen::arrange() {
     const int room = width() - (inspector_->isVisibleTo(this) ? inspector_->width() : 0);
-    // What gives way first where the name would get too little room.
-    struct Step {
-        Column column;
-        int width;
-    };
-    static constexpr Step widths[] = {
-        {Column::place, 150}, {Column::late, 116}, {Column::overdue, 124}, {Column::owed, 130}, {Column::status, 116}};
-    int taken = 0;
-    for (const auto& [column, width] : widths) {
-        table_->setColumnHidden(column, false);
-        table_->setColumnWidth(column, width);
-        taken += width;
-    }
-    // Most books have nothing to say there.
+    // Most books have no status to tell.
     const auto& rows = rows_.rows();
-    if (std::all_of(rows.begin(), rows.end(), [](const ClientListRow& row) { return row.status.empty(); })) {
-        taken -= table_->columnWidth(Column::status);
-        table_->setColumnHidden(Column::status, true);
-    }
+    const bool noStatus =
+        std::all_of(rows.begin(), rows.end(), [](const ClientListRow& row) { return row.status.empty(); });
+    const ListParts::Width widths[] = {{Column::place, 150},
+                                       {Column::late, 116},
+                                       {Column::overdue, 124},
+                                       {Column::owed, 130},
+                                       {Column::status, noStatus ? 0 : 116}};
+    // What gives way first where the name would get too little room.
+    static constexpr ListParts::Width steps[] = {
+        {Column::place, 0}, {Column::late, 0}, {Column::status, 0}, {Column::overdue, 0}};
+    ListParts::fitColumns(*table_, room, 180, widths, steps);
     overdue_->setVisible(room >= 480);
     leftOut_->setVisible(room >= 700);
-    for (const Column column : {Column::place, Column::late, Column::status, Column::overdue}) {
-        if (room - taken >= 180) break;
-        if (table_->isColumnHidden(column)) continue;
-        taken -= table_->columnWidth(column);
-        table_->setColumnHidden(column, true);
-    }
 }
 
 }  // namespace tamba

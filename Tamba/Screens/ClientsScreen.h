@@ -49,7 +49,6 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     using Model = RowsModel<ClientListRow>;
@@ -62,7 +61,6 @@ private:
     void arrange();
     void sortBy(int column);
     void archive(bool archived);
-    void contextMenu(const QPoint& at);
 
     AppModel& model_;
     Prompts& prompts_;

@@ -12,8 +12,6 @@
 #include "Tamba/Widgets/RowDelegate.h"
 #include "TambaCore/Documents/Expenses.h"
 
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -86,17 +84,12 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(0);
-    left->addWidget(makeHeader());
+    QWidget* header = makeHeader();
     makeTable();
-    empty_ = new EmptyState(this);
-    pages_ = new QStackedWidget(this);
-    pages_->addWidget(table_);
-    pages_->addWidget(empty_);
-    left->addWidget(pages_, 1);
-    left->addWidget(footer_ = makeFooter());
-    columns->addLayout(left, 1);
+    const auto body = ListParts::body(header, table_, footer_ = makeFooter(), this);
+    pages_ = body.pages;
+    empty_ = body.empty;
+    columns->addLayout(body.column, 1);
     inspector_ = new ExpenseInspector(model_, prompts_, this);
     columns->addWidget(inspector_);
 
@@ -176,12 +169,12 @@ void ExpensesScreen::makeTable() {
                                .order = Qt::DescendingOrder,
                                .selection = QAbstractItemView::ExtendedSelection},
                               this);
-    table_->setContextMenuPolicy(Qt::CustomContextMenu);
     keepSelection(*table_, rows_);
-    table_->installEventFilter(this);
-    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &ExpensesScreen::sortBy);
+    ListParts::setHabits(*table_, {.open = [this] { inspector_->focusVendor(); },
+                                   .remove = [this] { deleteSelected(); },
+                                   .fillMenu = [this](QMenu& menu) { fillMenu(menu); },
+                                   .sort = [this](int column) { sortBy(column); }});
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ExpensesScreen::refreshInspector);
-    connect(table_, &QWidget::customContextMenuRequested, this, &ExpensesScreen::contextMenu);
 }
 
 void ExpensesScreen::showList(ExpenseList list) {
@@ -190,11 +183,11 @@ void ExpensesScreen::showList(ExpenseList list) {
     refresh();
 }
 
-void ExpensesScreen::showWhole(ExpenseList list, Span span, Day day) {
+void ExpensesScreen::showWhole(ExpenseList list) {
     {
         const QSignalBlocker quietSearch(search_), quietPeriod(period_);
         search_->clear();
-        period_->choose(span, day);
+        period_->choose(Span::all, model_.today());
     }
     showList(list);
     if (selected().empty() && rows_.rowCount() > 0) table_->selectRow(0);
@@ -297,10 +290,7 @@ void ExpensesScreen::setCategory(const std::optional<UUID>& category) {
     });
 }
 
-void ExpensesScreen::focusSearch() {
-    search_->setFocus(Qt::ShortcutFocusReason);
-    search_->selectAll();
-}
+void ExpensesScreen::focusSearch() { ListParts::beginSearch(*search_); }
 
 void ExpensesScreen::sortBy(int column) {
     static constexpr ExpenseOrder orders[] = {ExpenseOrder::date,   ExpenseOrder::vendor, ExpenseOrder::category,
@@ -310,46 +300,24 @@ void ExpensesScreen::sortBy(int column) {
     const ExpenseOrder order = orders[column];
     // Figures and dates begin with the largest, words with A.
     const bool figures = order == ExpenseOrder::date || order == ExpenseOrder::amount || order == ExpenseOrder::tax;
-    filter_.ascending = order == filter_.order ? !filter_.ascending : !figures;
-    filter_.order = order;
-    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    ListParts::orderBy(*table_, column, filter_, order, !figures);
     refresh();
-}
-
-void ExpensesScreen::contextMenu(const QPoint& at) {
-    if (selected().empty()) return;
-    QMenu menu(this);
-    fillMenu(menu);
-    menu.exec(table_->viewport()->mapToGlobal(at));
 }
 
 void ExpensesScreen::looksRight() { inspector_->looksRight(); }
 
 void ExpensesScreen::fillMenu(QMenu& menu) {
+    if (selected().empty()) return;
     QMenu* categories = menu.addMenu(tr("Category"));
     for (const Category& category : model_.library().categories)
         categories->addAction(Icons::categoryIcon(category.symbol, category.colorHex), toQt(category.name), this,
                               [this, id = category.id] { setCategory(id); });
+    inspector_->fillMenu(menu);
     menu.addAction(tr("Looks Right"), this, &ExpensesScreen::looksRight);
     menu.addAction(tr("Copy"), this, [this] { ListParts::copyRows(*table_); });
     menu.addSeparator();
     menu.addAction(Icons::icon(QStringLiteral("trash"), &Colors::danger), tr("Delete"), this,
                    &ExpensesScreen::deleteSelected);
-}
-
-bool ExpensesScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == table_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
-            deleteSelected();
-            return true;
-        }
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            inspector_->focusVendor();
-            return true;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 void ExpensesScreen::resizeEvent(QResizeEvent*) { arrange(); }
@@ -359,30 +327,12 @@ void ExpensesScreen::arrange() {
     inspector_->setBeside(width() >= 1180);
     const int room = width() - (inspector_->isVisibleTo(this) ? inspector_->width() : 0);
     // What gives way first where the vendor's name would get too little room; a category keeps its glyph for longer.
-    struct Step {
-        Column column;
-        int width;
-    };
-    static constexpr Step widths[] = {{Column::date, 104},  {Column::category, 186}, {Column::amount, 124},
-                                      {Column::tax, 104},   {Column::method, 110},   {Column::receipt, 36},
-                                      {Column::status, 112}};
-    static constexpr Step steps[] = {{Column::method, 0},  {Column::tax, 0},      {Column::category, 42},
-                                     {Column::receipt, 0}, {Column::category, 0}, {Column::status, 40},
-                                     {Column::date, 98}};
-    int taken = 0;
-    for (const auto& [column, width] : widths) {
-        table_->setColumnHidden(column, false);
-        table_->setColumnWidth(column, width);
-        taken += width;
-    }
-    for (const auto& [column, width] : steps) {
-        if (room - taken >= 170) break;
-        taken -= table_->columnWidth(column) - width;
-        if (width > 0)
-            table_->setColumnWidth(column, width);
-        else
-            table_->setColumnHidden(column, true);
-    }
+    static constexpr ListParts::Width widths[] = {{Column::date, 104},  {Column::category, 186}, {Column::amount, 124},
+                                                  {Column::tax, 104},   {Column::method, 110},   {Column::receipt, 36},
+                                                  {Column::status, 112}};
+    static constexpr ListParts::Width steps[] = {{Column::method, 0},  {Column::tax, 0},      {Column::category, 42},
+                                                 {Column::receipt, 0}, {Column::category, 0}, {Column::status, 40}};
+    ListParts::fitColumns(*table_, room, 170, widths, steps);
     // A glyph needs no title.
     rows_.setTitle(Column::category, table_->columnWidth(Column::category) < 60 ? QString() : tr("Category"));
     rows_.setTitle(Column::status, table_->columnWidth(Column::status) < 60 ? QString() : tr("Status"));

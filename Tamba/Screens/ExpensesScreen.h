@@ -30,8 +30,8 @@ public:
     ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* parent = nullptr);
 
     void showList(ExpenseList list);
-    /// The whole of a list, or of its days: no search takes anything from it.
-    void showWhole(ExpenseList list, Span span, Day day);
+    /// The whole of a list: no search and no period takes anything from it.
+    void showWhole(ExpenseList list);
     /// Selects these expenses; filters that would hide them are taken off.
     void select(const std::vector<UUID>& ids);
     [[nodiscard]] std::vector<UUID> selected() const;
@@ -58,7 +58,6 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     using Model = RowsModel<ExpenseRow>;
@@ -70,7 +69,6 @@ private:
     void refreshInspector();
     void arrange();
     void sortBy(int column);
-    void contextMenu(const QPoint& at);
     void setCategory(const std::optional<UUID>& category);
 
     AppModel& model_;

@@ -14,7 +14,6 @@
 #include "Tamba/Widgets/RowDelegate.h"
 
 #include <QComboBox>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -93,17 +92,11 @@ InvoicesScreen::InvoicesScreen(AppModel& model, Prompts& prompts, DocumentAction
     rows->addWidget(makeHeader());
     auto* columns = new QHBoxLayout;
     columns->setSpacing(0);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(0);
     makeTable();
-    empty_ = new EmptyState(this);
-    pages_ = new QStackedWidget(this);
-    pages_->setMinimumWidth(200);  // the empty place would ask for more than the list needs
-    pages_->addWidget(table_);
-    pages_->addWidget(empty_);
-    left->addWidget(pages_, 1);
-    left->addWidget(footer_ = makeFooter());
-    columns->addLayout(left, 1);
+    const auto body = ListParts::body(nullptr, table_, footer_ = makeFooter(), this);
+    pages_ = body.pages;
+    empty_ = body.empty;
+    columns->addLayout(body.column, 1);
     pane_ = new DocumentPane(model_, prompts, actions_, this);
     columns->addWidget(pane_);
     rows->addLayout(columns, 1);
@@ -165,12 +158,12 @@ void InvoicesScreen::makeTable() {
                                .sorted = Column::number,
                                .order = Qt::DescendingOrder},
                               this);
-    table_->setContextMenuPolicy(Qt::CustomContextMenu);
     keepSelection(*table_, rows_);
-    table_->installEventFilter(this);
-    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &InvoicesScreen::sortBy);
+    ListParts::setHabits(*table_, {.open = [this] { pane_->focusEditor(); },
+                                   .remove = [this] { deleteSelected(); },
+                                   .fillMenu = [this](QMenu& menu) { fillMenu(menu); },
+                                   .sort = [this](int column) { sortBy(column); }});
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &InvoicesScreen::selectionChanged);
-    connect(table_, &QWidget::customContextMenuRequested, this, &InvoicesScreen::contextMenu);
     new DocumentDrag(model_, *table_->viewport(), [this] { return selected(); }, this);
 }
 
@@ -362,10 +355,7 @@ void InvoicesScreen::run(DocumentActions::Action action) { pane_->run(action); }
 
 void InvoicesScreen::printSelected() { run(DocumentActions::Action::print); }
 
-void InvoicesScreen::focusSearch() {
-    search_->setFocus(Qt::ShortcutFocusReason);
-    search_->selectAll();
-}
+void InvoicesScreen::focusSearch() { ListParts::beginSearch(*search_); }
 
 bool InvoicesScreen::isEditing() const { return pane_->isAncestorOf(focusWidget()) && pane_->hasUnsavedText(); }
 
@@ -375,39 +365,24 @@ void InvoicesScreen::sortBy(int column) {
     const DocumentOrder order = orders[column];
     // Figures and dates begin with the largest, words with A.
     const bool figures = order == DocumentOrder::date || order == DocumentOrder::total;
-    filter_.ascending = order == filter_.order ? !filter_.ascending : !figures;
-    filter_.order = order;
-    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    ListParts::orderBy(*table_, column, filter_, order, !figures);
     refresh(Because::booksChanged);
 }
 
-void InvoicesScreen::contextMenu(const QPoint& at) {
+void InvoicesScreen::fillMenu(QMenu& menu) {
     const auto id = pane_->document();
     const Document* document = id ? model_.library().document(*id) : nullptr;
     if (!document || selectedIds(*table_, rows_).empty()) return;
-    QMenu menu(this);
     for (const auto action : DocumentActions::offered(model_.library(), *document, model_.today()))
         menu.addAction(Icons::icon(DocumentActions::icon(action), &Colors::muted), DocumentActions::title(action), this,
                        [this, action] { pane_->run(action); });
     menu.addSeparator();
     menu.addAction(tr("Copy"), this, [this] { ListParts::copyRows(*table_); });
-    menu.exec(table_->viewport()->mapToGlobal(at));
 }
 
 bool InvoicesScreen::eventFilter(QObject* watched, QEvent* event) {
     // Before anything is saved for the last time.
     if (watched == watched_ && event->type() == QEvent::Close) pane_->commit();
-    if (watched == table_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
-            deleteSelected();
-            return true;
-        }
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            pane_->focusEditor();
-            return true;
-        }
-    }
     return QWidget::eventFilter(watched, event);
 }
 
@@ -427,26 +402,9 @@ void InvoicesScreen::arrange() {
     pane_->setPreferredWidth(wanted);
     const int room = width() - (pane_->isHidden() ? 0 : wanted);
     // What gives way first where the client's name would get too little room.
-    struct Step {
-        Column column;
-        int width;
-    };
-    static constexpr Step widths[] = {{Column::number, 120}, {Column::total, 124}, {Column::status, 100}};
-    static constexpr Step steps[] = {{Column::status, 40}, {Column::number, 0}, {Column::total, 112}};
-    int taken = 0;
-    for (const auto& [column, width] : widths) {
-        table_->setColumnHidden(column, false);
-        table_->setColumnWidth(column, width);
-        taken += width;
-    }
-    for (const auto& [column, width] : steps) {
-        if (room - taken >= 130) break;
-        taken -= table_->columnWidth(column) - width;
-        if (width > 0)
-            table_->setColumnWidth(column, width);
-        else
-            table_->setColumnHidden(column, true);
-    }
+    static constexpr ListParts::Width widths[] = {{Column::number, 120}, {Column::total, 124}, {Column::status, 100}};
+    static constexpr ListParts::Width steps[] = {{Column::status, 40}, {Column::number, 0}, {Column::total, 112}};
+    ListParts::fitColumns(*table_, room, 130, widths, steps);
     // A glyph needs no title.
     rows_.setTitle(Column::status, table_->columnWidth(Column::status) < 60 ? QString() : tr("Status"));
     count_->setVisible(room >= 420);

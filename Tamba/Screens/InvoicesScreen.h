@@ -77,7 +77,7 @@ private:
     void selectionChanged();
     void arrange();
     void sortBy(int column);
-    void contextMenu(const QPoint& at);
+    void fillMenu(QMenu& menu);
     void clearFilters();
 
     AppModel& model_;

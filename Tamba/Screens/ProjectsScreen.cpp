@@ -15,7 +15,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -78,17 +77,12 @@ ProjectsScreen::ProjectsScreen(AppModel& model, Prompts& prompts, QWidget* paren
     auto* sides = new QHBoxLayout(this);
     sides->setContentsMargins(0, 0, 0, 0);
     sides->setSpacing(0);
-    auto* left = new QVBoxLayout;
-    left->setSpacing(0);
-    left->addWidget(makeHeader());
+    QWidget* header = makeHeader();
     makeTable();
-    empty_ = new EmptyState(this);
-    pages_ = new QStackedWidget(this);
-    pages_->addWidget(table_);
-    pages_->addWidget(empty_);
-    left->addWidget(pages_, 1);
-    left->addWidget(footer_ = makeFooter());
-    sides->addLayout(left, 1);
+    const auto body = ListParts::body(header, table_, footer_ = makeFooter(), this);
+    pages_ = body.pages;
+    empty_ = body.empty;
+    sides->addLayout(body.column, 1);
     sides->addWidget(makeInspector());
 
     connect(search_, &QLineEdit::textChanged, this, &ProjectsScreen::refresh);
@@ -153,10 +147,10 @@ void ProjectsScreen::makeTable() {
                                .order = Qt::AscendingOrder},
                               this);
     keepSelection(*table_, rows_);
-    table_->installEventFilter(this);
-    table_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(table_, &QTableView::customContextMenuRequested, this, &ProjectsScreen::contextMenu);
-    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &ProjectsScreen::sortBy);
+    ListParts::setHabits(*table_, {.open = [this] { name_->setFocus(); },
+                                   .remove = [this] { deleteSelected(); },
+                                   .fillMenu = [this](QMenu& menu) { fillMenu(menu); },
+                                   .sort = [this](int column) { sortBy(column); }});
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ProjectsScreen::refreshInspector);
 }
 
@@ -340,12 +334,6 @@ void ProjectsScreen::deleteSelected() {
     emit removed(tr("Project deleted"));
 }
 
-void ProjectsScreen::contextMenu(const QPoint& at) {
-    QMenu menu(this);
-    fillMenu(menu);
-    if (!menu.isEmpty()) menu.exec(table_->viewport()->mapToGlobal(at));
-}
-
 void ProjectsScreen::fillMenu(QMenu& menu) {
     const auto id = selected();
     const Project* project = id ? model_.library().project(*id) : nullptr;
@@ -362,10 +350,7 @@ void ProjectsScreen::fillMenu(QMenu& menu) {
                    &ProjectsScreen::deleteSelected);
 }
 
-void ProjectsScreen::focusSearch() {
-    search_->setFocus(Qt::ShortcutFocusReason);
-    search_->selectAll();
-}
+void ProjectsScreen::focusSearch() { ListParts::beginSearch(*search_); }
 
 void ProjectsScreen::sortBy(int column) {
     static constexpr ProjectOrder orders[] = {ProjectOrder::name, ProjectOrder::client, ProjectOrder::income,
@@ -374,19 +359,8 @@ void ProjectsScreen::sortBy(int column) {
     const ProjectOrder order = orders[column];
     // Words begin with A, figures with the largest.
     const bool words = order == ProjectOrder::name || order == ProjectOrder::client;
-    filter_.ascending = order == filter_.order ? !filter_.ascending : words;
-    filter_.order = order;
-    table_->horizontalHeader()->setSortIndicator(column, filter_.ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    ListParts::orderBy(*table_, column, filter_, order, words);
     refresh();
-}
-
-bool ProjectsScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == table_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Delete || key == Qt::Key_Backspace) return deleteSelected(), true;
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) return name_->setFocus(), true;
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 void ProjectsScreen::resizeEvent(QResizeEvent*) { arrange(); }
@@ -397,29 +371,18 @@ void ProjectsScreen::arrange() {
     recordsTable_->setColumnWidth(1, narrow ? 112 : 130);
     archived_->setText(narrow ? tr("Archived") : tr("Show archived"));
     const int room = width() - (inspector_->isVisibleTo(this) ? inspector_->width() : 0);
-    static constexpr std::pair<Column, int> widths[] = {{Column::client, 150},
-                                                        {Column::expenses, 120},
-                                                        {Column::income, 120},
-                                                        {Column::status, 96},
-                                                        {Column::profit, 120}};
-    int taken = 0;
-    for (const auto& [column, width] : widths) {
-        table_->setColumnHidden(column, false);
-        table_->setColumnWidth(column, width);
-        taken += width;
-    }
     const auto& rows = rows_.rows();
     const bool noStatus =
         std::all_of(rows.begin(), rows.end(), [](const ProjectListRow& row) { return row.status.empty(); });
-    if (noStatus) taken -= 96;
-    table_->setColumnHidden(Column::status, noStatus);
-    without_->setVisible(room >= 620);
+    const ListParts::Width widths[] = {{Column::client, 150},
+                                       {Column::expenses, 120},
+                                       {Column::income, 120},
+                                       {Column::status, noStatus ? 0 : 96},
+                                       {Column::profit, 120}};
     // What gives way first where the name would get too little room.
-    for (const Column column : {Column::client, Column::expenses, Column::income}) {
-        if (room - taken >= 170) break;
-        taken -= table_->columnWidth(column);
-        table_->setColumnHidden(column, true);
-    }
+    static constexpr ListParts::Width steps[] = {{Column::client, 0}, {Column::expenses, 0}, {Column::income, 0}};
+    ListParts::fitColumns(*table_, room, 170, widths, steps);
+    without_->setVisible(room >= 620);
 }
 
 }  // namespace tamba

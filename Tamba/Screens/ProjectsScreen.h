@@ -50,7 +50,6 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     using Model = RowsModel<ProjectListRow>;
@@ -68,7 +67,6 @@ private:
     void rename();
     void chooseClient();
     void archive(bool archived);
-    void contextMenu(const QPoint& at);
 
     AppModel& model_;
     Prompts& prompts_;

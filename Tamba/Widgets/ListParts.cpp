@@ -2,16 +2,45 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/RowDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace tamba::ListParts {
+namespace {
+
+/// Keys that the table itself would take for something else.
+class Keys : public QObject {
+public:
+    Keys(QTableView& view, Habits habits) : QObject(&view), habits_(std::move(habits)) {
+        view.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter;
+            const bool removes = key == Qt::Key_Delete || key == Qt::Key_Backspace;
+            if (opens && habits_.open) return habits_.open(), true;
+            if (removes && habits_.remove) return habits_.remove(), true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    Habits habits_;
+};
+
+}  // namespace
 
 Header header(Heading heading, QWidget* parent) {
     auto* frame = new QFrame(parent);
@@ -75,6 +104,53 @@ QTableView* table(QAbstractItemModel& rows, const char* name, const QString& acc
     header->setSectionResizeMode(look.stretched, QHeaderView::Stretch);
     header->setFixedHeight(32);
     return view;
+}
+
+Body body(QWidget* header, QTableView* table, QWidget* footer, QWidget* parent) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    auto* pages = new QStackedWidget(parent);
+    pages->setMinimumWidth(200);  // the empty place would ask for more than the list needs
+    auto* empty = new EmptyState(pages);
+    pages->addWidget(table);
+    pages->addWidget(empty);
+    if (header) column->addWidget(header);
+    column->addWidget(pages, 1);
+    column->addWidget(footer);
+    return {column, pages, empty};
+}
+
+void setHabits(QTableView& view, Habits habits) {
+    QObject::connect(view.horizontalHeader(), &QHeaderView::sectionClicked, &view, habits.sort);
+    view.setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(&view, &QWidget::customContextMenuRequested, &view,
+                     [&view, fill = habits.fillMenu](const QPoint& at) {
+                         QMenu menu(&view);
+                         fill(menu);
+                         if (!menu.isEmpty()) menu.exec(view.viewport()->mapToGlobal(at));
+                     });
+    new Keys(view, std::move(habits));
+}
+
+void fitColumns(QTableView& view, int room, int least, std::span<const Width> widths, std::span<const Width> steps) {
+    const auto set = [&](const Width& each) {
+        view.setColumnHidden(each.column, each.width == 0);
+        if (each.width > 0) view.setColumnWidth(each.column, each.width);
+    };
+    for (const Width& each : widths) {
+        set(each);
+        room -= each.width;
+    }
+    for (const Width& each : steps) {
+        if (room >= least) break;
+        room += view.columnWidth(each.column) - each.width;
+        set(each);
+    }
+}
+
+void beginSearch(QLineEdit& search) {
+    search.setFocus(Qt::ShortcutFocusReason);
+    search.selectAll();
 }
 
 QString selectedText(const QTableView& view) {
