@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -160,7 +161,7 @@ QWidget* ExpenseInspector::makeFields() {
     again->addWidget(repeats_, 1);
     again->addWidget(recurring_);
     row(tr("Repeats"), repeats);
-    connect(repeats_, &QComboBox::activated, this, &ExpenseInspector::setRepeats);
+    connect(repeats_, &QComboBox::activated, this, [this] { setRepeats(repeats_->currentData().toInt()); });
     connect(recurring_, &QPushButton::clicked, this, &ExpenseInspector::recurringChosen);
     row(tr("Project"), project_ = combo(tr("Project"), "project"));
     row(tr("Client"), client_ = combo(tr("Client"), "client"));
@@ -380,10 +381,21 @@ void ExpenseInspector::convertToHome() {
          [](const Library& library, Expense e) { return Expenses::convertedToHome(library, std::move(e)); });
 }
 
-void ExpenseInspector::setRepeats() {
+void ExpenseInspector::fillMenu(QMenu& menu) {
+    if (!expense()) return;
+    QMenu* repeats = menu.addMenu(tr("Repeats"));
+    for (int i = 0; i < repeats_->count(); ++i) {
+        QAction* action = repeats->addAction(repeats_->itemText(i), this,
+                                             [this, chosen = repeats_->itemData(i).toInt()] { setRepeats(chosen); });
+        action->setCheckable(true);
+        action->setChecked(i == repeats_->currentIndex());
+    }
+    if (!convert_->isHidden()) menu.addAction(convert_->text(), this, &ExpenseInspector::convertToHome);
+}
+
+void ExpenseInspector::setRepeats(int chosen) {
     const Expense* e = expense();
     if (!e || filling_) return;
-    const int chosen = repeats_->currentData().toInt();
     const bool done = model_.perform(tr("Change Repeats"), [id = e->id, chosen](Library library, Day today) {
         const Expense* present = library.expense(id);
         if (!present) return library;

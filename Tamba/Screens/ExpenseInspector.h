@@ -14,6 +14,7 @@ class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QPlainTextEdit;
 class QPushButton;
 class QStackedWidget;
@@ -38,6 +39,8 @@ public:
     void focusVendor();
     /// Takes the mark "check" off everything selected.
     void looksRight();
+    /// What can be done with a single selected expense besides: let it repeat, convert it.
+    void fillMenu(QMenu& menu);
     /// A field holds text that is not yet part of the books.
     [[nodiscard]] bool hasUnsavedText() const;
 
@@ -65,7 +68,7 @@ private:
     void edit(const QString& title, const Edit& edit);
     void setRate(const QString& text);
     void convertToHome();
-    void setRepeats();
+    void setRepeats(int frequency);  // −1: never
     void chooseClient();
     void chooseProject();
     void refill();

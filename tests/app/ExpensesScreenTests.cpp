@@ -102,6 +102,30 @@ private slots:
         QCOMPARE(table.rows.back().hint, std::string("Add the exchange rate to include this in reports."));
     }
 
+    void theMenuLetsAnExpenseRepeatAndConvertsIt() {
+        OpenBooks books;
+        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
+        Window window(books.model, std::make_unique<TestPrompts>());
+        window.show();
+        auto& screen = control<ExpensesScreen>(window, "expensesScreen");
+        const auto choose = [&](const char* text) {
+            QMenu menu;
+            screen.fillMenu(menu);
+            for (QAction* action : menu.findChildren<QAction*>())
+                if (action->text() == QLatin1String(text)) return action->trigger();
+            QFAIL(text);
+        };
+        const Library& library = books.model.library();
+        screen.select({library.expenses[0].id});
+        choose("Monthly");
+        QCOMPARE(library.recurring[0].frequency, Frequency::monthly);
+        choose("Never");
+        QVERIFY(library.recurring.empty());
+        screen.select({library.expenses[3].id});
+        choose("Convert to Rupees");
+        QCOMPARE(library.expenses[3].amount, std::int64_t(80'000));
+    }
+
     void fieldsBecomeUndoableSteps() {
         OpenBooks books;
         books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
