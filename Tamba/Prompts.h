@@ -38,10 +38,14 @@ struct CreditNote {
 enum class Mail { sending, reminder };
 
 /// What the settings show beside the books: where these are, their logo's file, and how this computer shows them.
+/// `place`: what is shown first.
+enum class SettingsPlace { business, tax, items };
 struct SettingsContext {
     std::filesystem::path folder = {};
     std::optional<std::filesystem::path> logo = {};
     Remembered::Appearance appearance = {};
+    SettingsPlace place = SettingsPlace::business;
+    std::optional<UUID> item = {};  ///< of the catalogue, selected there
 };
 
 /// What is to be done with the folder of the books once the settings are closed.

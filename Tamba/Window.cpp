@@ -158,7 +158,7 @@ void Window::connectScreens() {
     connect(sidebar_, &Sidebar::screenChosen, this, &Window::showScreen);
     connect(sidebar_, &Sidebar::listChosen, expenses_, &ExpensesScreen::showList);
     connect(expenses_, &ExpensesScreen::listChanged, sidebar_, &Sidebar::setList);
-    connect(sidebar_, &Sidebar::settingsChosen, this, &Window::editSettings);
+    connect(sidebar_, &Sidebar::settingsChosen, this, [this] { editSettings(); });
     connect(sidebar_, &Sidebar::ownBooksChosen, this, [this] { openFolder(ownFolder_); });
     connect(expenses_, &ExpensesScreen::addReceiptsChosen, this, [this] { addReceipts(prompts_->receiptFiles()); });
     connect(expenses_, &ExpensesScreen::sampleChosen, this, &Window::openSample);
@@ -376,9 +376,10 @@ void Window::openSample() {
     thread->start();
 }
 
-void Window::editSettings() {
+void Window::editSettings(SettingsPlace place, const std::optional<UUID>& item) {
     const Library before = model_.library();
-    const SettingsContext context{model_.folder(), model_.store().logo(before.business), Remembered::appearance()};
+    const SettingsContext context{model_.folder(), model_.store().logo(before.business), Remembered::appearance(),
+                                  place, item};
     const auto edit = prompts_->settings(before, context, model_.today());
     if (!edit) return;
     model_.perform(tr("Change Settings"), [&, store = model_.store()](Library now, Day) {

@@ -124,7 +124,7 @@ private:
     void refreshState();
     void finished(const ReceiptQueue::Summary& summary);
     void openFolder(const std::filesystem::path& folder);
-    void editSettings();
+    void editSettings(SettingsPlace place = SettingsPlace::business, const std::optional<UUID>& item = {});
     void editRecurring();
     void decideConflicts(const MergeReport& report);
     void showRemoved(const QString& what);

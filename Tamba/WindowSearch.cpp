@@ -68,7 +68,7 @@ void Window::showRecord(Search::Kind kind, const UUID& id) {
             clientPages_->showProjects();
             return projects_->select(id);
         case Search::Kind::item:
-            return editSettings();
+            return editSettings(SettingsPlace::items, id);
         case Search::Kind::bankLine:
             showScreen(Screen::bank);
             return bank_->select(id);

@@ -36,10 +36,14 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
     const Business& business = library.business;
     add("books", tr("Business"), new BusinessPage(business, this));
     add("percent", tr("Tax"), new TaxPage(business, this));
+    const int tax = pageCount() - 1;
     add("hash", tr("Numbering"), new NumberingPage(library, today, this));
     add("document", tr("Invoices"), invoices_ = new InvoicesPage(business, context.logo, std::move(chooseLogo), this));
     add("payment", tr("Payment"), new PaymentPage(business, this));
-    add("tag", tr("Items"), new ItemsPage(library, this));
+    auto* catalogue = new ItemsPage(library, this);
+    add("tag", tr("Items"), catalogue);
+    const int items = pageCount() - 1;
+    if (context.item) catalogue->select(*context.item);
     add("exchange", tr("Exchange rates"), new RatesPage(library, today, this));
     add("receipt", tr("Expenses"), new ExpensesPage(business, this));
     add("category-clip", tr("Categories"), new CategoriesPage(library, this));
@@ -52,7 +56,9 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
     });
     save_ = addButtons(tr("Save"), tr("Cancel"));
     connect(titles_, &QListWidget::currentRowChanged, stack_, &QStackedWidget::setCurrentIndex);
-    titles_->setCurrentRow(0);
+    titles_->setCurrentRow(context.place == SettingsPlace::items ? items
+                           : context.place == SettingsPlace::tax ? tax
+                                                                 : 0);
     setFixedWidth(860);
     setMinimumHeight(600);
     refresh();

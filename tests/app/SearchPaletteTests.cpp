@@ -2,6 +2,7 @@
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/ReportsScreen.h"
+#include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/Widgets/SearchPalette.h"
 #include "TambaCore/Fixtures.h"
 #include "tests/app/Support.h"
@@ -17,7 +18,8 @@ class SearchPaletteTests : public QObject {
 
     struct Desk {
         OpenBooks books;
-        Window window{books.model, std::make_unique<TestPrompts>()};
+        TestPrompts* prompts = new TestPrompts;
+        Window window{books.model, std::unique_ptr<Prompts>(prompts)};
         SearchPalette& palette = *window.findChild<SearchPalette*>();
         QLineEdit& words = *palette.findChild<QLineEdit*>(QStringLiteral("searchWords"));
         QListView& list = *palette.findChild<QListView*>(QStringLiteral("searchHits"));
@@ -64,6 +66,13 @@ private slots:
         QCOMPARE(desk.window.screen(), Screen::bank);
         const auto shown = desk.window.findChild<BankScreen*>()->selected();
         QCOMPARE(find(desk.library().transactions, *shown)->text, line.text);
+
+        const CatalogItem& item = desk.library().items[1];
+        emit desk.palette.chosen(Search::Kind::item, item.id);
+        SettingsSheet settings(&desk.window, desk.library(), testDay, desk.prompts->settingsContext);
+        settings.show();
+        QVERIFY(settings.findChild<QLineEdit*>(QStringLiteral("itemName"))->isVisible());
+        QCOMPARE(settings.findChild<QLineEdit*>(QStringLiteral("itemName"))->text(), toQt(item.name));
     }
 
     void theArrowsPassHeadingsAndAllOfAKindCanBeSeen() {

@@ -15,6 +15,7 @@
 #include "Tamba/Sheets/SplitSheet.h"
 #include "Tamba/Sheets/VoidSheet.h"
 #include "Tamba/Window.h"
+#include "TambaCore/Fixtures.h"
 
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -28,6 +29,7 @@ namespace tamba {
 /// Answers in the place of a person and remembers what was asked.
 struct TestPrompts : Prompts {
     QStringList alerts, held;
+    int asked = 0;  // sheets and dialogs that had to be answered
     bool again = false;
     bool confirmed = true;
     std::optional<std::string> chosenBackup;
@@ -36,6 +38,7 @@ struct TestPrompts : Prompts {
     std::optional<Path> file;    // where to save
     std::optional<Path> folder;  // of books
     std::map<std::string, std::string> keptLayouts;
+    SettingsContext settingsContext;  // that the settings were last shown with
     std::function<SettingsEdit(const Library&)> changeSettings;
     std::function<RecurringEdit(const Library&)> changeRecurring;
     // Answers with the very sheets that people see: each is shown, driven, and closed with what it then holds.
@@ -60,6 +63,7 @@ struct TestPrompts : Prompts {
     std::optional<Path> libraryFolder(const Path&) override { return folder; }
     std::optional<Path> targetFolder(const QString&) override { return file; }
     std::optional<Path> saveFile(const QString&, const std::string& name) override {
+        ++asked;
         return file ? std::optional(*file / name) : std::nullopt;
     }
     std::vector<std::size_t> conflicts(const MergeReport& report) override {
@@ -75,7 +79,8 @@ struct TestPrompts : Prompts {
     std::optional<RecurringEdit> recurring(const Library& library) override {
         return changeRecurring ? std::optional(changeRecurring(library)) : std::nullopt;
     }
-    std::optional<SettingsEdit> settings(const Library& library, const SettingsContext&, Day) override {
+    std::optional<SettingsEdit> settings(const Library& library, const SettingsContext& context, Day) override {
+        settingsContext = context;
         return changeSettings ? std::optional(changeSettings(library)) : std::nullopt;
     }
     std::optional<std::string> newName(const QString&) override { return {}; }
@@ -120,7 +125,8 @@ struct TestPrompts : Prompts {
 
 private:
     /// Given up where its main button is not to be had.
-    bool accepted(Sheet& sheet) const {
+    bool accepted(Sheet& sheet) {
+        ++asked;
         if (drive) drive(sheet);
         return sheet.findChild<QPushButton*>(QStringLiteral("sheetMain"))->isEnabled();
     }
@@ -141,6 +147,11 @@ struct OpenBooks {
             library.business.name = name;
             return library;
         });
+    }
+    /// From here on the sample books.
+    void openSample() {
+        Fixtures::write(LibraryStore(path() / "Studio"), testDay);
+        model.open(path() / "Studio");
     }
 };
 

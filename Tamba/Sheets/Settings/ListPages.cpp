@@ -54,6 +54,12 @@ ItemsPage::ItemsPage(const Library& library, QWidget* parent)
     if (!items_.empty()) list_->setCurrentRow(0);
 }
 
+void ItemsPage::select(const UUID& item) {
+    const auto found =
+        std::find_if(items_.begin(), items_.end(), [&](const CatalogItem& each) { return each.id == item; });
+    if (found != items_.end()) list_->setCurrentRow(static_cast<int>(found - items_.begin()));
+}
+
 void ItemsPage::makeFields(const Business& business) {
     auto* fields = new Form(*fields_, 84);
     fields_->setLayout(fields);

@@ -15,6 +15,7 @@ class ItemsPage : public SettingsPage {
 
 public:
     ItemsPage(const Library& library, QWidget* parent);
+    void select(const UUID& item);
     void store(Library& library) const override;
     [[nodiscard]] bool isGood() const override { return good_; }
 
