@@ -53,14 +53,13 @@ void Window::showGoal(const OverviewGoal& goal) {
             return;
         case Place::expenses:
             showScreen(Screen::expenses);
-            return expenses_->showWhole(goal.list, goal.days ? Span::month : Span::all,
-                                        goal.days ? goal.days->from : today);
+            return expenses_->showWhole(goal.list);
         case Place::bank:
             showScreen(Screen::bank);
             return bank_->showList(BankList::open);
         case Place::deadline:
             // The reference of this year's letter is all that is kept of it.
-            if (goal.deadline == Deadlines::Kind::lut) return editSettings();
+            if (goal.deadline == Deadlines::Kind::lut) return editSettings(SettingsPlace::tax);
             [[fallthrough]];
         case Place::profitAndLoss:
             return showReport(goal);

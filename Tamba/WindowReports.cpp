@@ -42,6 +42,8 @@ void Window::connectReports() {
 
 void Window::showReport(const OverviewGoal& goal) {
     showScreen(Screen::reports);
+    if (goal.place == OverviewGoal::Place::profitAndLoss && goal.days && goal.days == Period::month(goal.days->from))
+        return reports_->showMonth(goal.days->from);
     ReportKind kind = ReportKind::profit;
     if (goal.place == OverviewGoal::Place::deadline) {
         const bool isGSTR1 = goal.deadline == Deadlines::Kind::gstr1,

@@ -21,7 +21,7 @@ struct OverviewGoal {
     std::optional<UUID> document = {};
     DocKind kind = DocKind::invoice;      ///< of the drafts
     ExpenseList list = ExpenseList::all;  ///< of the expenses
-    std::optional<Period> days = {};      ///< of the profit and loss, or what is to be filed for
+    std::optional<Period> days = {};      ///< of the profit and loss (a month, too), or what is to be filed for
     Deadlines::Kind deadline = Deadlines::Kind::gstr1;
     bool operator==(const OverviewGoal&) const = default;
 };

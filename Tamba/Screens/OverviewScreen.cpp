@@ -160,11 +160,10 @@ QWidget* OverviewScreen::makeContent() {
     columns_->addLayout(side, 10);
     rows->addLayout(columns_);
     rows->addStretch(1);
-    connect(chart_, &BarChart::chosen, this, [this](int group, int series) {
+    connect(chart_, &BarChart::chosen, this, [this](int group) {
         if (group < 0 || group >= std::ssize(months_)) return;
         const Period days = Period::month(months_[static_cast<std::size_t>(group)].month);
-        using Place = OverviewGoal::Place;
-        emit goalChosen({.place = series == 0 ? Place::profitAndLoss : Place::expenses, .days = days});
+        emit goalChosen({.place = OverviewGoal::Place::profitAndLoss, .days = days});
     });
     return content;
 }

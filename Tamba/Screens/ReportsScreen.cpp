@@ -194,12 +194,17 @@ void ReportsScreen::showReport(ReportKind kind) {
     choose(kept == choices_.end() ? firstChoice(kind, model_.today()) : kept->second);
 }
 
-void ReportsScreen::choose(const ReportChoice& choice) {
+void ReportsScreen::choose(const ReportChoice& choice, const std::optional<Day>& month) {
     choice_ = choice;
     choices_[choice.kind] = choice;
+    month_ = month;
     closeRecords();
     refreshHeader();
     refresh();
+}
+
+void ReportsScreen::showMonth(const Day& month) {
+    choose(firstChoice(ReportKind::profit, month), month.firstOfMonth());
 }
 
 const ReportPage* ReportsScreen::page() const { return ready_ ? &view_->page() : nullptr; }
@@ -279,6 +284,9 @@ void ReportsScreen::take(const ReportPage& page) {
                             static_cast<QWidget*>(portal_)})
         widget->setEnabled(any);
     if (records_) pane_->show(model_.library(), *records_);
+    if (const auto month = std::exchange(month_, {}))
+        for (std::size_t i = 0; i < page.months.size(); ++i)
+            if (page.months[i].month == *month) showRecords(recordsOf(page, page.tables.front(), i, 0));
 }
 
 void ReportsScreen::showRecords(const ReportRecords& records) {

@@ -33,8 +33,10 @@ public:
     ~ReportsScreen() override;
 
     void showReport(ReportKind kind);
-    /// One report, of one time.
-    void choose(const ReportChoice& choice);
+    /// One report, of one time. `month`: one of its months, whose records are shown beside it.
+    void choose(const ReportChoice& choice, const std::optional<Day>& month = {});
+    /// Profit and loss of the month’s year, and beside it what the month is made of.
+    void showMonth(const Day& month);
     [[nodiscard]] const ReportChoice& choice() const { return choice_; }
     /// What is shown; nothing while it is being worked out.
     [[nodiscard]] const ReportPage* page() const;
@@ -70,6 +72,7 @@ private:
     bool ready_ = false;
     int turn_ = 0;  // what was worked out for an earlier one is dropped
     std::optional<ReportRecords> records_;
+    std::optional<Day> month_;  // whose records are shown once the figures are there
     QListWidget* list_;
     QComboBox* narrowList_ = nullptr;
     QLabel* title_ = nullptr;

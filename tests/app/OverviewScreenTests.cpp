@@ -5,6 +5,7 @@
 #include "Tamba/Screens/OverviewScreen.h"
 #include "Tamba/Screens/ProjectsScreen.h"
 #include "Tamba/Screens/ReportsScreen.h"
+#include "Tamba/Widgets/BarChart.h"
 #include "Tamba/Widgets/OverviewParts.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Clients.h"
@@ -203,7 +204,17 @@ private slots:
         };
         emit overview.goalChosen({.place = Place::deadline, .deadline = Deadlines::Kind::lut});
         QCOMPARE(open.model.library().business.lutReference, std::string("AD270426000001X"));
+        QVERIFY(open.prompts->settingsContext.place == SettingsPlace::tax);
         QCOMPARE(open.window.screen(), Screen::overview);
+    }
+
+    void aMonthOfTheChartShowsWhatItIsMadeOf() {
+        Open open(someBooks());
+        auto& chart = open.find<BarChart>("overviewMonths");
+        for (const Qt::Key key : {Qt::Key_End, Qt::Key_Return}) QTest::keyClick(&chart, key);
+        QCOMPARE(open.window.screen(), Screen::reports);
+        QCOMPARE(open.find<QLabel>("recordsTitle").text(), QStringLiteral("November 2026"));
+        QCOMPARE(open.find<QLabel>("recordsCount").text(), QStringLiteral("2 documents · 1 expense"));
     }
 
     void followsTheBooks() {
