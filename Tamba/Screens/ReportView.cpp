@@ -39,6 +39,7 @@ ReportView::ReportView(QWidget* parent) : QScrollArea(parent) {
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &ReportView::placeTitles);
     begin();
 }
 
@@ -50,6 +51,11 @@ void ReportView::begin() {
     rows_->setContentsMargins(20, 18, 20, 24);
     rows_->setSpacing(16);
     setWidget(content_);
+}
+
+void ReportView::placeTitles() {
+    const int seen = verticalScrollBar()->value();
+    for (TableView* table : tables_) table->lowerTitles(seen - table->mapTo(content_, QPoint()).y());
 }
 
 void ReportView::showBusy() {
@@ -238,6 +244,7 @@ void ReportView::addTable(const Table& table) {
 void ReportView::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
     content_->setMaximumWidth(viewport()->width());
+    placeTitles();
 }
 
 }  // namespace tamba

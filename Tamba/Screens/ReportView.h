@@ -42,6 +42,7 @@ protected:
 
 private:
     void begin();
+    void placeTitles();
     QVBoxLayout* addCard(const QString& title = {});
     void addRemarks();
     void addRemarkGroup(const QString& title, const char* pill, Tone tone);

@@ -87,9 +87,12 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
             return row.isSum;
         case Qt::ForegroundRole: {
             const auto at = static_cast<std::size_t>(index.column());
-            const auto* amount = at < row.cells.size() ? std::get_if<Table::Amount>(&row.cells[at]) : nullptr;
+            if (at >= row.cells.size() || row.isSum) return {};
+            const auto* amount = std::get_if<Table::Amount>(&row.cells[at]);
+            const auto* count = std::get_if<std::int64_t>(&row.cells[at]);
             // Nothing is quieter than something.
-            return amount && amount->minor == 0 && !row.isSum ? QVariant(Colors::current().faint) : QVariant();
+            const bool nothing = (amount && amount->minor == 0) || (count && *count == 0);
+            return nothing ? QVariant(Colors::current().faint) : QVariant();
         }
         default:
             return {};
@@ -193,6 +196,23 @@ void TableView::copy() const { QGuiApplication::clipboard()->setText(toQt(copied
 QSize TableView::sizeHint() const {
     const int bar = horizontalScrollBar()->maximum() > 0 ? horizontalScrollBar()->sizeHint().height() : 0;
     return {360, headerHeight + model_.rowCount() * cellHeight + bar};
+}
+
+void TableView::lowerTitles(int by) {
+    lowered_ = by;
+    placeTitles();
+}
+
+void TableView::placeTitles() {
+    // The last row is never without its titles, nor hidden by them.
+    QHeaderView* header = horizontalHeader();
+    header->move(header->x(), std::clamp(lowered_, 0, std::max(0, height() - headerHeight - cellHeight)));
+    header->raise();
+}
+
+void TableView::updateGeometries() {
+    QTableView::updateGeometries();
+    placeTitles();
 }
 
 void TableView::keyPressEvent(QKeyEvent* event) {

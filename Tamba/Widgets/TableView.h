@@ -41,6 +41,8 @@ public:
     [[nodiscard]] std::string copiedText() const;
     void copy() const;
     [[nodiscard]] QSize sizeHint() const override;
+    /// The titles stand this far below their place, over the rows, and so stay in sight while the page scrolls.
+    void lowerTitles(int by);
 
 signals:
     /// A figure, by its row and column.
@@ -51,6 +53,7 @@ signals:
     void moved(const QRect& cell);
 
 protected:
+    void updateGeometries() override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -63,9 +66,11 @@ private:
     [[nodiscard]] bool isFigure(const QModelIndex& index) const;
     void measure();
     void arrange();
+    void placeTitles();
 
     TableModel model_;
     std::vector<int> asked_;  ///< width of each column by its texts
+    int lowered_ = 0;
 };
 
 }  // namespace tamba
