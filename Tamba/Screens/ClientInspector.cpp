@@ -93,8 +93,8 @@ QWidget* ClientInspector::makeClient() {
     table_->horizontalHeader()->hide();
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-    table_->setColumnWidth(1, 112);
-    table_->setColumnWidth(2, 96);
+    table_->setColumnWidth(1, 104);
+    table_->setColumnWidth(2, 92);
     table_->verticalHeader()->hide();
     table_->verticalHeader()->setDefaultSectionSize(RowDelegate::rowHeight);
     column->addWidget(table_);

@@ -35,6 +35,8 @@ ConflictSheet::ConflictSheet(QWidget* parent, const MergeReport& report)
     body().addWidget(scroll, 1);
     addButtons(tr("Done"), tr("Leave As It Is"));
     setFixedWidth(560);
+    // A dialog does not ask by itself for the lines its sentence takes at this width.
+    setMinimumHeight(layout()->totalMinimumHeightForWidth(560));
 }
 
 QWidget* ConflictSheet::card(const ConflictRow& row, std::size_t index) {

@@ -101,8 +101,8 @@ ExpensesPage::ExpensesPage(const Business& business, QWidget* parent)
     dateOrder_->setCurrentIndex(dateOrder_->findData(static_cast<int>(business.receiptDateOrder)));
     mileageRate_ = form.amount(tr("Mileage rate"), "mileageRate");
     mileageRate_->setText(toQt(MoneyFormat::string(business.mileageRateMinor, currency_, MoneyFormat::Symbol::hidden)));
-    distanceUnit_ = form.line(tr("Distance unit"), "distanceUnit", business.distanceUnit);
     form.note(tr("A new rate counts for trips entered from now on."));
+    distanceUnit_ = form.line(tr("Distance unit"), "distanceUnit", business.distanceUnit);
     connect(mileageRate_, &QLineEdit::textChanged, this, [this] {
         Controls::markProblem(*mileageRate_, isGood() ? QString() : tr("Enter an amount such as 10.00."));
         emit edited();
