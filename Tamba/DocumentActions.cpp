@@ -204,10 +204,10 @@ void DocumentActions::issue(const Document& draft) {
         tr("Issue %1").arg(kindTitle(draft.kind)),
         [id = draft.id, date](Library l, Day) { return Books::issue(std::move(l), id, *date); },
         AppModel::Undo::beginsNewHistory);
-    const Document* issued = model_.library().document(draft.id);
-    if (!done || !issued) return;
+    const Document* numbered = model_.library().document(draft.id);
+    if (!done || !numbered) return;
     emit documentChosen(draft.id);
-    emit noticed(tr("Issued as %1").arg(toQt(issued->displayNumber())));
+    emit issued(draft.id, tr("Issued as %1").arg(toQt(numbered->displayNumber())));
 }
 
 void DocumentActions::write(const Document& document, Mail kind) {
@@ -269,10 +269,10 @@ void DocumentActions::credit(const Document& invoice) {
                 return Books::issue(Books::addDraft(std::move(l), note), note.id, note.issueDate);
             },
             AppModel::Undo::beginsNewHistory);
-        const Document* issued = model_.library().document(chosen->note.id);
-        if (!done || !issued) return;
-        emit documentChosen(issued->id);
-        emit noticed(tr("Issued as %1").arg(toQt(issued->displayNumber())));
+        const Document* numbered = model_.library().document(chosen->note.id);
+        if (!done || !numbered) return;
+        emit documentChosen(numbered->id);
+        emit issued(numbered->id, tr("Issued as %1").arg(toQt(numbered->displayNumber())));
     });
 }
 

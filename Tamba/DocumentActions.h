@@ -51,6 +51,8 @@ signals:
     /// A document that was made or changed is to be looked at.
     void documentChosen(const tamba::UUID& document);
     void noticed(const QString& sentence);
+    /// It has its number now; the notice offers the PDF, which is what people want next.
+    void issued(const tamba::UUID& document, const QString& sentence);
     /// Something was deleted; the notice offers to take it back.
     void removed(const QString& what);
 

@@ -180,6 +180,11 @@ void Window::connectScreens() {
 void Window::connectDocuments() {
     connect(documents_, &DocumentActions::removed, this, &Window::showRemoved);
     connect(documents_, &DocumentActions::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
+    connect(documents_, &DocumentActions::issued, this, [this](const UUID& id, const QString& sentence) {
+        using Action = DocumentActions::Action;
+        toast_->show(sentence, DocumentActions::title(Action::savePDF),
+                     [this, id] { documents_->run(Action::savePDF, id); });
+    });
     connect(documents_, &DocumentActions::documentChosen, this, [this](const UUID& id) {
         showScreen(Screen::invoices);
         invoices_->select(id);

@@ -1,42 +1,17 @@
-#include "Tamba/Icons.h"
 #include "Tamba/Screens/ClientPages.h"
-#include "Tamba/Screens/OverviewScreen.h"
 #include "Tamba/Screens/ProjectsScreen.h"
-#include "Tamba/Style.h"
-#include "TambaCore/Fixtures.h"
-#include "tests/app/Support.h"
+#include "tests/app/Pictures.h"
 
 namespace tamba {
 
 /// Pictures of the Overview and of the projects, in both palettes and at both ends of the window's sizes.
-class OverviewShotsTests : public QObject {
+class OverviewShotsTests : public Shots {
     Q_OBJECT
 
-    QString folder_ = qEnvironmentVariable("TAMBA_SHOTS");
-    QString palette_;
-
-    void shoot(QWidget& widget, const QString& name) {
-        widget.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        for (OverviewScreen* screen : widget.findChildren<OverviewScreen*>())
-            if (screen->isVisible()) QTRY_VERIFY(screen->isSettled());
-        for (int rounds = 0; rounds < 5; ++rounds) QCoreApplication::processEvents();
-        const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
-        QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
-    }
-
 private slots:
-    void overview_data() {
-        QTest::addColumn<bool>("dark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
-    }
+    void overview_data() { palettes(); }
     void overview() {
-        QFETCH(bool, dark);
-        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
-        QDir().mkpath(folder_);
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        setPalette();
         OpenBooks books;
         Window window(books.model, std::make_unique<TestPrompts>());
         window.resize(1440, 880);
@@ -45,8 +20,7 @@ private slots:
         window.showScreen(Screen::clients);
         window.findChild<ClientPages*>()->showProjects();
         shoot(window, QStringLiteral("projects-empty"));
-        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
-        books.model.open(books.path() / "Studio");
+        books.openSample();
         shoot(window, QStringLiteral("projects"));
         window.resize(960, 620);
         shoot(window, QStringLiteral("projects-small"));
@@ -54,7 +28,6 @@ private slots:
         shoot(window, QStringLiteral("overview-small"));
         window.resize(1440, 880);
         shoot(window, QStringLiteral("overview"));
-        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 };
 

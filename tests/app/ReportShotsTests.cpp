@@ -1,38 +1,20 @@
-#include "Tamba/Icons.h"
 #include "Tamba/Screens/ReportView.h"
 #include "Tamba/Screens/ReportsScreen.h"
-#include "Tamba/Style.h"
 #include "Tamba/Widgets/BarChart.h"
 #include "Tamba/Widgets/TableView.h"
 #include "TambaCore/Base/Files.h"
-#include "TambaCore/Fixtures.h"
-#include "tests/app/Support.h"
+#include "tests/app/Pictures.h"
 
 namespace tamba {
 
-/// Pictures of the reports in both palettes, to be looked at; only where TAMBA_SHOTS names a folder for them.
-class ReportShotsTests : public QObject {
+/// The reports, large and small.
+class ReportShotsTests : public Shots {
     Q_OBJECT
 
-    QString folder_ = qEnvironmentVariable("TAMBA_SHOTS");
-    QString palette_;
-
-    void shoot(QWidget& widget, const QString& name) {
-        widget.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        for (int rounds = 0; rounds < 5; ++rounds) QCoreApplication::processEvents();
-        const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
-        QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
-    }
-
 private slots:
-    void reports_data() { charts_data(); }
+    void reports_data() { palettes(); }
     void reports() {
-        QFETCH(bool, dark);
-        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
-        QDir().mkpath(folder_);
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        setPalette();
         OpenBooks books;
         auto owned = std::make_unique<TestPrompts>();
         TestPrompts& prompts = *owned;
@@ -40,8 +22,7 @@ private slots:
         window.resize(1440, 880);
         window.showScreen(Screen::reports);
         shoot(window, QStringLiteral("reports-empty"));
-        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
-        books.model.open(books.path() / "Studio");
+        books.openSample();
         auto& screen = *window.findChild<ReportsScreen*>();
         const auto name = [&](ReportKind kind, const char* size) {
             QString word = toQt(title(kind)).toLower();
@@ -53,12 +34,13 @@ private slots:
                 screen.showReport(kind);
                 QTRY_VERIFY(screen.page());
                 shoot(window, name(kind, size));
-                if (*size != 0 || dark) continue;
+                if (*size != 0 || isDark()) continue;
                 prompts.printed.clear();
                 screen.print();
                 if (!prompts.printed.empty())
-                    Files::writeAtomically(toPath(folder_ + QLatin1Char('/') + name(kind, "") + QStringLiteral(".pdf")),
-                                           prompts.printed);
+                    Files::writeAtomically(
+                        toPath(picturesFolder() + QLatin1Char('/') + name(kind, "") + QStringLiteral(".pdf")),
+                        prompts.printed);
             }
         };
         all("");
@@ -83,20 +65,11 @@ private slots:
         screen.showReport(ReportKind::composition);
         QTRY_VERIFY(screen.page());
         shoot(window, QStringLiteral("reports-composition"));
-        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 
-    void charts_data() {
-        QTest::addColumn<bool>("dark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
-    }
+    void charts_data() { palettes(); }
     void charts() {
-        QFETCH(bool, dark);
-        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
-        QDir().mkpath(folder_);
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        setPalette();
         BarChart chart;
         chart.resize(720, 260);
         std::vector<BarChart::Group> groups;
@@ -116,7 +89,6 @@ private slots:
         shoot(chart, QStringLiteral("chart-narrow"));
         chart.set({{QStringLiteral("Income"), &Colors::accent}}, {}, Currency::inr());
         shoot(chart, QStringLiteral("chart-empty"));
-        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 };
 

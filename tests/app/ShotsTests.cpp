@@ -1,4 +1,3 @@
-#include "Tamba/Icons.h"
 #include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
@@ -9,17 +8,13 @@
 #include "Tamba/Sheets/MileageSheet.h"
 #include "Tamba/Sheets/RecurringSheet.h"
 #include "Tamba/Sheets/SettingsSheet.h"
-#include "Tamba/Style.h"
-#include "Tamba/Widgets/DocumentPreview.h"
 #include "Tamba/Widgets/Overlays.h"
-#include "Tamba/Widgets/ReceiptView.h"
 #include "Tamba/Widgets/SearchPalette.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/Standing.h"
-#include "TambaCore/Fixtures.h"
-#include "tests/app/Support.h"
+#include "tests/app/Pictures.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -28,25 +23,9 @@
 
 namespace tamba {
 
-/// Pictures of every screen, sheet and empty place in both palettes, to be looked at; only where TAMBA_SHOTS names a
-/// folder for them.
-class ShotsTests : public QObject {
+/// Every screen, sheet and empty place.
+class ShotsTests : public Shots {
     Q_OBJECT
-
-    QString folder_ = qEnvironmentVariable("TAMBA_SHOTS");
-    QString palette_;
-
-    void shoot(QWidget& widget, const QString& name) {
-        widget.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        for (ReceiptView* view : widget.findChildren<ReceiptView*>())
-            if (view->isVisible()) QTRY_VERIFY(view->isLoaded());
-        for (DocumentPreview* view : widget.findChildren<DocumentPreview*>())
-            if (view->isVisible()) QTRY_VERIFY(view->isSettled() && view->pageCount() > 0);
-        for (int rounds = 0; rounds < 5; ++rounds) QCoreApplication::processEvents();
-        const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
-        QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
-    }
 
     static const Document& documentWith(const Library& library, DocStatus status, Day today) {
         for (const Document& document : library.documents)
@@ -165,21 +144,16 @@ class ShotsTests : public QObject {
     }
 
 private slots:
-    void invoices_data() { pictures_data(); }
+    void invoices_data() { palettes(); }
     void invoices() {
-        QFETCH(bool, dark);
-        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
-        QDir().mkpath(folder_);
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        setPalette();
         OpenBooks books;
         TestPrompts prompts;
         DocumentActions actions(books.model, prompts);
         InvoicesScreen screen(books.model, prompts, actions);
         screen.resize(1232, 820);
         shoot(screen, QStringLiteral("invoices-empty"));
-        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
-        books.model.open(books.path() / "Studio");
+        books.openSample();
         const auto show = [&](DocStatus status) {
             screen.select(documentWith(books.model.library(), status, testDay).id);
         };
@@ -215,23 +189,17 @@ private slots:
         shoot(screen, QStringLiteral("estimates"));
         screen.showKind(DocKind::creditNote);
         shoot(screen, QStringLiteral("credit-notes"));
-        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 
-    void bank_data() { pictures_data(); }
+    void bank_data() { palettes(); }
     void bank() {
-        QFETCH(bool, dark);
-        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
-        QDir().mkpath(folder_);
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        setPalette();
         OpenBooks books;
         Window window(books.model, std::make_unique<TestPrompts>());
         window.resize(1440, 880);
         window.showScreen(Screen::bank);
         shoot(window, QStringLiteral("bank-empty"));
-        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
-        books.model.open(books.path() / "Studio");
+        books.openSample();
         auto& screen = *window.findChild<BankScreen*>();
         shoot(window, QStringLiteral("bank"));
         const auto choose = [&](auto&& wanted) {
@@ -278,29 +246,19 @@ private slots:
         shoot(settings, QStringLiteral("sheet-rules"));
         AccountSheet account(&window, library, library.accounts[0]);
         shoot(account, QStringLiteral("sheet-account"));
-        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 
-    void pictures_data() {
-        QTest::addColumn<bool>("dark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
-    }
+    void pictures_data() { palettes(); }
 
     void pictures() {
-        QFETCH(bool, dark);
-        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
-        QDir().mkpath(folder_);
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        setPalette();
 
         OpenBooks books;
-        Fixtures::write(LibraryStore(books.path() / "Studio"), testDay);
         Window window(books.model, std::make_unique<TestPrompts>());
         window.resize(1440, 880);
         window.showScreen(Screen::expenses);
         shoot(window, QStringLiteral("empty"));
-        books.model.open(books.path() / "Studio");
+        books.openSample();
         window.showScreen(Screen::expenses);
         auto& screen = *window.findChild<ExpensesScreen*>();
         const Library& library = books.model.library();
@@ -356,7 +314,6 @@ private slots:
         Files::writeAtomically(books.path() / "Damaged" / "Backups" / "tamba-2026-11-20.json", "{}");
         books.model.open(books.path() / "Damaged");
         shoot(window, QStringLiteral("damaged"));
-        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 };
 

@@ -1,29 +1,22 @@
-#include "Tamba/Icons.h"
 #include "Tamba/Screens/WelcomeScreen.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/StartUp.h"
-#include "Tamba/Style.h"
 #include "TambaCore/Documents/Books.h"
-#include "TambaCore/Fixtures.h"
-#include "tests/app/Support.h"
+#include "tests/app/Pictures.h"
 
 #include <QListWidget>
 
 namespace tamba {
 
-/// Pictures of the first steps, of books that are gone or changed elsewhere, and of the settings of this computer.
-class StartUpShotsTests : public QObject {
+/// The first steps, books that are gone or changed elsewhere, and the settings of this computer.
+class StartUpShotsTests : public Shots {
     Q_OBJECT
 
-    QString folder_ = qEnvironmentVariable("TAMBA_SHOTS");
-    QString palette_;
-
-    void shoot(QWidget& widget, const QString& name) {
+    /// Pages of the sample invoice are drawn a moment later.
+    void shoot(QWidget& widget, const QString& name) const {
         widget.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&widget));
-        QTest::qWait(200);  // pages that are drawn a moment later
-        const QString scale = widget.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
-        QVERIFY(widget.grab().save(folder_ + QStringLiteral("/%1-%2%3.png").arg(name, palette_, scale)));
+        QTest::qWait(200);
+        Shots::shoot(widget, name);
     }
 
     /// What two sides changed in the sample books.
@@ -40,18 +33,10 @@ class StartUpShotsTests : public QObject {
     }
 
 private slots:
-    void pictures_data() {
-        QTest::addColumn<bool>("dark");
-        QTest::newRow("light") << false;
-        QTest::newRow("dark") << true;
-    }
+    void pictures_data() { palettes(); }
 
     void pictures() {
-        QFETCH(bool, dark);
-        palette_ = dark ? QStringLiteral("dark") : QStringLiteral("light");
-        QDir().mkpath(folder_);
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        Style::apply(application, Colors::make(dark, Icons::colorOf("1E4A66")));
+        setPalette();
 
         QTemporaryDir place;
         const auto path = toPath(place.path());
@@ -97,7 +82,6 @@ private slots:
                 settings.findChild<QPushButton*>(QStringLiteral("addSeries"))->click();
             shoot(settings, QStringLiteral("settings-page-%1").arg(page + 1));
         }
-        Style::apply(application, Colors::make(false, Icons::colorOf("1E4A66")));
     }
 };
 

@@ -34,9 +34,10 @@ int main(int argc, char** argv) {
     int failed = 0;
     for (const auto& make : tamba::classes()) {
         const std::unique_ptr<QObject> test(make());
-        // Pictures are made to be looked at, when asked for and then alone.
-        const bool shots = QByteArrayView(test->metaObject()->className()).endsWith("ShotsTests");
-        if (shots != qEnvironmentVariableIsSet("TAMBA_SHOTS")) continue;
+        // Pictures are made to be looked at, when asked for and then alone; a journey is a test and pictures.
+        const QByteArrayView name(test->metaObject()->className());
+        const bool shots = name.endsWith("ShotsTests"), journey = name.endsWith("JourneyTests");
+        if (!journey && shots != qEnvironmentVariableIsSet("TAMBA_SHOTS")) continue;
         failed += QTest::qExec(test.get(), argc, argv);
     }
     return failed == 0 ? 0 : 1;

@@ -1,12 +1,9 @@
 #include "Tamba/Screens/ExpensesScreen.h"
-#include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/ReceiptView.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Fixtures/Receipts.h"
-#include "tests/app/Support.h"
+#include "tests/flows/Person.h"
 
-#include <QDropEvent>
-#include <QMimeData>
 #include <QTableView>
 
 namespace tamba {
@@ -25,30 +22,7 @@ class DropReceiptsTests : public QObject {
                                          500, SupplyType::intraState);
     }
 
-    static void drop(Window& window, const std::vector<std::filesystem::path>& files) {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const auto& file : files) urls << QUrl::fromLocalFile(toQt(file));
-        data.setUrls(urls);
-        const QPoint at = window.rect().center();
-        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &enter);
-        QVERIFY(enter.isAccepted());
-        QVERIFY(window.findChild<DropOverlay*>()->isVisible());
-        picture(window, QStringLiteral("drop-1-hovering"));
-        QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &dropped);
-        QVERIFY(dropped.isAccepted());
-        QVERIFY(!window.findChild<DropOverlay*>()->isVisible());
-    }
-
     static void waitUntilRead(Window& window) { QTRY_VERIFY_WITH_TIMEOUT(!window.receipts().isBusy(), 120000); }
-
-    /// Pictures of each step, where TAMBA_PICTURES names a folder.
-    static void picture(QWidget& widget, const QString& name) {
-        const QString folder = qEnvironmentVariable("TAMBA_PICTURES");
-        if (!folder.isEmpty()) QVERIFY(widget.grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
-    }
 
     static std::filesystem::path put(const std::filesystem::path& folder, const std::string& name,
                                      const std::string& bytes) {
@@ -73,11 +47,10 @@ private slots:
         window.showScreen(Screen::expenses);
         window.resize(1440, 880);
         window.show();
-        drop(window, files);
+        QCOMPARE(drop(window, files), QStringLiteral("Drop to add 5 receipts"));
         QVERIFY(window.receipts().isBusy());
         QTRY_VERIFY_WITH_TIMEOUT(books.model.library().expenses.size() >= 2, 60000);
         QVERIFY(window.findChild<ActivityStrip*>()->isVisible());
-        picture(window, QStringLiteral("drop-2-reading"));
         waitUntilRead(window);
 
         const Library& library = books.model.library();
@@ -98,7 +71,6 @@ private slots:
         window.findChild<ExpensesScreen*>()->select({library.expenses[0].id});
         auto* view = window.findChild<ReceiptView*>();
         QTRY_VERIFY(view->isLoaded());
-        picture(window, QStringLiteral("drop-3-filed"));
         QVERIFY(books.model.saveNow());
         QCOMPARE(books.onDisk().expenses.size(), std::size_t(5));
     }

@@ -1,12 +1,10 @@
 #include "Tamba/StatementImport.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "TambaCore/Base/Files.h"
-#include "tests/app/Support.h"
+#include "tests/flows/Person.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QTableView>
 
 namespace tamba {
@@ -18,21 +16,6 @@ class ImportStatementTests : public QObject {
     using Path = std::filesystem::path;
 
     static Path statement(const char* name) { return Path(TEST_DATA "/statements") / name; }
-
-    /// What the window says while the files hover; then they are let go.
-    static QString drop(Window& window, const std::vector<Path>& files) {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const Path& file : files) urls << QUrl::fromLocalFile(toQt(file));
-        data.setUrls(urls);
-        const QPoint at = window.rect().center();
-        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &enter);
-        const QString said = window.findChild<DropOverlay*>()->accessibleName();
-        QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &dropped);
-        return said;
-    }
 
     static void finish(Window& window) { QTRY_VERIFY(!window.findChild<StatementImport*>()->isBusy()); }
 

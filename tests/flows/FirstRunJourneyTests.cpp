@@ -2,7 +2,7 @@
 #include "Tamba/Screens/WelcomeScreen.h"
 #include "Tamba/StartUp.h"
 #include "TambaCore/Base/Files.h"
-#include "tests/app/Support.h"
+#include "tests/flows/Person.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -10,21 +10,8 @@
 namespace tamba {
 
 /// The first minutes with the program.
-class FirstRunTests : public QObject {
+class FirstRunJourneyTests : public QObject {
     Q_OBJECT
-
-    /// A person at the keyboard: what is typed into one field, or one key, is one action.
-    struct Typist {
-        int actions = 0;
-        void type(const char* text) {
-            ++actions;
-            QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
-        }
-        void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-            ++actions;
-            QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-        }
-    };
 
 private slots:
     void twelveActionsToTheFirstInvoice() {
@@ -43,42 +30,36 @@ private slots:
         QVERIFY(window.findChild<WelcomeScreen*>()->isVisible());
         QVERIFY(!Files::exists(toPath(place.path()) / "Books"));
 
-        Typist typist;
-        const auto click = [&](QWidget& within, const char* name) {
-            ++typist.actions;
-            within.findChild<QPushButton*>(QString::fromLatin1(name))->click();
-        };
-        const auto enter = [&](QWidget& within, const char* name, const char* text) {
-            within.findChild<QLineEdit*>(QString::fromLatin1(name))->setFocus();
-            typist.type(text);
-        };
-        typist.press(Qt::Key_Return);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QVERIFY2(model.isNew(), "nothing is begun without a name");
-        typist.actions = 0;
-        typist.type("Kagaz Studio");
-        typist.press(Qt::Key_Return);
-        typist.type("27AAPFU0939F1ZV");
-        click(*window.findChild<WelcomeScreen*>(), "welcomeSkip");
+        Person person;
+        picture(window, QStringLiteral("first-run-1-welcome"));
+        person.fill("Kagaz Studio", Qt::Key_Return);
+        person.fill("27AAPFU0939F1ZV", Qt::Key_Tab);
+        picture(window, QStringLiteral("first-run-2-tax"));
+        person.click(*window.findChild<WelcomeScreen*>(), "welcomeSkip");
         QVERIFY(!model.isNew());
         QCOMPARE(model.library().business.stateCode, std::optional<std::string>("27"));
         QCOMPARE(window.screen(), Screen::invoices);
+        picture(window, QStringLiteral("first-run-3-draft"));
 
-        // The sheets are answered with Return, which is one more action each.
-        prompts.drive = [&](QDialog&) { ++typist.actions; };
-        typist.type("Monsoon Tea");
-        typist.press(Qt::Key_Return);
+        prompts.drive = [](QDialog&) {};
+        person.fill("Monsoon Tea", Qt::Key_Return);
         QCOMPARE(model.library().clients.size(), std::size_t(1));
-        typist.type("Packaging design");
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        person.fill("Packaging design", Qt::Key_Tab);
         auto& screen = *window.findChild<InvoicesScreen*>();
-        enter(screen, "linePrice", "45000");
-        click(screen, "primaryAction");
-        const Document& invoice = model.library().documents[0];
-        QCOMPARE(invoice.displayNumber(), std::string("INV/26-27/001"));
-        screen.run(DocumentActions::Action::savePDF);
-        ++typist.actions;
+        screen.findChild<QLineEdit*>(QStringLiteral("linePrice"))->setFocus(Qt::TabFocusReason);
+        person.fill("45000", Qt::Key_Tab);
+        picture(window, QStringLiteral("first-run-4-line"));
+        person.click(screen, "primaryAction");
+        QCOMPARE(model.library().documents[0].displayNumber(), std::string("INV/26-27/001"));
+        QCOMPARE(model.library().documents[0].lines[0].priceMinor, std::int64_t(4'500'000));
+        picture(window, QStringLiteral("first-run-5-issued"));
+        person.click(*window.findChild<Toast*>(), "toastAction");
         QVERIFY(Files::exists(toPath(desk.path()) / "INV-26-27-001.pdf"));
-        QVERIFY2(typist.actions <= 12, qPrintable(QString::number(typist.actions)));
+        picture(window, QStringLiteral("first-run-6-saved"));
+        const int actions = person.actions + prompts.asked;
+        QVERIFY2(actions <= 12, qPrintable(QString::number(actions)));
     }
 
     void onlyTheNameIsNeeded() {
@@ -105,8 +86,8 @@ private slots:
     }
 };
 
-static const TestClass<FirstRunTests> registered;
+static const TestClass<FirstRunJourneyTests> registered;
 
 }  // namespace tamba
 
-#include "FirstRunTests.moc"
+#include "FirstRunJourneyTests.moc"
