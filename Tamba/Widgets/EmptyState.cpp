@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tamba {
 
 class EmptyState::Glyph : public QWidget {
@@ -38,7 +40,6 @@ EmptyState::EmptyState(QWidget* parent) : QWidget(parent) {
     sentence_ = Controls::label({}, "field", this);
     sentence_->setAlignment(Qt::AlignCenter);
     sentence_->setWordWrap(true);
-    sentence_->setFixedWidth(340);
     action_ = Controls::button({}, "emptyAction", Controls::Kind::primary, this);
     other_ = Controls::button({}, "emptyOther", Controls::Kind::link, this);
     third_ = Controls::button({}, "emptyThird", Controls::Kind::link, this);
@@ -66,13 +67,21 @@ void EmptyState::set(const QString& icon, const QString& title, const QString& s
     glyph_->update();
     title_->setText(title);
     sentence_->setText(sentence);
-    // Centred in the layout, a label that wraps gets no height for its width.
-    sentence_->setMinimumHeight(sentence_->heightForWidth(sentence_->width()));
+    fit();
     for (auto [button, text] : {std::pair(action_, action), std::pair(other_, other), std::pair(third_, third)}) {
         button->setText(text);
         button->setAccessibleName(text);
         button->setVisible(!text.isEmpty());
     }
 }
+
+void EmptyState::fit() {
+    const int room = std::clamp(width() - 48, 160, 400);
+    sentence_->setFixedWidth(room);
+    // Centred in the layout, a label that wraps gets no height for its width.
+    sentence_->setMinimumHeight(sentence_->heightForWidth(room));
+}
+
+void EmptyState::resizeEvent(QResizeEvent*) { fit(); }
 
 }  // namespace tamba

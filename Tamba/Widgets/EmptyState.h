@@ -21,8 +21,13 @@ signals:
     void otherChosen();
     void thirdChosen();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     class Glyph;
+    void fit();
+
     Glyph* glyph_;
     QLabel* title_;
     QLabel* sentence_;

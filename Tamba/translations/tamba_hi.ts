@@ -3809,7 +3809,7 @@
 <context>
     <name>tamba::RatesPage</name>
     <message>
-        <source>%1 for one unit of the currency. New documents and expenses begin with it; those there are keep theirs.</source>
+        <source>%1 for one unit of the currency. New documents and expenses start with this rate; earlier ones keep theirs.</source>
         <translation>उस मुद्रा की एक इकाई के %1। नए दस्तावेज़ और ख़र्च इसी दर से शुरू होते हैं; पुराने अपनी दर रखते हैं।</translation>
     </message>
     <message>

@@ -141,6 +141,9 @@ class ShotsTests : public Shots {
             settings.showPage(page);
             shoot(settings, QStringLiteral("settings-%1").arg(page + 1));
         }
+        settings.showPage(2);
+        settings.findChild<QPushButton*>(QStringLiteral("addSeries"))->click();
+        shoot(settings, QStringLiteral("settings-unfinished"));
     }
 
 private slots:
@@ -171,6 +174,10 @@ private slots:
         shoot(screen, QStringLiteral("invoices-lines"));
         screen.resize(752, 580);
         shoot(screen, QStringLiteral("invoices-narrow"));
+        auto& search = *screen.findChild<QLineEdit*>(QStringLiteral("documentSearch"));
+        search.setText(QStringLiteral("no such client"));
+        shoot(screen, QStringLiteral("invoices-none"));
+        search.clear();
         screen.resize(1072, 700);
         auto& name = *screen.findChild<QWidget*>(QStringLiteral("line3"))->findChild<QLineEdit*>();
         name.setFocus();

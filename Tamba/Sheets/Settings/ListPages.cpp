@@ -153,10 +153,10 @@ void ItemsPage::store(Library& library) const {
 RatesPage::RatesPage(const Library& library, Day today, QWidget* parent) : SettingsPage(parent), today_(today) {
     const std::string home = library.business.homeCurrency;
     auto* words = Controls::label({}, "field", this);
-    words->setText(Controls::wrapped(
-        tr("%1 for one unit of the currency. New documents and expenses begin with it; those there are keep theirs.")
-            .arg(toQt(home)),
-        *words, 560));
+    words->setText(Controls::wrapped(tr("%1 for one unit of the currency. New documents and expenses start with this "
+                                        "rate; earlier ones keep theirs.")
+                                         .arg(toQt(home)),
+                                     *words, 560));
     form.addRow(words);
     none_ = Controls::label(tr("No rate is kept yet."), "caption", this);
     form.addRow(none_);
