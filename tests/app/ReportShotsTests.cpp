@@ -5,6 +5,8 @@
 #include "TambaCore/Base/Files.h"
 #include "tests/app/Pictures.h"
 
+#include <QScrollBar>
+
 namespace tamba {
 
 /// The reports, large and small.
@@ -52,6 +54,8 @@ private slots:
             table->setCurrentIndex(table->model()->index(6, 1));
             QTest::keyClick(table, Qt::Key_Return);
         };
+        screen.findChild<ReportView*>()->verticalScrollBar()->setValue(400);
+        shoot(window, QStringLiteral("reports-scrolled"));
         october();
         shoot(window, QStringLiteral("reports-records"));
         window.resize(960, 620);

@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 namespace tamba {
@@ -108,6 +109,24 @@ private slots:
         QTest::keyClick(open.screen.findChild<QTableView*>(QStringLiteral("records")), Qt::Key_Escape);
         open.click(november, 1);
         QVERIFY(open.screen.findChild<RecordsPane*>()->isHidden());
+    }
+
+    void titlesStayInSightWhileThePageScrolls() {
+        Open open;
+        open.screen.resize(1232, 420);
+        auto& view = *open.screen.findChild<ReportView*>();
+        QScrollBar& bar = *view.verticalScrollBar();
+        QTRY_VERIFY(bar.maximum() > 0);
+        QHeaderView& titles = *open.table().horizontalHeader();
+        const auto top = [&] { return titles.mapTo(view.viewport(), QPoint()).y(); };
+        const int resting = titles.y();
+        bar.setValue(bar.maximum());
+        QCOMPARE(top(), 0);
+        QTest::mouseClick(titles.viewport(), Qt::LeftButton, {}, {titles.sectionPosition(1) + 10, 10});
+        QCOMPARE(titles.sortIndicatorSection(), 1);
+        QCOMPARE(top(), 0);
+        bar.setValue(0);
+        QCOMPARE(titles.y(), resting);
     }
 
     void onTheCashBasisAPaymentCountsInItsMonth() {

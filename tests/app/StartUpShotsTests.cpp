@@ -1,14 +1,11 @@
 #include "Tamba/Screens/WelcomeScreen.h"
-#include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/StartUp.h"
 #include "TambaCore/Documents/Books.h"
 #include "tests/app/Pictures.h"
 
-#include <QListWidget>
-
 namespace tamba {
 
-/// The first steps, books that are gone or changed elsewhere, and the settings of this computer.
+/// The first steps, and books that are gone or changed elsewhere.
 class StartUpShotsTests : public Shots {
     Q_OBJECT
 
@@ -74,14 +71,6 @@ private slots:
         less.business.name = "Before";
         BackupSheet backups(&window, {model.backups(), [&](const std::string&) { return less; }, library});
         shoot(backups, QStringLiteral("sheet-backup-changes"));
-        SettingsSheet settings(&window, library, testDay, {model.folder(), {}, {}});
-        const auto& titles = *settings.findChild<QListWidget*>(QStringLiteral("settingsPages"));
-        for (int page = 0; page < settings.pageCount(); ++page) {
-            settings.showPage(page);
-            if (titles.item(page)->text() == QStringLiteral("Numbering"))
-                settings.findChild<QPushButton*>(QStringLiteral("addSeries"))->click();
-            shoot(settings, QStringLiteral("settings-page-%1").arg(page + 1));
-        }
     }
 };
 
