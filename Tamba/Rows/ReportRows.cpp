@@ -381,8 +381,8 @@ ReportRecords recordsOf(const ReportPage& page, const Table& table, std::size_t 
     }
     removeDoubles(records.documentIDs);
     removeDoubles(records.expenseIDs);
-    if (table.columns[column].title == "Income") records.expenseIDs.clear();
-    if (table.columns[column].title == "Expenses" && !records.documentIDs.empty()) records.documentIDs.clear();
+    if (table.columns[column].from == Table::From::documents) records.expenseIDs.clear();
+    if (table.columns[column].from == Table::From::expenses) records.documentIDs.clear();
     records.title = column == 0 ? name : name + " · " + table.columns[column].title;
     return records;
 }

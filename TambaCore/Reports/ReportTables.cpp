@@ -35,8 +35,10 @@ Table profit(const Reports& reports, IncomeBasis basis, const FinancialYear& yea
     Table table;
     table.title = "Profit and loss";
     table.subtitle = Period::fy(year).label() + " · " + std::string(title(basis));
-    table.columns = {
-        {"Month", Kind::month}, {"Income", Kind::amount}, {"Expenses", Kind::amount}, {"Profit", Kind::amount}};
+    table.columns = {{"Month", Kind::month},
+                     {"Income", Kind::amount, From::documents},
+                     {"Expenses", Kind::amount, From::expenses},
+                     {"Profit", Kind::amount}};
     for (MonthRow& row : reports.months(basis, year))
         table.rows.push_back({{row.month, home(row.income), home(row.expenses), home(row.profit())},
                               std::move(row.documentIDs),
@@ -225,8 +227,11 @@ Table projects(const Library& library, const Period& period) {
     Table table;
     table.title = "Projects";
     table.subtitle = period.label();
-    table.columns = {
-        {"Project"}, {"Client"}, {"Income", Kind::amount}, {"Expenses", Kind::amount}, {"Profit", Kind::amount}};
+    table.columns = {{"Project"},
+                     {"Client"},
+                     {"Income", Kind::amount, From::documents},
+                     {"Expenses", Kind::amount, From::expenses},
+                     {"Profit", Kind::amount}};
     for (Breakdowns::ProjectRow& row : Breakdowns::projects(library, period))
         table.rows.push_back({{row.name, row.client, home(row.income), home(row.expenses), home(row.profit())},
                               std::move(row.documentIDs),

@@ -16,9 +16,12 @@ namespace tamba {
 /// not texts, so that each of these prints them its own way; every row keeps the records it was made from.
 struct Table {
     enum class Kind { text, day, month, amount, count, quantity, percent };
+    /// Which of a row's records make a column's figure.
+    enum class From { all, documents, expenses };
     struct Column {
         std::string title;
         Kind kind = Kind::text;
+        From from = From::all;
 
         bool operator==(const Column&) const = default;
     };

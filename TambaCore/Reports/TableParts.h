@@ -15,6 +15,7 @@
 namespace tamba::TableParts {
 
 using Kind = Table::Kind;
+using From = Table::From;
 
 /// Amounts of the home currency as cells.
 class Home {
