@@ -54,16 +54,15 @@ UUID UUID::derived(const UUID& from, std::string_view text) {
 
 std::optional<UUID> UUID::parse(std::string_view text) {
     if (text.size() != 36) return std::nullopt;
+    if (text[8] != '-' || text[13] != '-' || text[18] != '-' || text[23] != '-') return std::nullopt;
+    constexpr std::array<std::uint8_t, 16> digitsAt{0, 2, 4, 6, 9, 11, 14, 16, 19, 21, 24, 26, 28, 30, 32, 34};
     UUID id;
-    std::size_t at = 0;
     std::uint8_t wrong = 0;  // gathers the upper halves of all digits
     for (std::size_t byte = 0; byte < 16; ++byte) {
-        if (hyphenBefore(byte) && text[at++] != '-') return std::nullopt;
-        const std::uint8_t high = hexDigits[static_cast<unsigned char>(text[at])];
-        const std::uint8_t low = hexDigits[static_cast<unsigned char>(text[at + 1])];
+        const std::uint8_t high = hexDigits[static_cast<unsigned char>(text[digitsAt[byte]])];
+        const std::uint8_t low = hexDigits[static_cast<unsigned char>(text[digitsAt[byte] + std::size_t{1}])];
         wrong = static_cast<std::uint8_t>(wrong | high | low);
         id.bytes[byte] = static_cast<std::uint8_t>(high << 4 | low);
-        at += 2;
     }
     return wrong > 0x0F ? std::nullopt : std::optional(id);
 }

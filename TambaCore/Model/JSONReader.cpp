@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
+#include <cstring>
 #include <exception>
 #include <limits>
 #include <span>
@@ -164,9 +165,11 @@ struct Stretch {
     }
 };
 
-/// A list of which each processor decodes a stretch.
+/// The records of the books; of a long list, each processor decodes a stretch.
 template <class T>
-void decodeTogether(od::array& array, List<T>& out) {
+void decode(od::value& v, List<T>& out) {
+    constexpr std::size_t manyRecords = 2000;
+    auto array = get(v.get_array(), "Not a list");
     std::vector<std::string_view> texts;
     std::exception_ptr noRecord;  // tells only when every record before it is good
     try {
@@ -179,15 +182,17 @@ void decodeTogether(od::array& array, List<T>& out) {
         told.inList(texts.size());
         noRecord = std::current_exception();
     }
-    std::vector<Stretch<T>> stretches(std::clamp(std::thread::hardware_concurrency(), 1U, 8U));
+    const unsigned processors = texts.size() < manyRecords ? 1 : std::thread::hardware_concurrency();
+    std::vector<Stretch<T>> stretches(std::clamp(processors, 1U, 8U));
+    const std::size_t length = (texts.size() + stretches.size() - 1) / stretches.size();
+    const auto decodeStretch = [&](std::size_t i) {
+        const std::size_t from = std::min(i * length, texts.size());
+        stretches[i].decodeAll(std::span(texts).subspan(from, std::min(length, texts.size() - from)), from);
+    };
     {
         std::vector<std::jthread> threads;
-        const std::size_t length = (texts.size() + stretches.size() - 1) / stretches.size();
-        for (std::size_t i = 0; i < stretches.size(); ++i) {
-            const std::size_t from = std::min(i * length, texts.size());
-            const auto part = std::span(texts).subspan(from, std::min(length, texts.size() - from));
-            threads.emplace_back([&stretch = stretches[i], part, from] { stretch.decodeAll(part, from); });
-        }
+        for (std::size_t i = 1; i < stretches.size(); ++i) threads.emplace_back(decodeStretch, i);
+        decodeStretch(0);
     }
     out.reserve(texts.size());
     for (Stretch<T>& stretch : stretches) {
@@ -197,17 +202,6 @@ void decodeTogether(od::array& array, List<T>& out) {
     if (noRecord) std::rethrow_exception(noRecord);
 }
 
-template <class T>
-void decode(od::value& v, List<T>& out) {
-    constexpr std::size_t manyRecords = 2000;
-    auto array = get(v.get_array(), "Not a list");
-    if (get(array.count_elements(), "Not a list") >= manyRecords) return decodeTogether(array, out);
-    eachElement(array, [&](od::value& item) {
-        auto record = std::make_shared<T>();
-        decode(item, *record);
-        out.append(std::shared_ptr<const T>(std::move(record)));
-    });
-}
 template <class T>
 void decode(od::value& v, std::optional<T>& out) {
     if (v.is_null()) return;
@@ -244,9 +238,12 @@ static std::size_t find(std::string_view key, std::size_t expected) {
 }
 };
 
-/// The key as written, without its quotes; escapes are left as they are.
-std::string_view rawKey(od::field& field) {
+/// The key as written, without its quotes; escapes are left as they are. Nearly every key is the one that comes next in
+/// the table, and is compared with that before anybody looks for its end.
+std::string_view rawKey(od::field& field, std::string_view likely) {
     const char* begin = field.key().raw();
+    if (std::memcmp(begin, likely.data(), likely.size()) == 0 && begin[likely.size()] == '"')
+        return {begin, likely.size()};
     const char* end = begin;
     while (*end != '"') end += *end == '\\' ? 2 : 1;
     return {begin, static_cast<std::size_t>(end - begin)};
@@ -276,7 +273,7 @@ void decode(od::value& v, R& out) {
         auto object = get(v.get_object(), "Not a record");
         for (auto item : object) {
             auto field = get(std::move(item), "Not a record");
-            key = rawKey(field);
+            key = rawKey(field, expected < fieldCount<R> ? Reader<R>::keys[expected] : "");
             // A key of the table may be written with escapes; kept as unknown, it would be written twice.
             std::string_view name = key;
             if (key.find('\\') != key.npos) name = get(field.unescaped_key(), "Not a key");
