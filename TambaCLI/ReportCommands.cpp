@@ -14,12 +14,18 @@ namespace {
 
 using enum Table::Align;
 
+/// Books that are only looked at stay until the process ends: to free a hundred thousand records one by one takes as
+/// long as the report.
+const LibrarySession& opened(const Context& context) {
+    static const auto* const session = new LibrarySession(context.folder, LibrarySession::Access::read);
+    return *session;
+}
+
 /// The books and what every report needs of them.
 class Asked {
 public:
     Asked(const Context& context, const ReportOptions& options)
-        : session_(context.folder, LibrarySession::Access::read),
-          reports{existing(session_), context.today},
+        : reports{existing(opened(context)), context.today},
           period(options.period.empty() ? Period::fy(library().fy(context.today))
                                         : periodOf(options.period, library().fyStart())) {}
 
@@ -32,10 +38,6 @@ public:
         return year;
     }
 
-private:
-    LibrarySession session_;
-
-public:
     Reports reports;
     Period period;
 };

@@ -1,6 +1,8 @@
 #include "TambaCLI/Words.h"
 #include "TambaCore/Model/Fields.h"
 
+#include <malloc.h>
+
 #include <cstdlib>
 #include <iostream>
 
@@ -85,6 +87,8 @@ std::filesystem::path libraryFolder(const std::string& given) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // The heaps of the threads that read the books would grow page by page, a call of the system for each.
+    mallopt(M_TOP_PAD, 64 << 20);
     CLI::App app("Tamba: the books of a freelancer, on the command line.", "tamba-cli");
     app.fallthrough()->require_subcommand(1);
     Command c;
