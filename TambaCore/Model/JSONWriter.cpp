@@ -28,9 +28,9 @@ std::size_t cleanPrefix(std::string_view text) {
 }  // namespace
 
 void Writer::grow(std::size_t bytes) {
-    constexpr std::size_t step = 64 * 1024;
     const std::size_t used = size();
-    out_.resize(used + std::max(bytes, step));
+    // Small texts are written by the thousand, and zeroes cost time, too.
+    out_.resize(used + std::max(bytes, std::clamp(used, std::size_t{128}, std::size_t{64 * 1024})));
     at_ = out_.data() + used;
     end_ = out_.data() + out_.size();
 }
