@@ -22,6 +22,8 @@ class QWidget;
 
 namespace tamba {
 
+class UpdateService;
+
 struct MileageTrip {
     Day date;
     std::string purpose;
@@ -39,13 +41,15 @@ enum class Mail { sending, reminder };
 
 /// What the settings show beside the books: where these are, their logo's file, and how this computer shows them.
 /// `place`: what is shown first.
-enum class SettingsPlace { business, tax, items };
+enum class SettingsPlace { business, tax, items, updates };
 struct SettingsContext {
     std::filesystem::path folder = {};
     std::optional<std::filesystem::path> logo = {};
     Remembered::Appearance appearance = {};
     SettingsPlace place = SettingsPlace::business;
-    std::optional<UUID> item = {};  ///< of the catalogue, selected there
+    std::optional<UUID> item = {};     ///< of the catalogue, selected there
+    UpdateService* updates = nullptr;  // null: no page for them
+    bool lookForUpdates = false;
 };
 
 /// What is to be done with the folder of the books once the settings are closed.
@@ -57,6 +61,7 @@ struct SettingsEdit {
     Library library;
     std::optional<std::filesystem::path> logo = {};
     std::optional<Remembered::Appearance> appearance = {};
+    std::optional<bool> lookForUpdates = {};
     FolderWish wish = FolderWish::none;
 };
 

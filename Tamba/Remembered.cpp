@@ -14,7 +14,7 @@ QSettings settings() { return QSettings(QStringLiteral("tamba"), QStringLiteral(
 
 const QString folderKey = QStringLiteral("folder"), heldKey = QStringLiteral("folders"),
               sizeKey = QStringLiteral("window"), looksKey = QStringLiteral("looks"),
-              languageKey = QStringLiteral("language");
+              languageKey = QStringLiteral("language"), updatesKey = QStringLiteral("lookForUpdates");
 
 /// The titles of a statement hold characters that settings take for groups.
 QString layoutName(const std::string& key) {
@@ -59,6 +59,10 @@ void setAppearance(const Appearance& appearance) {
     settings().setValue(looksKey, static_cast<int>(appearance.looks));
     settings().setValue(languageKey, static_cast<int>(appearance.language));
 }
+
+bool looksForUpdates() { return settings().value(updatesKey).toBool(); }
+
+void setLooksForUpdates(bool allowed) { settings().setValue(updatesKey, allowed); }
 
 std::string layout(const std::string& key) {
     return key.empty() ? std::string() : toStd(settings().value(layoutName(key)).toString());

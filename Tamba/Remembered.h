@@ -31,6 +31,10 @@ struct Appearance {
 [[nodiscard]] Appearance appearance();
 void setAppearance(const Appearance& appearance);
 
+/// Whether the program may look for updates by itself; false until somebody wants it.
+[[nodiscard]] bool looksForUpdates();
+void setLooksForUpdates(bool allowed);
+
 /// How the statements of one layout were read last; empty when none came in.
 [[nodiscard]] std::string layout(const std::string& key);
 /// Nothing is kept for an empty key.

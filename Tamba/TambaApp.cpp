@@ -8,6 +8,7 @@
 #include "Tamba/StartUp.h"
 #include "Tamba/Style.h"
 #include "Tamba/Translations.h"
+#include "Tamba/Updates.h"
 #include "Tamba/Window.h"
 
 #include <QApplication>
@@ -77,8 +78,14 @@ int runTamba(int argc, char** argv) {
     startUp.begin();
     window.show();
     window.addFiles(arguments.files);
+    UpdateService updates(Updates::configuration());
+    Updates::afterFirstPaint(window, [&] {
+        updates.confirm();
+        window.setUpdates(updates);
+    });
     const int result = QApplication::exec();
     Remembered::setSize(window);
+    updates.finish();
     return result;
 }
 

@@ -1,5 +1,6 @@
 #include "Tamba/Window.h"
 
+#include "CorvexKit/UpdateService.h"
 #include "Tamba/DocumentActions.h"
 #include "Tamba/FolderActions.h"
 #include "Tamba/QtText.h"
@@ -383,8 +384,9 @@ void Window::openSample() {
 
 void Window::editSettings(SettingsPlace place, const std::optional<UUID>& item) {
     const Library before = model_.library();
-    const SettingsContext context{model_.folder(), model_.store().logo(before.business), Remembered::appearance(),
-                                  place, item};
+    const SettingsContext context{
+        model_.folder(), model_.store().logo(before.business), Remembered::appearance(), place, item,
+        updates_,        Remembered::looksForUpdates()};
     const auto edit = prompts_->settings(before, context, model_.today());
     if (!edit) return;
     model_.perform(tr("Change Settings"), [&, store = model_.store()](Library now, Day) {
@@ -396,6 +398,10 @@ void Window::editSettings(SettingsPlace place, const std::optional<UUID>& item) 
     if (edit->appearance && *edit->appearance != context.appearance) {
         Remembered::setAppearance(*edit->appearance);
         emit looksChanged();
+    }
+    if (updates_ && edit->lookForUpdates) {
+        Remembered::setLooksForUpdates(*edit->lookForUpdates);
+        updates_->setAllowed(*edit->lookForUpdates);
     }
     folder_->run(edit->wish);
 }

@@ -36,6 +36,7 @@ class SearchPalette;
 struct OverviewGoal;
 class StatementImport;
 class Toast;
+class UpdateService;
 
 /// The one window: menus, sidebar, screens, activity strip; takes dropped receipts and statements anywhere.
 class Window : public QMainWindow {
@@ -59,6 +60,8 @@ public:
     [[nodiscard]] Screen screen() const { return screen_; }
     /// What is shown in place of the screens while the books are new. The window takes it over.
     void setWelcome(QWidget* welcome);
+    /// Tells of updates, and has them in the settings; looks for them when that is allowed.
+    void setUpdates(UpdateService& updates);
     [[nodiscard]] Prompts& prompts() { return *prompts_; }
     /// Where the person's own books are, while the sample books are open.
     void setOwnFolder(const std::filesystem::path& folder) { ownFolder_ = folder; }
@@ -109,6 +112,9 @@ private:
     /// The report that a figure or a date on the overview stands for.
     void showReport(const OverviewGoal& goal);
 
+    // WindowUpdates.cpp
+    void tellOfUpdates();
+
     void connectScreens();
     // WindowOverview.cpp
     void connectOverview();
@@ -134,6 +140,9 @@ private:
     ReceiptQueue* receipts_;
     StatementImport* statements_;
     std::filesystem::path ownFolder_;
+    UpdateService* updates_ = nullptr;
+    QString toldOfUpdate_;
+    bool fetchingUpdate_ = false;
     Sidebar* sidebar_;
     QStackedWidget* pages_;
     FolderActions* folder_;

@@ -8,6 +8,7 @@
 #include "Tamba/Sheets/Settings/ListPages.h"
 #include "Tamba/Sheets/Settings/NumberingPage.h"
 #include "Tamba/Sheets/Settings/RulesPage.h"
+#include "Tamba/Sheets/Settings/UpdatesPage.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 
@@ -50,15 +51,18 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
     add("category-tray", tr("Rules"), new RulesPage(library, this));
     add("category-desktop", tr("Appearance"), appearance_ = new AppearancePage(context.appearance, this));
     add("folder", tr("Library folder"), folder_ = new FolderPage(context.folder, this));
+    if (context.updates)
+        add("repeat", tr("Updates"), updates_ = new UpdatesPage(*context.updates, context.lookForUpdates, this));
     connect(folder_, &FolderPage::wished, this, [this](FolderWish wish) {
         wish_ = wish;
         accept();
     });
     save_ = addButtons(tr("Save"), tr("Cancel"));
     connect(titles_, &QListWidget::currentRowChanged, stack_, &QStackedWidget::setCurrentIndex);
-    titles_->setCurrentRow(context.place == SettingsPlace::items ? items
-                           : context.place == SettingsPlace::tax ? tax
-                                                                 : 0);
+    titles_->setCurrentRow(context.place == SettingsPlace::items     ? items
+                           : context.place == SettingsPlace::tax     ? tax
+                           : context.place == SettingsPlace::updates ? titles_->count() - 1
+                                                                     : 0);
     setFixedWidth(860);
     setMinimumHeight(600);
     refresh();
@@ -103,7 +107,8 @@ void SettingsSheet::refresh() {
 }
 
 SettingsEdit SettingsSheet::edit() const {
-    SettingsEdit edit{library_, invoices_->newLogo(), appearance_->appearance(), wish_};
+    SettingsEdit edit{library_, invoices_->newLogo(), appearance_->appearance(), {}, wish_};
+    if (updates_) edit.lookForUpdates = updates_->allowed();
     for (const SettingsPage* page : pages_) page->store(edit.library);
     return edit;
 }

@@ -17,6 +17,7 @@ class AppearancePage;
 class FolderPage;
 class InvoicesPage;
 class SettingsPage;
+class UpdatesPage;
 
 /// All settings, page by page: edits a copy of the books' settings and hands it back.
 class SettingsSheet : public Sheet {
@@ -41,6 +42,7 @@ private:
     InvoicesPage* invoices_;
     AppearancePage* appearance_;
     FolderPage* folder_;
+    UpdatesPage* updates_ = nullptr;
     FolderWish wish_ = FolderWish::none;
     QListWidget* titles_;
     QStackedWidget* stack_;

@@ -4308,6 +4308,10 @@
         <source>A field here cannot be saved.</source>
         <translation>यहाँ का कोई खाना सहेजा नहीं जा सकता।</translation>
     </message>
+    <message>
+        <source>Updates</source>
+        <translation>अपडेट</translation>
+    </message>
 </context>
 <context>
     <name>tamba::ShareBars</name>
@@ -4646,6 +4650,45 @@
     <message>
         <source>Tax number</source>
         <translation>कर संख्या</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::UpdatesPage</name>
+    <message>
+        <source>This version</source>
+        <translation>यह संस्करण</translation>
+    </message>
+    <message>
+        <source>Look for updates at the start and once a day</source>
+        <translation>शुरू होते समय और दिन में एक बार अपडेट देखें</translation>
+    </message>
+    <message>
+        <source>Only the list of updates is asked for. Nothing of your books leaves this computer. An update comes only when you want it, and is installed when you quit.</source>
+        <translation>केवल अपडेट की सूची माँगी जाती है। आपके बहीखाते का कुछ भी इस कंप्यूटर से बाहर नहीं जाता। अपडेट तभी आता है जब आप चाहें, और बंद करते समय लगाया जाता है।</translation>
+    </message>
+    <message>
+        <source>The next version</source>
+        <translation>अगला संस्करण</translation>
+    </message>
+    <message>
+        <source>How much of the update is here</source>
+        <translation>अपडेट कितना आ चुका है</translation>
+    </message>
+    <message>
+        <source>Get This Update</source>
+        <translation>यह अपडेट लाएँ</translation>
+    </message>
+    <message>
+        <source>Look Now</source>
+        <translation>अभी देखें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>What’s new</source>
+        <translation>नया क्या है</translation>
     </message>
 </context>
 <context>
@@ -5113,6 +5156,10 @@
     <message>
         <source>Find &amp;Anything…</source>
         <translation>कुछ भी खोजें… (&amp;A)</translation>
+    </message>
+    <message>
+        <source>What’s New</source>
+        <translation>नया क्या है</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,8 @@
 #include "Tamba/Screens/WelcomeScreen.h"
+#include "Tamba/Sheets/Settings/UpdatesPage.h"
+#include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/StartUp.h"
+#include "Tamba/Updates.h"
 #include "TambaCore/Documents/Books.h"
 #include "tests/app/Pictures.h"
 
@@ -27,6 +30,28 @@ class StartUpShotsTests : public Shots {
         theirs.clients.erase(0);
         Merged merged = merge(base, ours, theirs);
         return {merged.library, ours, theirs, merged.conflicts};
+    }
+
+    /// What a server would bring about is put there by hand.
+    void shootUpdates(Window& window, const Library& library) {
+        UpdateService updates(Updates::configuration());
+        SettingsSheet settings(&window, library, testDay, {{}, {}, {}, SettingsPlace::updates, {}, &updates, true});
+        shoot(settings, QStringLiteral("settings-updates-off"));
+        const QString name = QStringLiteral("Tamba 0.2.0"),
+                      notes = QStringLiteral(
+                          "Statements of two more banks are "
+                          "read.\n\nThe year’s bundle holds a list of the documents that were voided.");
+        using Stage = UpdateStatus::Stage;
+        const std::pair<Stage, QString> stages[] = {
+            {Stage::offered, name + QStringLiteral(" is available.")},
+            {Stage::downloading, QStringLiteral("Fetching Tamba 0.2.0…")},
+            {Stage::failed,
+             QStringLiteral(
+                 "The list of updates is out of date, and a newer one may be held back. Nothing in it was used.")}};
+        for (const auto& [stage, sentence] : stages) {
+            settings.findChild<UpdatesPage*>()->show({stage, sentence, name, notes, 20'000'000, 31'000'000});
+            shoot(settings, QStringLiteral("settings-updates-%1").arg(static_cast<int>(stage)));
+        }
     }
 
 private slots:
@@ -71,6 +96,7 @@ private slots:
         less.business.name = "Before";
         BackupSheet backups(&window, {model.backups(), [&](const std::string&) { return less; }, library});
         shoot(backups, QStringLiteral("sheet-backup-changes"));
+        shootUpdates(window, library);
     }
 };
 
