@@ -20,9 +20,10 @@ QPixmap patch(const QWidget& on, QSize size, const QColor& color, qreal radius) 
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
+    // Seen on a ground of its own colour, too.
+    painter.setPen(Colors::current().strongBorder);
     painter.setBrush(color);
-    painter.drawRoundedRect(QRectF(QPointF(), QSizeF(size)), radius, radius);
+    painter.drawRoundedRect(QRectF(QPointF(), QSizeF(size)).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     return pixmap;
 }
 
