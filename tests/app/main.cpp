@@ -27,7 +27,6 @@ int main(int argc, char** argv) {
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     tamba::Style::install(application);
-    tamba::Style::apply(application, tamba::Colors::make(false, tamba::Icons::colorOf("1E4A66")));
     // The same pictures show whether the longer words of another language fit.
     if (qEnvironmentVariable("TAMBA_SHOTS_LANGUAGE") == QLatin1String("hi"))
         tamba::Translations::install(application, tamba::Remembered::Appearance::Language::hindi);
@@ -38,6 +37,8 @@ int main(int argc, char** argv) {
         const QByteArrayView name(test->metaObject()->className());
         const bool shots = name.endsWith("ShotsTests"), journey = name.endsWith("JourneyTests");
         if (!journey && shots != qEnvironmentVariableIsSet("TAMBA_SHOTS")) continue;
+        // Whatever the class before has left.
+        tamba::Style::apply(application, tamba::Colors::make(false, tamba::Icons::colorOf("1E4A66")));
         failed += QTest::qExec(test.get(), argc, argv);
     }
     return failed == 0 ? 0 : 1;

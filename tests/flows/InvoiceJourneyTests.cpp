@@ -3,7 +3,7 @@
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Receipts/EmailReceipt.h"
 #include "TambaCore/Receipts/ReceiptReader.h"
-#include "tests/app/Support.h"
+#include "tests/app/Pictures.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -77,6 +77,7 @@ private slots:
         enter(control<QLineEdit>(line, "lineName"), QStringLiteral("Packaging"));
         enter(control<QLineEdit>(line, "linePrice"), QStringLiteral("2 * 50000"));
 
+        picture(window, QStringLiteral("invoice-1-draft"));
         QString numbered;
         prompts.drive = [&](QDialog& sheet) { numbered = control<QLabel>(sheet, "issueNumber").text(); };
         press(screen, "primaryAction");
@@ -93,12 +94,14 @@ private slots:
         for (const char* text : {"Tax Invoice", "INV/26-27/001", "Monsoon Tea", "Packaging", "1,18,000.00"})
             QVERIFY2(page.find(text) != std::string::npos, page.c_str());
 
+        picture(window, QStringLiteral("invoice-2-issued"));
         // Half of it comes, less 10 % of its value without GST.
         QString outcome;
         prompts.drive = [&](QDialog& sheet) {
             set(sheet, "paymentAmount", "54,000");
             press(sheet, "tdsRate1000");
             outcome = control<QLabel>(sheet, "paymentOutcome").text();
+            picture(sheet, QStringLiteral("invoice-3-payment"));
         };
         choose(window, QStringLiteral("Record Payment…"));
         QCOMPARE(outcome, QStringLiteral("Leaves ₹59,000.00 open"));
@@ -110,6 +113,7 @@ private slots:
         QCOMPARE(status(), QStringLiteral("Overdue"));
         QCOMPARE(control<QAbstractButton>(window, "screenInvoices").accessibleDescription(),
                  QStringLiteral("1 overdue"));
+        picture(window, QStringLiteral("invoice-4-overdue"));
         prompts.drive = [](QDialog& sheet) { set(sheet, "mailSubject", "About INV/26-27/001"); };
         press(screen, "primaryAction");
         const auto message = EmailReceipt::parse(Files::read(toPath(desk.path()) / "INV-26-27-001.eml"));
@@ -129,6 +133,7 @@ private slots:
         QCOMPARE(control<QLabel>(screen, "documentTitle").text(), QStringLiteral("CN/26-27/001"));
         screen.select(invoice().id);
         QCOMPARE(status(), QStringLiteral("Paid"));
+        picture(window, QStringLiteral("invoice-5-paid"));
         QVERIFY2(prompts.alerts.isEmpty(), qPrintable(prompts.alerts.join(QLatin1Char('\n'))));
     }
 };
