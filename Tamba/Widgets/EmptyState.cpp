@@ -79,7 +79,7 @@ void EmptyState::fit() {
     const int room = std::clamp(width() - 48, 160, 400);
     sentence_->setFixedWidth(room);
     // Centred in the layout, a label that wraps gets no height for its width.
-    sentence_->setMinimumHeight(sentence_->heightForWidth(room));
+    sentence_->setMinimumHeight(std::max(0, sentence_->heightForWidth(room)));
 }
 
 void EmptyState::resizeEvent(QResizeEvent*) { fit(); }

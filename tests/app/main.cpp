@@ -27,6 +27,11 @@ int main(int argc, char** argv) {
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     tamba::Style::install(application);
+    const bool pictures = qEnvironmentVariableIsSet("TAMBA_SHOTS");
+    const auto light = [&] {
+        tamba::Style::apply(application, tamba::Colors::make(false, tamba::Icons::colorOf("1E4A66")));
+    };
+    light();
     // The same pictures show whether the longer words of another language fit.
     if (qEnvironmentVariable("TAMBA_SHOTS_LANGUAGE") == QLatin1String("hi"))
         tamba::Translations::install(application, tamba::Remembered::Appearance::Language::hindi);
@@ -36,9 +41,8 @@ int main(int argc, char** argv) {
         // Pictures are made to be looked at, when asked for and then alone; a journey is a test and pictures.
         const QByteArrayView name(test->metaObject()->className());
         const bool shots = name.endsWith("ShotsTests"), journey = name.endsWith("JourneyTests");
-        if (!journey && shots != qEnvironmentVariableIsSet("TAMBA_SHOTS")) continue;
-        // Whatever the class before has left.
-        tamba::Style::apply(application, tamba::Colors::make(false, tamba::Icons::colorOf("1E4A66")));
+        if (!journey && shots != pictures) continue;
+        if (pictures) light();
         failed += QTest::qExec(test.get(), argc, argv);
     }
     return failed == 0 ? 0 : 1;
