@@ -33,13 +33,9 @@ void FilmEncoder::add(QImage picture, Ticks at) {
     changed_.notify_all();
 }
 
-bool FilmEncoder::offer(QImage picture, Ticks at) {
+bool FilmEncoder::isBehind() {
     const std::lock_guard lock(mutex_);
-    rethrow();
-    if (parts_.size() >= mostWaiting) return false;
-    parts_.push_back(Picture{std::move(picture), at});
-    changed_.notify_all();
-    return true;
+    return parts_.size() >= mostWaiting && !failure_;
 }
 
 void FilmEncoder::add(const Cue& cue) {

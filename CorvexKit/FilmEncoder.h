@@ -23,8 +23,8 @@ public:
 
     /// Waits while the writing is behind. Throws when it has failed.
     void add(QImage picture, Ticks at);
-    /// Never waits: false, and nothing added, while the writing is behind.
-    [[nodiscard]] bool offer(QImage picture, Ticks at);
+    /// The next picture would have to wait.
+    [[nodiscard]] bool isBehind();
     void add(const Cue& cue);
     /// No more comes. `done` is called on the other thread once the film has its name, or once it has failed.
     void end(Ticks at, std::function<void()> done = {});

@@ -90,6 +90,8 @@ void StoryboardRunner::tick() {
             if (const auto cue = cues_.show({}, now_)) reel_.cue(*cue);
             return end([this] { emit finished(); });
         }
+        // Not every platform hands the keys back when a dialog is closed.
+        if (!QApplication::activeWindow()) Hands::foremost(*stage_.window).activateWindow();
         Marks marks = marks_;
         marks.pointer = hand_;
         marks.pressed = held_;
@@ -108,7 +110,8 @@ void StoryboardRunner::tick() {
 void StoryboardRunner::act() {
     while (beats_.empty() && next()) {
         const StoryStep& step = *next();
-        if (sought_ == 0) emit progressed(static_cast<int>(step_) + 1, static_cast<int>(board_.steps.size()));
+        if (std::exchange(told_, step_ + 1) != step_ + 1)
+            emit progressed(static_cast<int>(step_) + 1, static_cast<int>(board_.steps.size()));
         if (over_ || !begin(step)) return;
         sought_ = 0;
         ++step_;
@@ -157,6 +160,9 @@ bool StoryboardRunner::clickOn(const StoryStep& step) {
                                                      : Hands::entry(*stage_.window, step.text);
     const bool there = target && target->widget->isVisible() && target->widget->isEnabled();
     if (!there) {
+        // A click beside a menu or a list closes it.
+        QWidget* popup = QApplication::activePopupWidget();
+        if (popup && step.kind != StoryStep::Kind::choose) popup->close();
         if (++sought_ <= patience) return false;
         const QString what = step.kind == StoryStep::Kind::go ? QStringLiteral("there is no screen “%1”.")
                              : target                         ? QStringLiteral("“%1” cannot be clicked now.")

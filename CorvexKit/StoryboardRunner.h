@@ -86,6 +86,7 @@ private:
     std::unique_ptr<VirtualTimers> timers_;
     std::deque<std::function<void()>> beats_;  // one for each frame to come of the present step
     std::size_t step_ = 0;
+    std::size_t told_ = 0;
     Ticks now_ = 0;
     int sought_ = 0;  // frames for which the next step's target was not there
     Marks marks_;

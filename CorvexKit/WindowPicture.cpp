@@ -93,14 +93,12 @@ void drawPointer(QPainter& painter, const QPointF& tip, const Marks& marks) {
         painter.setPen(QPen(QColor(230, 110, 30), 3));
         painter.drawEllipse(QPointF(), 16, 16);
     }
-    if (marks.drawsPointer) {
-        QPainterPath arrow;
-        arrow.addPolygon(QPolygonF({{0, 0}, {0, 18}, {4.2, 14.2}, {7, 20.6}, {9.8, 19.4}, {7, 13.2}, {12.8, 13.2}}));
-        arrow.closeSubpath();
-        painter.setPen(QPen(Qt::white, 2.6, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
-        painter.drawPath(arrow);
-        painter.fillPath(arrow, Qt::black);
-    }
+    QPainterPath arrow;
+    arrow.addPolygon(QPolygonF({{0, 0}, {0, 18}, {4.2, 14.2}, {7, 20.6}, {9.8, 19.4}, {7, 13.2}, {12.8, 13.2}}));
+    arrow.closeSubpath();
+    painter.setPen(QPen(Qt::white, 2.6, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
+    painter.drawPath(arrow);
+    painter.fillPath(arrow, Qt::black);
     if (!marks.carried.isEmpty()) {
         const QFontMetrics metrics(painter.font());
         const QRectF box(14, 20, metrics.horizontalAdvance(marks.carried) + 22, metrics.height() + 10);
@@ -132,7 +130,7 @@ QImage pictureOf(QWidget& window, const QSize& size, const Marks& marks) {
     painter.restore();
 
     QFont font = QApplication::font();
-    font.setPixelSize(std::max(13, size.height() / 34));
+    font.setPixelSize(std::max(13, size.height() / 38));
     font.setWeight(QFont::DemiBold);
     const qreal above = drawCaption(painter, size, font, marks.caption);
     font.setPixelSize(font.pixelSize() * 4 / 5);

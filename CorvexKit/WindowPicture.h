@@ -14,7 +14,6 @@ namespace tamba {
 /// What a film shows over the window.
 struct Marks {
     std::optional<QPointF> pointer;  ///< in the window's coordinates
-    bool drawsPointer = true;        ///< as an arrow; a press is marked either way
     bool pressed = false;
     QString keys;     ///< "Ctrl+K", just pressed
     QString carried;  ///< the name of a file that the pointer carries

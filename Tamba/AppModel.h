@@ -113,7 +113,7 @@ private:
     std::unique_ptr<LibrarySession> session_;
     Library library_;
     History history_;
-    QTimer saveTimer_;
+    QTimer saveTimer_{this};
     QTimer dayTimer_;
     Day day_;
     Saving saving_ = Saving::saved;

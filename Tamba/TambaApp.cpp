@@ -1,5 +1,6 @@
 #include "Tamba/TambaApp.h"
 
+#include "Tamba/DemoFilm.h"
 #include "Tamba/Icons.h"
 #include "Tamba/Instance.h"
 #include "Tamba/QtText.h"
@@ -14,9 +15,12 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <optional>
+#include <string_view>
 
 namespace tamba {
 namespace {
@@ -38,6 +42,13 @@ void applyLooks(QApplication& application, const AppModel& model) {
 }
 
 int runTamba(int argc, char** argv) {
+    // A film needs no screen.
+    const auto given = [&](const char* name) {
+        return std::find(argv, argv + argc, std::string_view(name)) != argv + argc;
+    };
+    const auto set = [](const char* name) { return !qEnvironmentVariableIsEmpty(name); };
+    if (given("--record-demo") && !set("DISPLAY") && !set("WAYLAND_DISPLAY") && !set("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     // Qt takes over the desktop's locale; files are written the same everywhere.
     std::setlocale(LC_NUMERIC, "C");
@@ -48,11 +59,23 @@ int runTamba(int argc, char** argv) {
     parser.setApplicationDescription(QObject::tr("Bookkeeping for freelancers and small studios."));
     parser.addHelpOption();
     parser.addVersionOption();
+    const QCommandLineOption story(QStringLiteral("record-demo"),
+                                   QObject::tr("Play this storyboard on the sample books and film it."),
+                                   QStringLiteral("STORYBOARD"));
+    const QCommandLineOption film({QStringLiteral("o"), QStringLiteral("output")},
+                                  QObject::tr("Where the film goes: a name that ends in .mp4 or .webm."),
+                                  QStringLiteral("FILE"));
+    parser.addOptions({story, film});
     parser.addPositionalArgument(QStringLiteral("FOLDER"), QObject::tr("The books to open."),
                                  QStringLiteral("[FOLDER]"));
     parser.addPositionalArgument(QStringLiteral("FILE"), QObject::tr("Receipts and statements to add to them."),
                                  QStringLiteral("[FILE…]"));
     parser.process(application);
+    if (parser.isSet(story) != parser.isSet(film)) {
+        std::fputs("--record-demo STORYBOARD and -o FILE belong together.\n", stderr);
+        return 2;
+    }
+    if (parser.isSet(story)) return recordDemo(application, parser.value(story), toPath(parser.value(film)));
     const auto arguments = StartArguments::of(parser.positionalArguments());
     const auto named = namedFolder(arguments);
     if (Instance::handOver(StartUp::folder(named), arguments.files)) return 0;

@@ -45,8 +45,13 @@ std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
 }  // namespace
 
 Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::MakeScan scan)
-    : model_(model), prompts_(std::move(prompts)) {
-    if (!prompts_) prompts_ = std::make_unique<DialogPrompts>(*this);
+    : Window(
+          model,
+          [&prompts](Window& window) { return prompts ? std::move(prompts) : std::make_unique<DialogPrompts>(window); },
+          std::move(scan)) {}
+
+Window::Window(AppModel& model, const MakePrompts& makePrompts, ReceiptQueue::MakeScan scan)
+    : model_(model), prompts_(makePrompts(*this)) {
     setObjectName(QStringLiteral("window"));
     setWindowTitle(QStringLiteral("Tamba"));
     setAcceptDrops(true);

@@ -46,6 +46,10 @@ public:
     /// `prompts` null: dialogs over this window.
     explicit Window(AppModel& model, std::unique_ptr<Prompts> prompts = nullptr,
                     ReceiptQueue::MakeScan scan = ReceiptQueue::receiptReader());
+    /// For prompts that need the window they ask over.
+    using MakePrompts = std::function<std::unique_ptr<Prompts>(Window& window)>;
+    Window(AppModel& model, const MakePrompts& makePrompts,
+           ReceiptQueue::MakeScan scan = ReceiptQueue::receiptReader());
     ~Window() override;
 
     /// Reads these files and adds them as expenses.

@@ -26,6 +26,8 @@ public:
     void setDocument(const Library& library, const LibraryStore& store, const Document& document);
     /// The pages shown are those of the document last set.
     [[nodiscard]] bool isSettled() const { return !timer_.isActive() && shown_ == latest_; }
+    /// Pages are being made off the main thread.
+    [[nodiscard]] bool isRendering() const { return !timer_.isActive() && shown_ != latest_; }
     [[nodiscard]] std::size_t pageCount() const { return pages_.size(); }
 
 protected:
@@ -53,7 +55,7 @@ private:
     std::optional<Source> source_;
     std::vector<QImage> pages_;
     QString problem_;
-    QTimer timer_;
+    QTimer timer_{this};
     int renderedWidth_ = 0;
     int shown_ = 0;
     QThread thread_;

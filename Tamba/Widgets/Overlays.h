@@ -48,7 +48,7 @@ private:
     QLabel* text_;
     QPushButton* action_;
     std::function<void()> work_;
-    QTimer timer_;
+    QTimer timer_{this};
 };
 
 /// Lies over the window while files hover and says what will become of them.

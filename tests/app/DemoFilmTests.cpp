@@ -1,0 +1,108 @@
+#include "tests/app/Support.h"
+
+#include <cstdlib>
+
+namespace tamba {
+
+/// Films of the program: a storyboard from the command line, and what a person does from the menu.
+class DemoFilmTests : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir folder_;
+
+    QString put(const QString& name, const QByteArray& text) {
+        QFile file(folder_.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) qFatal("no test file");
+        return file.fileName();
+    }
+    [[nodiscard]] QStringList films() const {
+        return QDir(folder_.path())
+            .entryList({QStringLiteral("*.mp4*"), QStringLiteral(".*.mp4*")}, QDir::Files | QDir::Hidden);
+    }
+    void start(QProcess& program, const QStringList& arguments) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("HOME"), folder_.path());
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(TAMBA_PROGRAM), arguments);
+    }
+    /// Width, height, rate, frames and streams as ffprobe tells them; nothing without it.
+    QString probed(const QString& film) {
+        QProcess probe;
+        probe.start(QStringLiteral("ffprobe"),
+                    {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-count_packets"),
+                     QStringLiteral("-show_entries"),
+                     QStringLiteral("stream=codec_name,width,height,r_frame_rate,nb_read_packets:format=duration"),
+                     QStringLiteral("-of"), QStringLiteral("csv"), film});
+        return probe.waitForFinished(60000) ? QString::fromUtf8(probe.readAllStandardOutput()) : QString();
+    }
+    static bool canProbe() {
+        if (!QStandardPaths::findExecutable(QStringLiteral("ffprobe")).isEmpty()) return true;
+        if (std::getenv("CI")) qFatal("ffprobe is missing: the package ffmpeg is to be installed.");
+        return false;
+    }
+
+private slots:
+    void cleanup() {
+        for (const QString& film : films()) QFile::remove(folder_.filePath(film));
+    }
+
+    void aStoryboardIsFilmedOnTheSampleBooks() {
+        if (!canProbe()) QSKIP("NOT TESTED: ffprobe is not installed (package ffmpeg), so no film was looked at.");
+        const QString story = put(QStringLiteral("short.story"),
+                                  "size 640x400\ntoday 2026-11-21\ncaption The invoices\ngo invoices\n"
+                                  "press Ctrl+N\ncaption Another one\nwait 1\n");
+        const QString film = folder_.filePath(QStringLiteral("short.mp4"));
+        QProcess program;
+        start(program, {QStringLiteral("--record-demo"), story, QStringLiteral("-o"), film});
+        QVERIFY(program.waitForFinished(120000));
+        QVERIFY2(program.exitCode() == 0, program.readAllStandardError().constData());
+        // Frames: 39 of a click, 26 of keys, 30 of the wait.
+        const QStringList facts = probed(film).split(QLatin1Char('\n'));
+        QCOMPARE(facts.value(0), QStringLiteral("stream,h264,640,400,30/1,95"));
+        QVERIFY2(facts.value(1).startsWith(QStringLiteral("stream,mov_text,")), qPrintable(facts.value(1)));
+        QCOMPARE(facts.value(2), QStringLiteral("format,3.166667"));
+    }
+
+    void aFilmThatIsNotMadeSaysWhyAndLeavesNothing_data() {
+        QTest::addColumn<QByteArray>("story");
+        QTest::addColumn<QString>("film");
+        QTest::addColumn<QString>("sentence");
+        const auto row = [](const char* name, const char* story, const char* film, const char* sentence) {
+            QTest::newRow(name) << QByteArray(story) << QString::fromUtf8(film) << QString::fromUtf8(sentence);
+        };
+        row("step", "wait 0.1\nclick treasure", "a.mp4", "Line 2: there is no “treasure” to be clicked.");
+        row("story", "wait forever", "a.mp4",
+            "Line 1: say how many seconds to wait, such as 1.5 and at most 600, or “until idle”.");
+        row("folder", "wait 1", "none/a.mp4", "The film “a.mp4” could not be made: no such file or directory.");
+        row("interrupted", "wait 500", "a.mp4", "The film was given up.");
+    }
+    void aFilmThatIsNotMadeSaysWhyAndLeavesNothing() {
+        QFETCH(QByteArray, story);
+        QFETCH(QString, film);
+        QFETCH(QString, sentence);
+        QProcess program;
+        start(program, {QStringLiteral("--record-demo"), put(QStringLiteral("bad.story"), story), QStringLiteral("-o"),
+                        folder_.filePath(film)});
+        QByteArray said;
+        const auto hears = [&](const char* word) {
+            said += program.readAllStandardError();
+            return said.contains(word) || program.state() == QProcess::NotRunning;
+        };
+        if (story == "wait 500") {
+            QTRY_VERIFY_WITH_TIMEOUT(hears("Step 1 of 1"), 120000);
+            program.terminate();
+        }
+        QVERIFY(program.waitForFinished(120000));
+        said += program.readAllStandardError();
+        QCOMPARE(program.exitCode(), 1);
+        QVERIFY2(QString::fromUtf8(said).trimmed().endsWith(sentence), said.constData());
+        QCOMPARE(films(), QStringList());
+    }
+};
+
+static const TestClass<DemoFilmTests> registered;
+
+}  // namespace tamba
+
+#include "DemoFilmTests.moc"
