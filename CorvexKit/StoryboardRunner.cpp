@@ -41,6 +41,8 @@ void StoryboardRunner::start() {
     // A caret that blinks by the machine’s clock would be another one in each film.
     QApplication::setCursorFlashTime(0);
     hand_ = QPointF(stage_.window->width() * 0.6, stage_.window->height() * 0.6);
+    // A caption that a film begins with is there from the first frame.
+    for (; next() && next()->kind == StoryStep::Kind::caption; ++step_) (void)begin(*next());
     QMetaObject::invokeMethod(this, &StoryboardRunner::tick, Qt::QueuedConnection);
 }
 

@@ -102,6 +102,9 @@ private:
     void makeExpenseMenu();
     void makeDocumentMenu();
     void makeClientMenu();
+    // WindowHelp.cpp
+    void makeHelpMenu();
+    void recordDemonstration();
     /// Fills a menu with what can be done with a screen's selection, or says what is missing.
     void fillSelectionMenu(QMenu& menu, Screen screen, bool selected, const QString& otherwise,
                            const std::function<void()>& fill);
@@ -172,6 +175,7 @@ private:
     QAction* print_ = nullptr;
     QAction* find_ = nullptr;
     QAction* delete_ = nullptr;
+    QAction* record_ = nullptr;
     QAction* undo_ = nullptr;
     QAction* redo_ = nullptr;
     std::vector<QAction*> needBooks_;  // only with open books

@@ -27,6 +27,7 @@ void Window::makeMenus() {
     makeDocumentMenu();
     makeClientMenu();
     makeBankMenu();
+    makeHelpMenu();
     refreshMenus();
 }
 

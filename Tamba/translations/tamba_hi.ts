@@ -203,6 +203,14 @@
         <source>Reports</source>
         <translation>रिपोर्ट</translation>
     </message>
+    <message>
+        <source>Play this storyboard on the sample books and film it.</source>
+        <translation>इस पटकथा को नमूना बही पर चलाकर उसका वीडियो बनाएँ।</translation>
+    </message>
+    <message>
+        <source>Where the film goes: a name that ends in .mp4 or .webm.</source>
+        <translation>वीडियो कहाँ रखा जाए: नाम जिसके अंत में .mp4 या .webm हो।</translation>
+    </message>
 </context>
 <context>
     <name>Rows</name>
@@ -3876,6 +3884,33 @@
     </message>
 </context>
 <context>
+    <name>tamba::RecorderBar</name>
+    <message>
+        <source>Recording</source>
+        <translation>वीडियो बन रहा है</translation>
+    </message>
+    <message>
+        <source>Caption</source>
+        <translation>शीर्षक</translation>
+    </message>
+    <message>
+        <source>A caption; Return shows it</source>
+        <translation>शीर्षक; Return दबाने पर दिखता है</translation>
+    </message>
+    <message>
+        <source>Stop and Keep</source>
+        <translation>रोकें और रखें</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>Finishing</source>
+        <translation>पूरा हो रहा है</translation>
+    </message>
+</context>
+<context>
     <name>tamba::RecordsPane</name>
     <message>
         <source>Record</source>
@@ -5160,6 +5195,22 @@
     <message>
         <source>What’s New</source>
         <translation>नया क्या है</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>मदद (&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Record a Demonstration…</source>
+        <translation>वीडियो में करके दिखाएँ… (&amp;R)</translation>
+    </message>
+    <message>
+        <source>Record a Demonstration</source>
+        <translation>वीडियो में करके दिखाएँ</translation>
+    </message>
+    <message>
+        <source>“%1” is made. Its longest pause between two pictures was %2 ms.</source>
+        <translation>“%1” बन गया। दो चित्रों के बीच सबसे लंबा अंतर %2 ms रहा।</translation>
     </message>
 </context>
 <context>

@@ -55,8 +55,8 @@ wait 2.5
 caption Ctrl+K finds anything, down to the words on a receipt
 press Ctrl+K
 type drawing paper
-wait 2
+wait 2.5
+caption Your books stay yours: one folder, no account, no server
 press Escape
 go overview
-caption Your books stay yours: one folder, no account, no server
 wait 3

@@ -1,0 +1,62 @@
+#include "CorvexKit/LiveRecorder.h"
+#include "Tamba/QtText.h"
+#include "Tamba/Widgets/Overlays.h"
+#include "Tamba/Widgets/RecorderBar.h"
+#include "Tamba/Window.h"
+
+#include <QDesktopServices>
+#include <QMenuBar>
+#include <QUrl>
+
+namespace tamba {
+
+void Window::makeHelpMenu() {
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->setObjectName(QStringLiteral("helpMenu"));
+    record_ = help->addAction(tr("&Record a Demonstration…"), this, &Window::recordDemonstration);
+}
+
+void Window::recordDemonstration() {
+    const auto file = prompts_->saveFile(tr("Record a Demonstration"), "tamba.mp4");
+    if (!file) return;
+    LiveRecorder* recorder = nullptr;
+    try {
+        recorder = new LiveRecorder(*this, *file, this);
+    } catch (const DemoError& error) {
+        return prompts_->alert(error.sentence());
+    }
+    record_->setEnabled(false);
+    auto* bar = new RecorderBar(this);
+    const auto over = [this, bar, recorder] {
+        bar->deleteLater();
+        recorder->deleteLater();
+        record_->setEnabled(true);
+    };
+    connect(recorder, &LiveRecorder::progressed, bar, &RecorderBar::setSeconds);
+    connect(bar, &RecorderBar::captionChanged, recorder, &LiveRecorder::setCaption);
+    connect(bar, &RecorderBar::stopped, recorder, [bar, recorder] {
+        bar->setFinishing();
+        recorder->stop();
+    });
+    connect(bar, &RecorderBar::cancelled, this, [this, over] {
+        over();
+        toast_->show(tr("Cancelled"));
+    });
+    connect(recorder, &LiveRecorder::finished, this, [this, over, recorder, file] {
+        over();
+        const QString name = toQt(file->filename());
+        toast_->show(tr("“%1” is made. Its longest pause between two pictures was %2 ms.")
+                         .arg(name)
+                         .arg(recorder->longestGapMilliseconds()),
+                     tr("Show"), [file] { QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(*file))); });
+    });
+    connect(recorder, &LiveRecorder::failed, this, [this, over](const DemoError& error) {
+        over();
+        prompts_->alert(error.sentence());
+    });
+    bar->adjustSize();
+    bar->move(mapToGlobal(QPoint((width() - bar->width()) / 2, height() - bar->height() - 48)));
+    bar->show();
+}
+
+}  // namespace tamba
