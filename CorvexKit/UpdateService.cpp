@@ -35,8 +35,9 @@ bool isSafe(const QUrl& url) { return url.isValid() && url.scheme() == QLatin1St
 UpdateService::UpdateService(UpdateConfiguration configuration, QObject* parent)
     : QObject(parent), configuration_(std::move(configuration)), manager_(new QNetworkAccessManager(this)) {
     if (!isSafe(configuration_.feed) || configuration_.context.keys.empty()) {
-        status_ = {Stage::off, QStringLiteral("This copy was built without a place to get updates from."), {}, {}, 0,
-                   0};
+        status_ = {Stage::off, QStringLiteral("Updates are off: this copy was built without a place to get them from."),
+                   {},         {},
+                   0,          0};
         return;
     }
     daily_.setInterval(std::chrono::hours(1));
