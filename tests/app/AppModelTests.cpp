@@ -111,6 +111,25 @@ private slots:
         QCOMPARE(model.library().expenses.size(), std::size_t(3));
     }
 
+    void anOlderCopyThatComesBackTakesNoStepFromTheHistory() {
+        OpenBooks books;
+        QVERIFY(books.rename("older"));
+        QVERIFY(books.model.saveNow());
+        const std::string older = Files::read(books.path() / "tamba.json");
+        QVERIFY(books.rename("newer"));
+        QVERIFY(books.model.saveNow());
+        Files::writeAtomically(books.path() / "tamba.json", older);
+        QSignalSpy noticed(&books.model, &AppModel::noticed);
+        books.model.lookForOtherChanges();
+        QVERIFY(books.rename("newest"));
+        QVERIFY(books.model.saveNow());
+        QCOMPARE(books.onDisk().business.name, std::string("newest"));
+        QCOMPARE(noticed.count(), 0);
+        books.model.undo();
+        books.model.undo();
+        QCOMPARE(books.model.library().business.name, std::string("older"));
+    }
+
     void aSaveThatFailsIsReportedOnceAndTriedAgain() {
         OpenBooks books;
         QSignalSpy refused(&books.model, &AppModel::refused);
