@@ -297,4 +297,8 @@ Waiting waiting(const Library& library, Day today) {
     return result;
 }
 
+bool isQuick(const Library& library) {
+    return library.documents.size() + library.expenses.size() + library.transactions.size() <= 2'000;
+}
+
 }  // namespace tamba

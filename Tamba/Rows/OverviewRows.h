@@ -80,4 +80,7 @@ struct Waiting {
 };
 [[nodiscard]] Waiting waiting(const Library& library, Day today);
 
+/// Books that are looked through in less time than a frame takes: there is no need of a thread.
+[[nodiscard]] bool isQuick(const Library& library);
+
 }  // namespace tamba

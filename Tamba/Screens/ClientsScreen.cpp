@@ -9,6 +9,7 @@
 #include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/RowDelegate.h"
+#include "Tamba/Widgets/WhenSeen.h"
 #include "TambaCore/Documents/Clients.h"
 
 #include <QCheckBox>
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -93,13 +95,18 @@ ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions&
     });
     connect(inspector_, &ClientInspector::deleteChosen, this, &ClientsScreen::deleteSelected);
     connect(inspector_, &ClientInspector::archiveChosen, this, &ClientsScreen::archive);
-    connect(&model_, &AppModel::changed, this, &ClientsScreen::refresh);
-    connect(&model_, &AppModel::dayChanged, this, &ClientsScreen::refresh);
+    seen_ = new WhenSeen(*this, model_, [this] { refresh(); });
+    connect(&model_, &AppModel::changed, seen_, &WhenSeen::refresh);
+    connect(&model_, &AppModel::dayChanged, seen_, &WhenSeen::refresh);
     connect(&model_, &AppModel::opened, this, [this] {
-        search_->clear();
-        archived_->setChecked(false);
-        refresh();
-        if (rows_.rowCount() > 0) table_->selectRow(0);
+        {
+            const QSignalBlocker quietSearch(search_), quietArchived(archived_);
+            search_->clear();
+            archived_->setChecked(false);
+        }
+        seen_->refreshThen([this] {
+            if (rows_.rowCount() > 0) table_->selectRow(0);
+        });
     });
     setFocusProxy(table_);
     setTabOrder(search_, archived_);
@@ -190,6 +197,7 @@ std::optional<UUID> ClientsScreen::selected() const {
 }
 
 void ClientsScreen::select(const UUID& client) {
+    seen_->catchUp();
     if (!rows_.rowOf(client)) {
         search_->clear();
         archived_->setChecked(true);

@@ -23,6 +23,7 @@ namespace tamba {
 
 class ClientInspector;
 class EmptyState;
+class WhenSeen;
 
 /// The table of clients with what they owe and how late they pay, and beside it the selected one.
 class ClientsScreen : public QWidget {
@@ -80,6 +81,7 @@ private:
     QLabel* overdue_;
     QLabel* owed_;
     ClientInspector* inspector_;
+    WhenSeen* seen_;
 };
 
 }  // namespace tamba

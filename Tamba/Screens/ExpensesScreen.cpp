@@ -10,6 +10,7 @@
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/PeriodPicker.h"
 #include "Tamba/Widgets/RowDelegate.h"
+#include "Tamba/Widgets/WhenSeen.h"
 #include "TambaCore/Documents/Expenses.h"
 
 #include <QLabel>
@@ -107,17 +108,24 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
     connect(inspector_, &ExpenseInspector::deleteChosen, this, &ExpensesScreen::deleteSelected);
     connect(inspector_, &ExpenseInspector::recurringChosen, this, &ExpensesScreen::recurringChosen);
     connect(inspector_, &ExpenseInspector::categoryChosen, this, &ExpensesScreen::setCategory);
-    connect(&model_, &AppModel::changed, this, &ExpensesScreen::refresh);
+    seen_ = new WhenSeen(*this, model_, [this] { refresh(); });
+    connect(&model_, &AppModel::changed, seen_, &WhenSeen::refresh);
     connect(&model_, &AppModel::opened, this, [this] {
-        search_->clear();
-        period_->choose(Span::all, model_.today());
-        showList(ExpenseList::all);
-        if (rows_.rowCount() > 0) table_->selectRow(0);
-        // Keys go to the list, or to the one thing to do in an empty book.
-        if (rows_.rowCount() > 0)
-            table_->setFocus();
-        else
-            empty_->setFocus();
+        {
+            const QSignalBlocker quietSearch(search_), quietPeriod(period_);
+            search_->clear();
+            period_->choose(Span::all, model_.today());
+        }
+        filter_.list = ExpenseList::all;
+        emit listChanged(filter_.list);
+        seen_->refreshThen([this] {
+            if (rows_.rowCount() > 0) table_->selectRow(0);
+            // Keys go to the list, or to the one thing to do in an empty book.
+            if (rows_.rowCount() > 0)
+                table_->setFocus();
+            else
+                empty_->setFocus();
+        });
     });
     setFocusProxy(table_);
     setTabOrder(search_, addReceipts_);
@@ -229,6 +237,7 @@ bool ExpensesScreen::isEditing() const {
 }
 
 void ExpensesScreen::select(const std::vector<UUID>& ids) {
+    seen_->catchUp();
     const auto shown = [&] {
         return std::all_of(ids.begin(), ids.end(), [this](const UUID& id) { return rows_.rowOf(id).has_value(); });
     };

@@ -21,6 +21,7 @@ namespace tamba {
 class EmptyState;
 class ExpenseInspector;
 class PeriodPicker;
+class WhenSeen;
 
 /// The table of expenses with search, period and total, and beside it the inspector of what is selected.
 class ExpensesScreen : public QWidget {
@@ -89,6 +90,7 @@ private:
     QLabel* tax_;
     QLabel* total_;
     ExpenseInspector* inspector_;
+    WhenSeen* seen_;
 };
 
 }  // namespace tamba

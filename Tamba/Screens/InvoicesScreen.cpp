@@ -12,6 +12,7 @@
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/PeriodPicker.h"
 #include "Tamba/Widgets/RowDelegate.h"
+#include "Tamba/Widgets/WhenSeen.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
@@ -182,13 +183,16 @@ void InvoicesScreen::makeConnections() {
     connect(pane_, &DocumentPane::deleteChosen, this, &InvoicesScreen::deleteSelected);
     connect(pane_, &DocumentPane::noticed, this, &InvoicesScreen::noticed);
     connect(&actions_, &DocumentActions::documentChosen, this, &InvoicesScreen::select);
-    connect(&model_, &AppModel::changed, this, [this] { refresh(Because::booksChanged); });
+    seen_ = new WhenSeen(*this, model_, [this] { refresh(Because::booksChanged); });
+    connect(&model_, &AppModel::changed, seen_, &WhenSeen::refresh);
     connect(&model_, &AppModel::opened, this, [this] {
         pane_->setDocument({});
-        clearFilters();
-        showKind(DocKind::invoice);
+        seen_->refreshThen([this] {
+            clearFilters();
+            showKind(DocKind::invoice);
+        });
     });
-    connect(&model_, &AppModel::dayChanged, this, [this] { refresh(Because::booksChanged); });
+    connect(&model_, &AppModel::dayChanged, seen_, &WhenSeen::refresh);
     // Only while the screen is seen: a hidden widget's shortcut is nobody's.
     auto* preview = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), this);
     connect(preview, &QShortcut::activated, pane_, &DocumentPane::togglePreview);
@@ -318,6 +322,7 @@ void InvoicesScreen::selectionChanged() {
 void InvoicesScreen::select(const UUID& document) {
     const Document* wanted = model_.library().document(document);
     if (!wanted) return;
+    seen_->catchUp();
     if (filter_.kind != wanted->kind) showKind(wanted->kind);
     if (!rows_.rowOf(document)) clearFilters();
     selectIds(*table_, rows_, {document});

@@ -25,6 +25,7 @@ namespace tamba {
 class DocumentPane;
 class EmptyState;
 class PeriodPicker;
+class WhenSeen;
 
 /// Invoices, estimates and credit notes as three tabs: the list on the left, on the right the document itself. A draft
 /// is edited in place, what was issued is shown as the page it is.
@@ -100,6 +101,7 @@ private:
     QLabel* due_;
     QLabel* total_;
     DocumentPane* pane_;
+    WhenSeen* seen_;
 };
 
 }  // namespace tamba

@@ -22,8 +22,6 @@
 namespace tamba {
 namespace {
 
-/// Books of at most so many records are looked through in less time than a frame takes.
-constexpr std::size_t quick = 2'000;
 /// Below this the panels stand under each other and the figures two by two.
 constexpr int sideBySide = 900;
 
@@ -172,8 +170,7 @@ void OverviewScreen::refresh() {
     stale_ = true;
     if (!isVisible()) return;
     const Library& library = model_.library();
-    if (library.documents.size() + library.expenses.size() + library.transactions.size() <= quick && !running_)
-        return present(overview(library, model_.today()));
+    if (isQuick(library) && !running_) return present(overview(library, model_.today()));
     if (running_) {
         again_ = true;
         return;

@@ -9,6 +9,7 @@
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/PeriodPicker.h"
 #include "Tamba/Widgets/RowDelegate.h"
+#include "Tamba/Widgets/WhenSeen.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Clients.h"
 
@@ -94,12 +95,17 @@ ProjectsScreen::ProjectsScreen(AppModel& model, Prompts& prompts, QWidget* paren
         search_->clear();
         archived_->setChecked(true);
     });
-    connect(&model_, &AppModel::changed, this, &ProjectsScreen::refresh);
+    seen_ = new WhenSeen(*this, model_, [this] { refresh(); });
+    connect(&model_, &AppModel::changed, seen_, &WhenSeen::refresh);
     connect(&model_, &AppModel::opened, this, [this] {
-        search_->clear();
-        archived_->setChecked(false);
-        refresh();
-        if (rows_.rowCount() > 0) table_->selectRow(0);
+        {
+            const QSignalBlocker quietSearch(search_), quietArchived(archived_);
+            search_->clear();
+            archived_->setChecked(false);
+        }
+        seen_->refreshThen([this] {
+            if (rows_.rowCount() > 0) table_->selectRow(0);
+        });
     });
     setFocusProxy(table_);
     refresh();
@@ -258,6 +264,7 @@ std::optional<UUID> ProjectsScreen::selected() const {
 }
 
 void ProjectsScreen::select(const UUID& project) {
+    seen_->catchUp();
     if (!rows_.rowOf(project)) {
         search_->clear();
         archived_->setChecked(true);

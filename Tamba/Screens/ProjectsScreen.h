@@ -23,6 +23,7 @@ namespace tamba {
 
 class EmptyState;
 class PeriodPicker;
+class WhenSeen;
 
 /// Projects with what they earn and cost; beside the table the selected one, to be renamed, and the records its figures
 /// come from.
@@ -88,6 +89,7 @@ private:
     QStackedWidget* inspector_;
     QLineEdit* name_;
     QComboBox* client_;
+    WhenSeen* seen_;
     QLabel* recordsTitle_;
     QTableView* recordsTable_;
     QPushButton* archive_;

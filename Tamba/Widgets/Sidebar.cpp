@@ -263,8 +263,19 @@ void Sidebar::setSample(bool sample) {
 }
 
 void Sidebar::recount() {
-    waits_ = waiting(model_.library(), model_.today());
+    const Library& library = model_.library();
+    background_.cancel();
+    if (isQuick(library)) {
+        waits_ = waiting(library, model_.today());
+        return refresh();
+    }
     refresh();
+    background_.start([this, library, today = model_.today()](const std::atomic<bool>&) {
+        return [this, waits = waiting(library, today)] {
+            waits_ = waits;
+            refresh();
+        };
+    });
 }
 
 void Sidebar::refresh() {

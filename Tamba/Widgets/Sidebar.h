@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tamba/AppModel.h"
+#include "Tamba/Background.h"
 #include "Tamba/Rows/OverviewRows.h"
 
 #include <QWidget>
@@ -61,6 +62,7 @@ private:
     Waiting waits_;
     QPushButton* ownBooks_;
     QPushButton* saving_;
+    Background background_;  // counts large books
 };
 
 }  // namespace tamba
