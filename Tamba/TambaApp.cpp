@@ -41,6 +41,11 @@ void applyLooks(QApplication& application, const AppModel& model) {
     Style::apply(application, Colors::make(dark, Icons::colorOf(model.library().business.accentHex)));
 }
 
+bool saveTyping(AppModel& model) {
+    if (QWidget* field = QApplication::focusWidget()) field->clearFocus();
+    return model.saveNow();
+}
+
 int runTamba(int argc, char** argv) {
     // A film needs no screen.
     const auto given = [&](const char* name) {
@@ -90,11 +95,12 @@ int runTamba(int argc, char** argv) {
     QObject::connect(&watcher, &SignalWatcher::endRequested, &model, [&model] {
         // Nobody may be there to answer a question.
         model.blockSignals(true);
-        QCoreApplication::exit(model.saveNow() ? 0 : 1);
+        QCoreApplication::exit(saveTyping(model) ? 0 : 1);
     });
     // The session ends without asking every window first.
     QObject::connect(
-        &application, &QGuiApplication::commitDataRequest, &model, [&model] { model.saveNow(); }, Qt::DirectConnection);
+        &application, &QGuiApplication::commitDataRequest, &model, [&model] { saveTyping(model); },
+        Qt::DirectConnection);
     if (!Remembered::restoreSize(window)) window.resize(1440, 880);
     window.showScreen(Screen::overview);
     StartUp startUp(model, window, named);

@@ -1,5 +1,7 @@
 #include "Tamba/Rows/ExpenseRows.h"
+#include "Tamba/Rows/OverviewRows.h"
 #include "Tamba/Screens/ExpensesScreen.h"
+#include "Tamba/TambaApp.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Expenses.h"
 #include "tests/app/Support.h"
@@ -124,6 +126,38 @@ private slots:
         screen.select({library.expenses[3].id});
         choose("Convert to Rupees");
         QCOMPARE(library.expenses[3].amount, std::int64_t(80'000));
+    }
+
+    void whatIsBeingTypedIsSavedWhenTheSessionEnds() {
+        OpenBooks books;
+        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
+        Window window(books.model, std::make_unique<TestPrompts>());
+        window.showScreen(Screen::expenses);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        control<ExpensesScreen>(window, "expensesScreen").select({books.model.library().expenses[1].id});
+        auto& vendor = control<QLineEdit>(window, "vendor");
+        vendor.setFocus();
+        vendor.selectAll();
+        QTest::keyClicks(&vendor, QStringLiteral("Half a na"));
+        QVERIFY(saveTyping(books.model));
+        QCOMPARE(books.onDisk().expenses[1].vendor, std::string("Half a na"));
+    }
+
+    void theListBehindAnotherScreenIsFreshWhenItIsSeen() {
+        OpenBooks books;
+        Window window(books.model, std::make_unique<TestPrompts>());
+        window.show();
+        window.showScreen(Screen::overview);
+        books.model.perform(QStringLiteral("Sample"), [](Library, Day) {
+            Library library = someBooks();
+            while (isQuick(library)) library.expenses.append(anExpense({2026, 5, 1}, "Chai Point", 100));
+            return library;
+        });
+        auto& table = control<QTableView>(window, "expenses");
+        QCOMPARE(table.model()->rowCount(), 0);
+        window.showScreen(Screen::expenses);
+        QCOMPARE(table.model()->rowCount(), static_cast<int>(books.model.library().expenses.size()));
     }
 
     void fieldsBecomeUndoableSteps() {
