@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <compare>
+#include <tuple>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -51,6 +52,7 @@ struct Entry {
     const Category* category;
     Status status;
     std::int64_t home;  ///< amount in the home currency, for ordering by size
+    Day date;           ///< of the expense, beside what is sorted: thousands are compared by it
 };
 
 bool fits(const Library& library, const Entry& entry, const std::vector<std::string>& words) {
@@ -92,12 +94,30 @@ int compare(const Entry& a, const Entry& b, ExpenseOrder order) {
     return 0;
 }
 
-ExpenseRow rowOf(const Entry& entry) {
+/// What thousands of rows have in common, worked out once.
+class Common {
+public:
+    const Currency& currency(const std::string& code) {
+        const auto found = currencies_.find(code);
+        return found == currencies_.end() ? currencies_.emplace(code, Currency::of(code)).first->second : found->second;
+    }
+    const std::string& text(Day day) {
+        std::string& text = days_[day.number()];
+        if (text.empty()) text = day.formatted("d MMM yyyy");
+        return text;
+    }
+
+private:
+    std::unordered_map<std::string, Currency> currencies_;
+    std::unordered_map<std::int64_t, std::string> days_;
+};
+
+ExpenseRow rowOf(const Entry& entry, Common& common) {
     const Expense& e = *entry.expense;
-    const Currency currency = Currency::of(e.currency);
+    const Currency& currency = common.currency(e.currency);
     ExpenseRow row;
     row.id = e.id;
-    row.date = e.date.formatted("d MMM yyyy");
+    row.date = common.text(e.date);
     row.vendor = e.vendor;
     row.amount = MoneyFormat::string(e.amount, currency);
     if (e.tax != 0) row.tax = MoneyFormat::string(e.tax, currency);
@@ -129,25 +149,32 @@ ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
         if (!belongsTo(library, expense, filter.list)) continue;
         const auto found = expense.categoryID ? categories.find(*expense.categoryID) : categories.end();
         Entry entry{&expense, found == categories.end() ? nullptr : found->second, statusOf(library, expense),
-                    Expenses::inHomeCurrency(library, expense, expense.amount).value_or(0)};
+                    Expenses::inHomeCurrency(library, expense, expense.amount).value_or(0), expense.date};
         if (fits(library, entry, words)) entries.push_back(std::move(entry));
     }
-    std::sort(entries.begin(), entries.end(), [&filter](const Entry& a, const Entry& b) {
-        if (const int order = compare(a, b, filter.order); order != 0) return filter.ascending ? order < 0 : order > 0;
+    std::vector<const Entry*> sorted;
+    sorted.reserve(entries.size());
+    for (const Entry& entry : entries) sorted.push_back(&entry);
+    std::sort(sorted.begin(), sorted.end(), [&filter](const Entry* a, const Entry* b) {
+        if (const int order = compare(*a, *b, filter.order); order != 0)
+            return filter.ascending ? order < 0 : order > 0;
         // Within equals the latest comes first; by date, as chosen.
-        const bool up = filter.order == ExpenseOrder::date && filter.ascending;
-        const auto key = [](const Expense& e) { return std::tuple(e.date, e.createdAt, e.id); };
-        return up ? key(*a.expense) < key(*b.expense) : key(*b.expense) < key(*a.expense);
+        if (filter.order != ExpenseOrder::date || !filter.ascending) std::swap(a, b);
+        if (a->date != b->date) return a->date < b->date;
+        const auto key = [](const Expense& e) { return std::tie(e.createdAt, e.id); };
+        return key(*a->expense) < key(*b->expense);
     });
 
     ExpenseTable table;
     std::int64_t total = 0, tax = 0;
     std::size_t leftOut = 0;
-    table.rows.reserve(entries.size());
-    for (const Entry& entry : entries) {
-        table.rows.push_back(rowOf(entry));
-        const auto home = Expenses::inHomeCurrency(library, *entry.expense, entry.expense->amount);
-        const auto claimed = Expenses::inHomeCurrency(library, *entry.expense, entry.expense->tax);
+    table.rows.reserve(sorted.size());
+    Common common;
+    for (const Entry* entry : sorted) {
+        const Expense& expense = *entry->expense;
+        table.rows.push_back(rowOf(*entry, common));
+        const auto home = Expenses::inHomeCurrency(library, expense, expense.amount);
+        const auto claimed = Expenses::inHomeCurrency(library, expense, expense.tax);
         std::int64_t sum = 0;
         // Each is believable, yet thousands at the limit would not fit.
         if (!home || __builtin_add_overflow(total, *home, &sum)) {
@@ -155,7 +182,7 @@ ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
             continue;
         }
         total = sum;
-        if (entry.expense->claimTax && claimed && !__builtin_add_overflow(tax, *claimed, &sum)) tax = sum;
+        if (expense.claimTax && claimed && !__builtin_add_overflow(tax, *claimed, &sum)) tax = sum;
     }
     const std::size_t count = entries.size();
     table.count = count == 1 ? RowText::translate("Rows", "1 expense")
