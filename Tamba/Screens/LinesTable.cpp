@@ -202,7 +202,8 @@ void LinesTable::fill(const Document& draft) {
     while (rows_.size() > draft.lines.size() + 1) {
         // Deleted when the event loop comes round, since it may be one of its own cells that asked.
         rows_.back()->hide();
-        rows_.back()->disconnect();
+        // From here only: the style, too, waits to hear that a widget is gone.
+        rows_.back()->menu().disconnect(this);
         for (Cell* cell : rows_.back()->findChildren<Cell*>()) cell->disconnect(this);
         rows_.back()->detail().disconnect(this);
         rows_.back()->deleteLater();

@@ -231,8 +231,13 @@ private slots:
         press(Qt::Key_Up, Qt::AltModifier);
         QCOMPARE(names(), QStringLiteral("One Three Two "));
         press(Qt::Key_Up);
+        bool told = false;
+        connect(open.screen.findChild<QWidget*>(QStringLiteral("line3")), &QObject::destroyed, this,
+                [&told] { told = true; });
         press(Qt::Key_Delete, Qt::ControlModifier);
         QCOMPARE(names(), QStringLiteral("Three Two "));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY2(told, "the style keeps a widget that is gone, and falls over it when the looks change");
     }
 
     void whatIsRefusedIsMarkedAndLeavesTheDraft() {
