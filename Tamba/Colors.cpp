@@ -52,7 +52,7 @@ Colors Colors::make(bool dark, const QColor& accent) {
         c.strongBorder = QColor(0x514C46);
         c.text = QColor(0xECE8E2);
         c.muted = QColor(0xADA69B);
-        c.faint = QColor(0x8B8479);
+        c.faint = QColor(0x9A9388);
         c.warning = QColor(0xF0B95B);
         c.danger = QColor(0xF2917F);
         c.success = QColor(0x7FC79B);
@@ -65,14 +65,18 @@ Colors Colors::make(bool dark, const QColor& accent) {
         c.strongBorder = QColor(0xCDC7BD);
         c.text = QColor(0x1F1D1A);
         c.muted = QColor(0x69645B);
-        c.faint = QColor(0x8A8479);
+        c.faint = QColor(0x746E64);
         c.warning = QColor(0x8A5600);
         c.danger = QColor(0xA8321F);
         c.success = QColor(0x23663F);
     }
     c.accent = c.readable(accent);
+    // What is written on the tint is readable, too: a strong accent gives a weak tint.
+    float part = dark ? 0.18F : 0.10F;
+    const auto tinted = [&] { return c.accentTint = mixed(c.surface, c.accent, part); };
+    while (contrast(c.accent, tinted()) < 4.5F) c.accent = mixed(c.accent, dark ? Qt::white : Qt::black, 0.05F);
+    while (contrast(c.muted, tinted()) < 4.5F || contrast(c.danger, c.accentTint) < 4.5F) part -= 0.01F;
     c.onAccent = contrast(c.accent, Qt::white) >= 4.5F ? QColor(Qt::white) : QColor(0x1B1A18);
-    c.accentTint = mixed(c.surface, c.accent, dark ? 0.20F : 0.10F);
     c.focus = mixed(c.surface, c.accent, 0.55F);
     const float tint = dark ? 0.16F : 0.12F;
     c.warningTint = mixed(c.surface, dark ? c.warning : QColor(0xE2A021), dark ? tint : 0.18F);

@@ -75,6 +75,8 @@ void install(QApplication& application) {
 void apply(QApplication& application, const Colors& colors) {
     QApplication::setPalette(colors.palette());
     QString text = sheet();
+    // A button under the mouse moves away from the colour of its words.
+    const QColor away = colors.onAccent == QColor(Qt::white) ? Qt::black : Qt::white;
     const std::pair<const char*, QColor> names[] = {
         {"@window", colors.window},
         {"@sidebar", colors.sidebar},
@@ -86,8 +88,8 @@ void apply(QApplication& application, const Colors& colors) {
         {"@muted", colors.muted},
         {"@faint", colors.faint},
         {"@accentTint", colors.accentTint},
-        {"@accentHover", mixed(colors.accent, colors.onAccent, 0.12F)},
-        {"@accentDown", mixed(colors.accent, Qt::black, 0.15F)},
+        {"@accentHover", mixed(colors.accent, away, 0.12F)},
+        {"@accentDown", mixed(colors.accent, away, 0.25F)},
         {"@accent", colors.accent},
         {"@onAccent", colors.onAccent},
         {"@focus", colors.focus},

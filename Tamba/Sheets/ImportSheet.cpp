@@ -81,7 +81,7 @@ public:
         if (role == RowDelegate::Strong) return header_ == at;
         if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
         if (role == Qt::ForegroundRole && header_ != at && !std::binary_search(used_.begin(), used_.end(), row.number))
-            return Colors::current().faint;
+            return Colors::current().muted;
         return {};
     }
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {

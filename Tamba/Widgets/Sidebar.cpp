@@ -59,7 +59,7 @@ protected:
         const qreal left = nested_ ? 36 : 18;
         Icons::paint(painter, QRectF(left, (height() - 18) / 2.0, 18, 18), icon_, ink);
         painter.setFont(Style::textFont(13, on || !nested_ ? QFont::DemiBold : QFont::Normal));
-        painter.setPen(on ? ink : colors.text);
+        painter.setPen(colors.text);
         QRectF words(left + 27, 0, width() - left - 27 - 18, height());
         if (count_ > 0) {
             painter.save();

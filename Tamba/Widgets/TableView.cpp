@@ -92,7 +92,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
             const auto* count = std::get_if<std::int64_t>(&row.cells[at]);
             // Nothing is quieter than something.
             const bool nothing = (amount && amount->minor == 0) || (count && *count == 0);
-            return nothing ? QVariant(Colors::current().faint) : QVariant();
+            return nothing ? QVariant(Colors::current().muted) : QVariant();
         }
         default:
             return {};
