@@ -15,6 +15,7 @@
 #include "Tamba/StatementImport.h"
 #include "Tamba/Widgets/EmptyState.h"
 #include "Tamba/Widgets/Overlays.h"
+#include "Tamba/Widgets/TabOrder.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Recurring.h"
 #include "TambaCore/Fixtures.h"
@@ -443,6 +444,8 @@ void Window::changeEvent(QEvent* event) {
     }
     QMainWindow::changeEvent(event);
 }
+
+bool Window::focusNextPrevChild(bool next) { return TabOrder::move(*this, next); }
 
 void Window::dragEnterEvent(QDragEnterEvent* event) {
     const auto files = localFiles(*event->mimeData());

@@ -126,7 +126,7 @@ QWidget* DocumentPane::makeSegments() {
 
 QWidget* DocumentPane::makePaper() {
     paper_ = new QScrollArea(this);
-    paper_->setObjectName(QStringLiteral("paper"));
+    Controls::name(*paper_, "paper", tr("Preview"));
     paper_->setWidgetResizable(true);
     paper_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* content = new QWidget;

@@ -80,7 +80,6 @@ OverviewScreen::OverviewScreen(AppModel& model, QWidget* parent) : QWidget(paren
     connect(&model_, &AppModel::changed, this, &OverviewScreen::refresh);
     connect(&model_, &AppModel::opened, this, &OverviewScreen::refresh);
     connect(&model_, &AppModel::dayChanged, this, &OverviewScreen::refresh);
-    setFocusPolicy(Qt::StrongFocus);
 }
 
 OverviewScreen::~OverviewScreen() {

@@ -237,8 +237,8 @@ QWidget* WelcomeScreen::makeButtons() {
     row->setContentsMargins(0, 8, 0, 0);
     row->setSpacing(8);
     next_ = Controls::button(tr("Next"), "welcomeNext", Controls::Kind::primary, box);
-    back_ = Controls::button(tr("Back"), "welcomeBack", Controls::Kind::plain, box);
     lookAround_ = Controls::button(tr("Look Around First"), "welcomeLookAround", Controls::Kind::plain, box);
+    back_ = Controls::button(tr("Back"), "welcomeBack", Controls::Kind::plain, box);
     skip_ = Controls::button(tr("Skip to My First Invoice"), "welcomeSkip", Controls::Kind::link, box);
     sampleBooks_ = Controls::button(tr("Explore the Sample Books"), "welcomeSample", Controls::Kind::link, box);
     for (QPushButton* button : {next_, lookAround_, back_, skip_, sampleBooks_}) row->addWidget(button);

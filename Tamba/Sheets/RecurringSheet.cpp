@@ -50,6 +50,7 @@ RecurringSheet::RecurringSheet(QWidget* parent, const Library& library)
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setSelectionMode(QAbstractItemView::NoSelection);
     table_->setFocusPolicy(Qt::NoFocus);
+    table_->setTabKeyNavigation(false);
     table_->setVisible(!library.recurring.empty());
     for (const RecurringExpense& recurring : library.recurring) {
         const int row = static_cast<int>(rows_.size());

@@ -3,6 +3,7 @@
 #include "Tamba/Icons.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
+#include "Tamba/Widgets/TabOrder.h"
 
 #include <QLabel>
 
@@ -69,6 +70,8 @@ QPushButton* Sheet::addThirdButton(const QString& text) {
     connect(button, &QPushButton::clicked, this, [this] { done(thirdWay); });
     return button;
 }
+
+bool Sheet::focusNextPrevChild(bool next) { return TabOrder::move(*this, next); }
 
 void Sheet::reject() {
     const auto* button = qobject_cast<QPushButton*>(sender());

@@ -27,6 +27,9 @@ public:
 
     void reject() override;
 
+protected:
+    bool focusNextPrevChild(bool next) override;
+
 private:
     QVBoxLayout* body_;
     QHBoxLayout* buttons_ = nullptr;

@@ -61,7 +61,6 @@ QWidget* SplitSheet::makeRow(const OpenInvoice& invoice) {
     auto* due = Controls::button(tr("%1 due").arg(toQt(invoice.due)), "takeAll", Controls::Kind::link, widget);
     due->setObjectName(QStringLiteral("takeAll%1").arg(index));
     due->setToolTip(tr("Pay as much of it as the line has left"));
-    due->setFocusPolicy(Qt::NoFocus);
     auto* amount = new QLineEdit(widget);
     Controls::name(*amount, "", tr("Share for %1").arg(toQt(invoice.title)));
     amount->setObjectName(QStringLiteral("share%1").arg(index));

@@ -120,13 +120,32 @@ Body body(QWidget* header, QTableView* table, QWidget* footer, QWidget* parent) 
     return {column, pages, empty};
 }
 
+namespace {
+
+/// What a click on a title does, for those who have only keys.
+void addOrders(QMenu& menu, const QTableView& view, const std::function<void(int column)>& sort) {
+    const QHeaderView* header = view.horizontalHeader();
+    if (!menu.isEmpty()) menu.addSeparator();
+    QMenu* orders = menu.addMenu(QObject::tr("Order By"));
+    for (int column = 0; column < view.model()->columnCount(); ++column) {
+        const QString title = view.model()->headerData(column, Qt::Horizontal).toString();
+        if (title.isEmpty() || view.isColumnHidden(column)) continue;
+        QAction* action = orders->addAction(title, orders, [sort, column] { sort(column); });
+        action->setCheckable(true);
+        action->setChecked(column == header->sortIndicatorSection());
+    }
+}
+
+}  // namespace
+
 void setHabits(QTableView& view, Habits habits) {
     QObject::connect(view.horizontalHeader(), &QHeaderView::sectionClicked, &view, habits.sort);
     view.setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(&view, &QWidget::customContextMenuRequested, &view,
-                     [&view, fill = habits.fillMenu](const QPoint& at) {
+                     [&view, fill = habits.fillMenu, sort = habits.sort](const QPoint& at) {
                          QMenu menu(&view);
                          fill(menu);
+                         if (sort) addOrders(menu, view, sort);
                          if (!menu.isEmpty()) menu.exec(view.viewport()->mapToGlobal(at));
                      });
     new Keys(view, std::move(habits));

@@ -53,8 +53,12 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     painter->fillRect(option.rect, selected ? colors.accentTint : colors.surface);
     painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
                       selected ? colors.accentTint : colors.hover);
-    if (selected && beginsRow(option, index))
-        painter->fillRect(QRect(option.rect.left(), option.rect.top(), 3, option.rect.height()), colors.accent);
+    // The bar says where the keys go: strong in the list that has them, also in a row that is not chosen.
+    const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+    const bool hasKeys = view && view->hasFocus();
+    if ((selected || (hasKeys && view->currentIndex().row() == index.row())) && beginsRow(option, index))
+        painter->fillRect(QRect(option.rect.left(), option.rect.top(), 3, option.rect.height()),
+                          hasKeys ? colors.accent : colors.strongBorder);
     const QRectF cell(option.rect);
     const QString text = index.data(Qt::DisplayRole).toString();
     if (const QVariant tone = index.data(Pill); tone.isValid()) {
