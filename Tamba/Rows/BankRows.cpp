@@ -337,7 +337,6 @@ std::vector<MatchChoice> choicesFor(const Library& library, const BankTransactio
         choice.target = suggestion.target;
         choice.score = suggestion.score;
         choice.reason = suggestion.reason;
-        if (!choice.reason.empty()) choice.reason = Text::upper(choice.reason.substr(0, 1)) + choice.reason.substr(1);
         if (suggestion.target.kind == Kind::expense) {
             const Expense* expense = library.expense(suggestion.target.id);
             if (!expense) continue;

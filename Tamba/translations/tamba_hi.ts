@@ -211,6 +211,10 @@
         <source>Where the film goes: a name that ends in .mp4 or .webm.</source>
         <translation>वीडियो कहाँ रखा जाए: नाम जिसके अंत में .mp4 या .webm हो।</translation>
     </message>
+    <message>
+        <source>Order By</source>
+        <translation>क्रम चुनें</translation>
+    </message>
 </context>
 <context>
     <name>Rows</name>
@@ -4685,6 +4689,10 @@
     <message>
         <source>Tax number</source>
         <translation>कर संख्या</translation>
+    </message>
+    <message>
+        <source>Tamba charges CGST + SGST (or UTGST) when the place of supply is your state and IGST otherwise. Exports and SEZ supplies are zero-rated, under LUT unless you switch it off on the invoice. CGST and SGST are each worked out at half the rate, so they always match.</source>
+        <translation>आपूर्ति का स्थान आपका ही राज्य हो तो Tamba CGST + SGST (या UTGST) लगाता है, नहीं तो IGST। निर्यात और SEZ को आपूर्ति शून्य-दर पर होती है, LUT के तहत, जब तक आप इनवॉइस पर उसे बंद न कर दें। CGST और SGST दोनों आधी दर पर अलग-अलग निकाले जाते हैं, इसलिए वे हमेशा बराबर रहते हैं।</translation>
     </message>
 </context>
 <context>

@@ -63,6 +63,11 @@ TaxPage::TaxPage(const Business& business, QWidget* parent) : SettingsPage(paren
     taxIDLabel_ = form.line(tr("Name of the number"), "taxIDLabel", business.taxIDLabel);
     lut_ = form.line(tr("LUT reference"), "lutReference", business.lutReference);
     lutNote_ = form.note(tr("Of this year’s letter of undertaking. Exports under it carry no IGST."));
+    form.setNoteWidth(420);
+    rule_ = form.note(
+        tr("Tamba charges CGST + SGST (or UTGST) when the place of supply is your state and IGST otherwise. Exports "
+           "and SEZ supplies are zero-rated, under LUT unless you switch it off on the invoice. CGST and SGST are "
+           "each worked out at half the rate, so they always match."));
     connect(taxID_, &QLineEdit::textChanged, this, &TaxPage::refresh);
     connect(regime_, &QComboBox::currentIndexChanged, this, &TaxPage::refresh);
     refresh();
@@ -74,6 +79,7 @@ void TaxPage::refresh() {
     const bool india = isIndia(regime());
     for (QWidget* field : {static_cast<QWidget*>(pan_), static_cast<QWidget*>(lut_), static_cast<QWidget*>(lutNote_)})
         form.setRowVisible(field, india);
+    form.setRowVisible(rule_, regime() == TaxRegime::gstIndia);
     for (QLineEdit* field : {taxName_, taxIDLabel_}) form.setRowVisible(field, regime() == TaxRegime::simple);
     form.setRowVisible(taxID_, regime() != TaxRegime::none);
     if (auto* label = qobject_cast<QLabel*>(form.labelForField(taxID_)))

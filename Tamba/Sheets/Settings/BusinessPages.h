@@ -44,6 +44,7 @@ private:
     QLineEdit* taxIDLabel_;
     QLineEdit* lut_;
     QLabel* lutNote_;
+    QLabel* rule_;
 };
 
 /// How expenses and receipts are read.
