@@ -49,10 +49,9 @@ LiveRecorder::LiveRecorder(QWidget& window, const std::filesystem::path& film, Q
     qApp->installEventFilter(this);
     // Whoever quits while the film runs has shown what was to be shown.
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] {
-        if (!timer_.isActive()) return;
         stop();
         try {
-            encoder_->wait();
+            if (encoder_) encoder_->wait();
         } catch (const DemoError&) {
             // Nobody is left to be told; nothing stays behind of it.
         }

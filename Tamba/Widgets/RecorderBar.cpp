@@ -46,8 +46,8 @@ void RecorderBar::setFinishing() {
 }
 
 void RecorderBar::closeEvent(QCloseEvent* event) {
-    // Its frame’s button keeps what was filmed.
-    event->ignore();
+    // Its frame’s button keeps what was filmed, as quitting does, which this must not hold up.
+    event->accept();
     emit stopped();
 }
 

@@ -9,6 +9,7 @@
 #include "Tamba/Sheets/RecurringSheet.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/Widgets/Overlays.h"
+#include "Tamba/Widgets/RecorderBar.h"
 #include "Tamba/Widgets/SearchPalette.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
@@ -305,6 +306,9 @@ private slots:
         shootSheets(window, library);
         shootImport(window, library);
         shootSearch(window);
+        RecorderBar recorder(&window);
+        recorder.setSeconds(72);
+        shoot(recorder, QStringLiteral("recorder"));
         shootSettings(window, library, books.model);
         BackupSheet backups(&window, {books.model.backups(), [&](const std::string&) { return library; }, library});
         shoot(backups, QStringLiteral("sheet-backups"));
