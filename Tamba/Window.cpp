@@ -116,6 +116,8 @@ Window::Window(AppModel& model, const MakePrompts& makePrompts, ReceiptQueue::Ma
 }
 
 Window::~Window() {
+    // A cell that is being edited takes what was typed while every screen is still there.
+    hide();
     // Threads call back into the window.
     for (QThread* thread : findChildren<QThread*>()) thread->wait();
     delete receipts_;
