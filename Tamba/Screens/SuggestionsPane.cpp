@@ -133,8 +133,10 @@ SuggestionsPane::SuggestionsPane(AppModel& model, Prompts& prompts, QWidget* par
     rows->addWidget(body_, 1);
     keys_ = Controls::label({}, "caption", this);
     keys_->setObjectName(QStringLiteral("bankKeys"));
-    keys_->setContentsMargins(20, 8, 16, 12);
-    rows->addWidget(keys_);
+    auto* strip = new QHBoxLayout;  // a label with a style has no margins of its own
+    strip->setContentsMargins(20, 8, 16, 12);
+    strip->addWidget(keys_);
+    rows->addLayout(strip);
     connect(&model_, &AppModel::changed, this, [this] {
         stale_ = true;
         if (isVisible()) refresh();

@@ -114,6 +114,7 @@ constexpr auto known = std::to_array<Known>({
     {"bsnl", capitals},
     {"mtnl", capitals},
     {"nsdl", capitals},
+    {"fx", capitals},
     {"usa", capitals},
     {"uae", capitals},
     {"uk", capitals},
