@@ -29,6 +29,21 @@ namespace {
     QT_TRANSLATE_NOOP("Rows", "Applied"),
     QT_TRANSLATE_NOOP("Rows", "By invoice date"),
     QT_TRANSLATE_NOOP("Rows", "By payment received"),
+    QT_TRANSLATE_NOOP("Rows", "Friendly"),
+    QT_TRANSLATE_NOOP("Rows", "Firm"),
+    QT_TRANSLATE_NOOP("Rows", "Final"),
+    QT_TRANSLATE_NOOP("Rows", "GST (India, regular)"),
+    QT_TRANSLATE_NOOP("Rows", "GST (India, composition scheme)"),
+    QT_TRANSLATE_NOOP("Rows", "VAT / sales tax"),
+    QT_TRANSLATE_NOOP("Rows", "Not registered for tax"),
+    QT_TRANSLATE_NOOP("Rows", "Within the state (CGST + SGST)"),
+    QT_TRANSLATE_NOOP("Rows", "Between states (IGST)"),
+    QT_TRANSLATE_NOOP("Rows", "Export under LUT (no IGST)"),
+    QT_TRANSLATE_NOOP("Rows", "Export with IGST paid"),
+    QT_TRANSLATE_NOOP("Rows", "SEZ unit under LUT (no IGST)"),
+    QT_TRANSLATE_NOOP("Rows", "SEZ unit with IGST"),
+    QT_TRANSLATE_NOOP("Rows", "Standard"),
+    QT_TRANSLATE_NOOP("Rows", "No tax charged"),
 };
 
 std::string translateRow(const char* context, const char* text) {

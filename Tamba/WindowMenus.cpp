@@ -10,6 +10,7 @@
 #include "Tamba/Screens/ProjectsScreen.h"
 #include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/StatementImport.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Window.h"
 
@@ -103,7 +104,7 @@ void Window::makeViewMenu() {
     connect(reports, &QMenu::aboutToShow, this, [this, reports] {
         reports->clear();
         for (const ReportKind kind : reportsFor(model_.library().business))
-            reports->addAction(toQt(tamba::title(kind)), this, [this, kind] {
+            reports->addAction(Translations::shown(tamba::title(kind)), this, [this, kind] {
                 showScreen(Screen::reports);
                 reports_->showReport(kind);
             });

@@ -52,7 +52,7 @@ std::string joined(std::string_view first, std::string_view second) {
 }
 
 BankLink linkTo(const Library& library, const Expense& expense) {
-    const std::string vendor = expense.vendor.empty() ? "Expense" : expense.vendor;
+    const std::string vendor = expense.vendor.empty() ? RowText::translate("Rows", "Expense") : expense.vendor;
     return {{Kind::expense, expense.id},
             joined(vendor, categoryName(library, expense)),
             MoneyFormat::string(expense.amount, Currency::of(expense.currency))};
@@ -179,7 +179,7 @@ void addInvoiceChoices(std::vector<MatchChoice>& choices, MatchChoice choice, co
     if (Bank::currency(library, line).code != currency.code && rest <= Books::balance(library, invoice) / 10) {
         MatchChoice lost = choice;
         lost.remainder = Bank::Remainder::asExchange;
-        lost.outcome = text + " lost in exchange";
+        lost.outcome = RowText::filled(RowText::translate("Rows", "%1 lost in exchange"), {text});
         choices.push_back(std::move(lost));
     }
     MatchChoice part = choice, withheld = choice;
@@ -258,9 +258,8 @@ BankTable bankTable(const Library& library, const BankFilter& filter) {
     });
     table.rows.reserve(entries.size());
     for (const Entry& entry : entries) table.rows.push_back(rowOf(entry));
-    table.count = entries.size() == 1
-                      ? RowText::translate("Rows", "1 line")
-                      : RowText::filled(RowText::translate("Rows", "%1 lines"), {std::to_string(entries.size())});
+    table.count =
+        RowText::counted(entries.size(), RowText::marked("Rows", "1 line"), RowText::marked("Rows", "%1 lines"));
     addSums(table, entries);
     return table;
 }
@@ -291,7 +290,8 @@ BankLineFacts factsOf(const Library& library, const BankTransaction& line) {
             : std::string());
     if (line.isMatched() && line.amount > 0)
         if (const std::int64_t rest = Bank::unassigned(library, line); rest > 0) {
-            facts.rest = MoneyFormat::string(rest, currency) + " of it is still to be matched";
+            facts.rest = RowText::filled(RowText::translate("Rows", "%1 of it is still to be matched"),
+                                         {MoneyFormat::string(rest, currency)});
             facts.status = RowText::translate("Rows", "Partly matched");
             facts.tone = Tone::warning;
         }
@@ -325,9 +325,12 @@ std::vector<MatchChoice> choicesFor(const Library& library, const BankTransactio
         choice.payment = typed.payment;
         choice.title = joined(invoice->displayNumber(), clientName(library, *invoice));
         choice.amount = MoneyFormat::string(payment->amount, Currency::of(invoice->currency));
-        choice.outcome = "Is the payment of " + payment->date.formatted(dayPattern);
-        const std::string days = typed.days == 1 ? "1 day" : std::to_string(typed.days) + " days";
-        choice.reason = typed.days == 0 ? "Recorded by hand, same day" : "Recorded by hand, " + days + " apart";
+        choice.outcome =
+            RowText::filled(RowText::translate("Rows", "Is the payment of %1"), {payment->date.formatted(dayPattern)});
+        choice.reason = typed.days == 0 ? RowText::translate("Rows", "Recorded by hand, same day")
+                                        : RowText::counted(static_cast<std::size_t>(typed.days),
+                                                           RowText::marked("Rows", "Recorded by hand, 1 day apart"),
+                                                           RowText::marked("Rows", "Recorded by hand, %1 days apart"));
         choice.score = 99;
         choices.push_back(std::move(choice));
     }
@@ -340,7 +343,7 @@ std::vector<MatchChoice> choicesFor(const Library& library, const BankTransactio
         if (suggestion.target.kind == Kind::expense) {
             const Expense* expense = library.expense(suggestion.target.id);
             if (!expense) continue;
-            choice.title = expense->vendor.empty() ? "Expense" : expense->vendor;
+            choice.title = expense->vendor.empty() ? RowText::translate("Rows", "Expense") : expense->vendor;
             choice.detail = joined(expense->date.formatted(dayPattern), categoryName(library, *expense));
             choice.amount = MoneyFormat::string(expense->amount, Currency::of(expense->currency));
             choices.push_back(std::move(choice));

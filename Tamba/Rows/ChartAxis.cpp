@@ -1,5 +1,6 @@
 #include "Tamba/Rows/ChartAxis.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Reports/Sum.h"
 
 #include <algorithm>
@@ -32,8 +33,10 @@ std::string axisText(std::int64_t minor, const Currency& currency) {
         std::int64_t size;
         const char* name;
     };
-    static constexpr Unit indian[] = {{10'000'000, " crore"}, {100'000, " lakh"}};
-    static constexpr Unit international[] = {{1'000'000'000, " billion"}, {1'000'000, " million"}};
+    static constexpr Unit indian[] = {{10'000'000, RowText::marked("Rows", "%1 crore")},
+                                      {100'000, RowText::marked("Rows", "%1 lakh")}};
+    static constexpr Unit international[] = {{1'000'000'000, RowText::marked("Rows", "%1 billion")},
+                                             {1'000'000, RowText::marked("Rows", "%1 million")}};
     // The sign as amounts have it, before the symbol.
     const Currency whole{currency.code, 0, currency.symbol, currency.name, currency.localeID};
     const std::int64_t major = minor / currency.scale();
@@ -42,7 +45,7 @@ std::string axisText(std::int64_t minor, const Currency& currency) {
         std::string text = MoneyFormat::string(major / unit.size, whole);
         const std::int64_t hundredths = (major < 0 ? -(major % unit.size) : major % unit.size) / (unit.size / 100);
         if (hundredths > 0) text += MoneyFormat::quantity(hundredths * 10).substr(1);
-        return text + unit.name;
+        return RowText::filled(RowText::translate("Rows", unit.name), {text});
     }
     return MoneyFormat::string(major, whole);
 }

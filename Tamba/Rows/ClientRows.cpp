@@ -34,6 +34,12 @@ std::string placeOf(const Client& client) {
     return state ? std::string(state->name) : std::string();
 }
 
+const char* draftTitle(DocKind kind) {
+    return kind == DocKind::invoice    ? RowText::marked("Rows", "Draft invoice")
+           : kind == DocKind::estimate ? RowText::marked("Rows", "Draft estimate")
+                                       : RowText::marked("Rows", "Draft credit note");
+}
+
 int compare(const Entry& a, const Entry& b, ClientOrder order) {
     const auto sign = [](auto x, auto y) { return x < y ? -1 : y < x ? 1 : 0; };
     switch (order) {
@@ -55,11 +61,11 @@ int compare(const Entry& a, const Entry& b, ClientOrder order) {
 
 std::string lateText(std::int64_t days) {
     if (days == 0) return RowText::translate("Rows", "On time");
-    const std::string count = std::to_string(days < 0 ? -days : days);
-    if (count == "1")
-        return days < 0 ? RowText::translate("Rows", "1 day early") : RowText::translate("Rows", "1 day late");
-    return RowText::filled(
-        days < 0 ? RowText::translate("Rows", "%1 days early") : RowText::translate("Rows", "%1 days late"), {count});
+    const auto count = static_cast<std::size_t>(days < 0 ? -days : days);
+    return days < 0 ? RowText::counted(count, RowText::marked("Rows", "1 day early"),
+                                       RowText::marked("Rows", "%1 days early"))
+                    : RowText::counted(count, RowText::marked("Rows", "1 day late"),
+                                       RowText::marked("Rows", "%1 days late"));
 }
 
 ClientTable clientTable(const Library& library, const ClientFilter& filter, Day today) {
@@ -107,14 +113,14 @@ ClientTable clientTable(const Library& library, const ClientFilter& filter, Day 
         owed = Checked::tryAdd(owed, account.owed).value_or(owed);
         overdue = Checked::tryAdd(overdue, account.overdue).value_or(overdue);
     }
-    const std::size_t count = entries.size();
-    table.count = count == 1 ? RowText::translate("Rows", "1 client")
-                             : RowText::filled(RowText::translate("Rows", "%1 clients"), {std::to_string(count)});
+    table.count =
+        RowText::counted(entries.size(), RowText::marked("Rows", "1 client"), RowText::marked("Rows", "%1 clients"));
     table.owed = RowText::filled(RowText::translate("Rows", "%1 owed"), {MoneyFormat::string(owed, home)});
     if (overdue != 0)
         table.overdue = RowText::filled(RowText::translate("Rows", "%1 overdue"), {MoneyFormat::string(overdue, home)});
     if (leftOut > 0)
-        table.leftOut = std::to_string(leftOut) + (leftOut == 1 ? " document" : " documents") + " left out: no rate";
+        table.leftOut = RowText::counted(leftOut, RowText::marked("Rows", "1 document left out: no rate"),
+                                         RowText::marked("Rows", "%1 documents left out: no rate"));
     return table;
 }
 
@@ -130,7 +136,7 @@ std::vector<ClientDocumentRow> clientDocuments(const Library& library, const UUI
     for (const Document* document : documents) {
         ClientDocumentRow row;
         row.id = document->id;
-        row.number = document->number ? *document->number : "Draft " + Text::lower(Books::title(document->kind));
+        row.number = document->number.value_or(RowText::translate("Rows", draftTitle(document->kind)));
         row.date = document->issueDate.formatted("d MMM yyyy");
         if (const auto standing = standings.of(*document)) {
             row.total = MoneyFormat::string(standing->totals.total, Currency::of(document->currency));

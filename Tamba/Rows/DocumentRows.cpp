@@ -13,8 +13,8 @@ namespace {
 constexpr std::string_view dayPattern = "d MMM yyyy";
 
 std::string days(std::int64_t count) {
-    return count == 1 ? RowText::translate("Rows", "1 day")
-                      : RowText::filled(RowText::translate("Rows", "%1 days"), {std::to_string(count)});
+    return RowText::counted(static_cast<std::size_t>(count), RowText::marked("Rows", "1 day"),
+                            RowText::marked("Rows", "%1 days"));
 }
 
 /// One document with what it is compared and searched by.
@@ -109,8 +109,9 @@ bool fits(const Entry& entry, const std::vector<std::string>& words) {
     if (words.empty()) return true;
     const Document& document = *entry.document;
     std::string all = document.displayNumber() + '\n' + entry.client + '\n' + document.reference + '\n' +
-                      document.issueDate.formatted(dayPattern) + '\n' + std::string(Books::title(entry.status)) + '\n' +
-                      document.notes + '\n' + totalText(entry);
+                      document.issueDate.formatted(dayPattern) + '\n' +
+                      RowText::translate("Rows", Books::title(entry.status)) + '\n' + document.notes + '\n' +
+                      totalText(entry);
     if (entry.standing) all += '\n' + MoneyFormat::plain(entry.standing->totals.total, Currency::of(document.currency));
     for (const Line& line : document.lines) all += '\n' + line.name + '\n' + line.detail + '\n' + line.hsn;
     for (const Payment& payment : document.payments) all += '\n' + payment.reference;
@@ -176,16 +177,16 @@ void sum(const Library& library, const std::vector<Entry>& entries, DocumentTabl
 std::string countText(std::size_t count, DocKind kind) {
     switch (kind) {
         case DocKind::invoice:
-            return count == 1 ? RowText::translate("Rows", "1 invoice")
-                              : RowText::filled(RowText::translate("Rows", "%1 invoices"), {std::to_string(count)});
+            return RowText::counted(count, RowText::marked("Rows", "1 invoice"),
+                                    RowText::marked("Rows", "%1 invoices"));
         case DocKind::estimate:
-            return count == 1 ? RowText::translate("Rows", "1 estimate")
-                              : RowText::filled(RowText::translate("Rows", "%1 estimates"), {std::to_string(count)});
+            return RowText::counted(count, RowText::marked("Rows", "1 estimate"),
+                                    RowText::marked("Rows", "%1 estimates"));
         case DocKind::creditNote:
             break;
     }
-    return count == 1 ? RowText::translate("Rows", "1 credit note")
-                      : RowText::filled(RowText::translate("Rows", "%1 credit notes"), {std::to_string(count)});
+    return RowText::counted(count, RowText::marked("Rows", "1 credit note"),
+                            RowText::marked("Rows", "%1 credit notes"));
 }
 
 /// "CGST 9%": the rate stands in the title where all that is taxed has the same.
@@ -199,7 +200,7 @@ std::string taxTitle(std::string_view name, const DocTotals& totals, int share) 
 }
 
 DocumentFact linkTo(const Document& other) {
-    std::string text = std::string(Books::title(other.kind)) + ' ' + other.displayNumber();
+    std::string text = RowText::translate("Rows", Books::title(other.kind)) + ' ' + other.displayNumber();
     std::string amount;
     if (DocMath::isBelievable(other))
         amount = MoneyFormat::string(DocMath::totals(other).total, Currency::of(other.currency));
@@ -207,7 +208,7 @@ DocumentFact linkTo(const Document& other) {
 }
 
 std::string paymentText(const Payment& payment, const Currency& currency) {
-    std::string text = payment.date.formatted(dayPattern) + " · " + std::string(title(payment.method));
+    std::string text = payment.date.formatted(dayPattern) + " · " + RowText::translate("Rows", title(payment.method));
     if (!payment.reference.empty()) text += " · " + payment.reference;
     if (payment.tds != 0) text += " · TDS " + MoneyFormat::string(payment.tds, currency);
     return text;
@@ -369,14 +370,17 @@ std::vector<DocumentFact> documentFacts(const Library& library, const Document& 
     if (document.sentOn)
         note(RowText::filled(RowText::translate("Rows", "Sent on %1"), {document.sentOn->formatted(dayPattern)}));
     if (document.remindersSent > 0) {
-        std::string text =
-            document.remindersSent == 1 ? "One reminder" : std::to_string(document.remindersSent) + " reminders";
-        if (document.lastReminder)
-            text += (document.remindersSent == 1 ? ", on " : ", the last on ") +
-                    document.lastReminder->formatted(dayPattern);
-        note(std::move(text));
+        const auto count = static_cast<std::size_t>(document.remindersSent);
+        note(document.lastReminder ? RowText::counted(count, RowText::marked("Rows", "One reminder, on %2"),
+                                                      RowText::marked("Rows", "%1 reminders, the last on %2"),
+                                                      document.lastReminder->formatted(dayPattern))
+                                   : RowText::counted(count, RowText::marked("Rows", "One reminder"),
+                                                      RowText::marked("Rows", "%1 reminders")));
     }
-    if (!document.reason.empty()) note((document.state == DocState::void_ ? "Void: " : "Reason: ") + document.reason);
+    if (!document.reason.empty())
+        note(RowText::filled(document.state == DocState::void_ ? RowText::translate("Rows", "Void: %1")
+                                                               : RowText::translate("Rows", "Reason: %1"),
+                             {document.reason}));
     return facts;
 }
 

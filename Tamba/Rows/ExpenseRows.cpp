@@ -61,7 +61,7 @@ bool fits(const Library& library, const Entry& entry, const std::vector<std::str
     const Currency currency = Currency::of(e.currency);
     std::string all = e.vendor + '\n' + e.notes + '\n' + e.vendorTaxID + '\n' + e.date.formatted("d MMM yyyy") + '\n' +
                       MoneyFormat::string(e.amount, currency) + '\n' + MoneyFormat::plain(e.amount, currency) + '\n' +
-                      std::string(title(e.method)) + '\n' + entry.status.text;
+                      RowText::translate("Rows", title(e.method)) + '\n' + entry.status.text;
     if (entry.category) all += '\n' + entry.category->name;
     if (e.clientID)
         if (const Client* client = library.client(*e.clientID)) all += '\n' + client->name;
@@ -121,7 +121,7 @@ ExpenseRow rowOf(const Entry& entry, Common& common) {
     row.vendor = e.vendor;
     row.amount = MoneyFormat::string(e.amount, currency);
     if (e.tax != 0) row.tax = MoneyFormat::string(e.tax, currency);
-    row.method = title(e.method);
+    row.method = RowText::translate("Rows", title(e.method));
     row.status = entry.status.text;
     row.hint = entry.status.hint;
     row.tone = entry.status.tone;
@@ -184,9 +184,8 @@ ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
         total = sum;
         if (expense.claimTax && claimed && !__builtin_add_overflow(tax, *claimed, &sum)) tax = sum;
     }
-    const std::size_t count = entries.size();
-    table.count = count == 1 ? RowText::translate("Rows", "1 expense")
-                             : RowText::filled(RowText::translate("Rows", "%1 expenses"), {std::to_string(count)});
+    table.count =
+        RowText::counted(entries.size(), RowText::marked("Rows", "1 expense"), RowText::marked("Rows", "%1 expenses"));
     table.total = MoneyFormat::string(total, library.home());
     table.tax = MoneyFormat::string(tax, library.home());
     if (leftOut > 0)
@@ -292,7 +291,7 @@ std::string splitText(const TaxSplit& split, const Currency& currency, const Bus
     add("CGST", split.cgst);
     add(state && state->utgst ? "UTGST" : "SGST", split.sgst);
     add("IGST", split.igst);
-    add("Other tax", split.other);
+    add(RowText::translate("Rows", "Other tax"), split.other);
     return result;
 }
 

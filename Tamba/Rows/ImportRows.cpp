@@ -1,5 +1,6 @@
 #include "Tamba/Rows/ImportRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Fields.h"
 
@@ -22,27 +23,23 @@ struct Use {
     std::optional<Role> role;
 };
 constexpr std::array<Use, 15> uses{{
-    {ColumnUse::unused, "Not used", {}},
-    {ColumnUse::date, "Date", Role::date},
-    {ColumnUse::narration, "Narration", Role::description},
-    {ColumnUse::moneyOut, "Money out", Role::debit},
-    {ColumnUse::moneyIn, "Money in", Role::credit},
-    {ColumnUse::amount, "Amount", Role::amount},
-    {ColumnUse::type, "In or out", Role::type},
-    {ColumnUse::balance, "Balance", Role::balance},
-    {ColumnUse::reference, "Reference", Role::reference},
-    {ColumnUse::category, "Category", Role::category},
-    {ColumnUse::payee, "Payee", Role::counterparty},
-    {ColumnUse::furtherNarration, "More narration", {}},
-    {ColumnUse::balanceType, "Balance in or out", Role::balanceType},
-    {ColumnUse::currency, "Currency", Role::currency},
-    {ColumnUse::state, "Status", Role::state},
+    {ColumnUse::unused, RowText::marked("Rows", "Not used"), {}},
+    {ColumnUse::date, RowText::marked("Rows", "Date"), Role::date},
+    {ColumnUse::narration, RowText::marked("Rows", "Narration"), Role::description},
+    {ColumnUse::moneyOut, RowText::marked("Rows", "Money out"), Role::debit},
+    {ColumnUse::moneyIn, RowText::marked("Rows", "Money in"), Role::credit},
+    {ColumnUse::amount, RowText::marked("Rows", "Amount"), Role::amount},
+    {ColumnUse::type, RowText::marked("Rows", "In or out"), Role::type},
+    {ColumnUse::balance, RowText::marked("Rows", "Balance"), Role::balance},
+    {ColumnUse::reference, RowText::marked("Rows", "Reference"), Role::reference},
+    {ColumnUse::category, RowText::marked("Rows", "Category"), Role::category},
+    {ColumnUse::payee, RowText::marked("Rows", "Payee"), Role::counterparty},
+    {ColumnUse::furtherNarration, RowText::marked("Rows", "More narration"), {}},
+    {ColumnUse::balanceType, RowText::marked("Rows", "Balance in or out"), Role::balanceType},
+    {ColumnUse::currency, RowText::marked("Rows", "Currency"), Role::currency},
+    {ColumnUse::state, RowText::marked("Rows", "Status"), Role::state},
 }};
 const Use& entry(ColumnUse use) { return uses[static_cast<std::size_t>(use)]; }
-
-std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-    return std::to_string(count) + " " + std::string(count == 1 ? one : many);
-}
 
 std::optional<std::size_t> number(std::string_view text) {
     std::size_t value = 0;
@@ -79,13 +76,20 @@ UUID idOf(std::size_t row, std::uint8_t kind) {
 
 std::string proofText(const BankImport::BalanceProof& proof, const Currency& currency) {
     const auto money = [&](std::int64_t minor) { return MoneyFormat::string(minor, currency); };
-    std::string text = "Opening " + money(proof.opening) + " + lines " + money(proof.sum);
-    if (proof.closes()) return text + " = closing " + money(proof.closing);
+    const std::string opening = money(proof.opening), sum = money(proof.sum), closing = money(proof.closing);
+    if (proof.closes())
+        return RowText::filled(RowText::translate("Rows", "Opening %1 + lines %2 = closing %3"),
+                               {opening, sum, closing});
     const std::int64_t reached = Checked::add(proof.opening, proof.sum);
-    text += " = " + money(reached) + ", but the statement closes with " + money(proof.closing);
     const auto apart =
         Checked::tryAdd(std::max(proof.closing, reached), Checked::sub(0, std::min(proof.closing, reached)));
-    return apart ? text + ": " + money(*apart) + " apart" : text;
+    return apart
+               ? RowText::filled(RowText::translate(
+                                     "Rows", "Opening %1 + lines %2 = %3, but the statement closes with %4: %5 apart"),
+                                 {opening, sum, money(reached), closing, money(*apart)})
+               : RowText::filled(
+                     RowText::translate("Rows", "Opening %1 + lines %2 = %3, but the statement closes with %4"),
+                     {opening, sum, money(reached), closing});
 }
 
 }  // namespace
@@ -257,7 +261,8 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const Curr
             const BankAccount* account = held.accountID ? find(library.accounts, *held.accountID) : nullptr;
             row.why = (account ? account->name + ": " : std::string()) + dayText(held) + " · " + held.text;
         } else
-            row.why = "The same as row " + std::to_string(rows[equal->second]) + " of this file";
+            row.why = RowText::filled(RowText::translate("Rows", "The same as row %1 of this file"),
+                                      {std::to_string(rows[equal->second])});
         result.held.push_back(std::move(row));
     }
     for (const auto& skipped : parsed.skippedRows) {
@@ -275,13 +280,19 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const Curr
         if (const auto line = lines.find(one.row); line != lines.end()) row = rowOf(*line->second, one.row, currency);
         row.id = idOf(one.row, 2);
         row.row = std::to_string(one.row);
-        row.why = "The balance should be " + money(one.expected) + " and is " + money(one.found) + ".";
+        row.why = RowText::filled(RowText::translate("Rows", "The balance should be %1 and is %2."),
+                                  {money(one.expected), money(one.found)});
         result.breaks.push_back(std::move(row));
     }
-    result.summary = counted(parsed.transactions.size(), "line", "lines");
-    if (!result.held.empty()) result.summary += ", " + std::to_string(result.held.size()) + " already in the books";
+    result.summary = RowText::counted(parsed.transactions.size(), RowText::marked("Rows", "1 line"),
+                                      RowText::marked("Rows", "%1 lines"));
+    if (!result.held.empty())
+        result.summary += ", " + RowText::filled(RowText::translate("Rows", "%1 already in the books"),
+                                                 {std::to_string(result.held.size())});
     if (parsed.skipped > 0)
-        result.summary += ", " + counted(static_cast<std::size_t>(parsed.skipped), "row skipped", "rows skipped");
+        result.summary +=
+            ", " + RowText::counted(static_cast<std::size_t>(parsed.skipped), RowText::marked("Rows", "1 row skipped"),
+                                    RowText::marked("Rows", "%1 rows skipped"));
     if (parsed.balanceProof) {
         result.proof = proofText(*parsed.balanceProof, currency);
         result.closes = parsed.balanceProof->closes();
@@ -303,10 +314,13 @@ Imported importStatement(Library library, const StatementEdit& edit) {
 }
 
 std::string outcomeText(const Imported& imported, const BankAccount& account) {
-    std::string text = counted(static_cast<std::size_t>(imported.added), "line", "lines") + " added to " + account.name;
+    std::string text =
+        RowText::counted(static_cast<std::size_t>(imported.added), RowText::marked("Rows", "1 line added to %2"),
+                         RowText::marked("Rows", "%1 lines added to %2"), account.name);
     if (imported.held > 0)
-        text +=
-            " · " + std::to_string(imported.held) + (imported.held == 1 ? " was" : " were") + " already in the books";
+        text += " · " + RowText::counted(static_cast<std::size_t>(imported.held),
+                                         RowText::marked("Rows", "1 was already in the books"),
+                                         RowText::marked("Rows", "%1 were already in the books"));
     return text;
 }
 

@@ -17,8 +17,8 @@ using Place = OverviewGoal::Place;
 constexpr std::size_t namedInvoices = 5;
 
 std::string days(std::int64_t count) {
-    return count == 1 ? RowText::translate("Rows", "1 day")
-                      : RowText::filled(RowText::translate("Rows", "%1 days"), {std::to_string(count)});
+    return RowText::counted(static_cast<std::size_t>(count), RowText::marked("Rows", "1 day"),
+                            RowText::marked("Rows", "%1 days"));
 }
 
 bool isEmpty(const Library& library) {
@@ -73,20 +73,18 @@ private:
         const std::int64_t spent = reports_.spending(period);
         const std::int64_t profit = difference(income, spent);
         result_.figures = {
-            OverviewFigure{
-                RowText::translate("Rows", "Owed to you"),
-                amount(reports_.outstanding()),
-                open == 0   ? RowText::translate("Rows", "All invoices are paid")
-                : open == 1 ? RowText::translate("Rows", "1 open invoice")
-                            : RowText::filled(RowText::translate("Rows", "%1 open invoices"), {std::to_string(open)}),
-                Tone::none,
-                {.place = Place::unpaid}},
+            OverviewFigure{RowText::translate("Rows", "Owed to you"),
+                           amount(reports_.outstanding()),
+                           open == 0 ? RowText::translate("Rows", "All invoices are paid")
+                                     : RowText::counted(open, RowText::marked("Rows", "1 open invoice"),
+                                                        RowText::marked("Rows", "%1 open invoices")),
+                           Tone::none,
+                           {.place = Place::unpaid}},
             OverviewFigure{RowText::translate("Rows", "Overdue"),
                            amount(overdue),
-                           late == 0   ? RowText::translate("Rows", "Nobody is late")
-                           : late == 1 ? RowText::translate("Rows", "1 invoice is late")
-                                       : RowText::filled(RowText::translate("Rows", "%1 invoices are late"),
-                                                         {std::to_string(late)}),
+                           late == 0 ? RowText::translate("Rows", "Nobody is late")
+                                     : RowText::counted(late, RowText::marked("Rows", "1 invoice is late"),
+                                                        RowText::marked("Rows", "%1 invoices are late")),
                            late == 0 ? Tone::none : Tone::danger,
                            {.place = Place::overdue}},
             OverviewFigure{
@@ -101,15 +99,12 @@ private:
                            profit < 0 ? Tone::danger : Tone::none,
                            {.place = Place::profitAndLoss, .days = period}}};
         if (const std::size_t count = reports_.leftOut().count())
-            result_.leftOut =
-                count == 1
-                    ? RowText::translate(
-                          "Rows", "1 record is in no figure: the exchange rate is missing or an amount cannot be right")
-                    : RowText::filled(
-                          RowText::translate(
-                              "Rows",
-                              "%1 records are in no figure: the exchange rate is missing or an amount cannot be right"),
-                          {std::to_string(count)});
+            result_.leftOut = RowText::counted(
+                count,
+                RowText::marked("Rows",
+                                "1 record is in no figure: the exchange rate is missing or an amount cannot be right"),
+                RowText::marked(
+                    "Rows", "%1 records are in no figure: the exchange rate is missing or an amount cannot be right"));
     }
 
     void addMonths() {
@@ -139,10 +134,9 @@ private:
             item.detail =
                 RowText::filled(RowText::translate("Rows", "%1 late"), {days(invoice.dueDate.daysUntil(today_))});
             if (invoice.remindersSent > 0) {
-                item.detail +=
-                    " · " + (invoice.remindersSent == 1 ? RowText::translate("Rows", "1 reminder")
-                                                        : RowText::filled(RowText::translate("Rows", "%1 reminders"),
-                                                                          {std::to_string(invoice.remindersSent)}));
+                item.detail += " · " + RowText::counted(static_cast<std::size_t>(invoice.remindersSent),
+                                                        RowText::marked("Rows", "1 reminder"),
+                                                        RowText::marked("Rows", "%1 reminders"));
                 if (invoice.lastReminder)
                     item.detail += RowText::filled(RowText::translate("Rows", ", last on %1"),
                                                    {invoice.lastReminder->formatted("d MMM")});
@@ -153,25 +147,21 @@ private:
             result_.items.push_back(std::move(item));
         }
         if (late.size() > namedInvoices)
-            result_.items.push_back(
-                {.icon = "document",
-                 .title = late.size() == namedInvoices + 1
-                              ? RowText::translate("Rows", "1 more invoice overdue")
-                              : RowText::filled(RowText::translate("Rows", "%1 more invoices overdue"),
-                                                {std::to_string(late.size() - namedInvoices)}),
-                 .amount = amount(rest),
-                 .tone = Tone::danger,
-                 .goal = {.place = Place::overdue}});
+            result_.items.push_back({.icon = "document",
+                                     .title = RowText::counted(late.size() - namedInvoices,
+                                                               RowText::marked("Rows", "1 more invoice overdue"),
+                                                               RowText::marked("Rows", "%1 more invoices overdue")),
+                                     .amount = amount(rest),
+                                     .tone = Tone::danger,
+                                     .goal = {.place = Place::overdue}});
     }
 
     void addBank() {
         const std::size_t open = openLines(library_);
         if (open == 0) return;
         result_.items.push_back({.icon = "category-bank",
-                                 .title = open == 1
-                                              ? RowText::translate("Rows", "1 bank line to match")
-                                              : RowText::filled(RowText::translate("Rows", "%1 bank lines to match"),
-                                                                {std::to_string(open)}),
+                                 .title = RowText::counted(open, RowText::marked("Rows", "1 bank line to match"),
+                                                           RowText::marked("Rows", "%1 bank lines to match")),
                                  .detail = RowText::translate("Rows", "What they paid for, or which invoice they pay"),
                                  .goal = {.place = Place::bank}});
     }
@@ -192,10 +182,7 @@ private:
             for (const Document& document : library_.documents)
                 if (document.kind == kind && document.state == DocState::draft) drafts.push_back(&document);
             if (drafts.empty()) continue;
-            OverviewItem item{.icon = "file",
-                              .title = drafts.size() == 1 ? RowText::translate("Rows", one)
-                                                          : RowText::filled(RowText::translate("Rows", many),
-                                                                            {std::to_string(drafts.size())})};
+            OverviewItem item{.icon = "file", .title = RowText::counted(drafts.size(), one, many)};
             item.detail = namesOf(drafts);
             item.goal = {.place = Place::drafts, .kind = kind};
             if (drafts.size() == 1) item.goal = {.place = Place::document, .document = drafts.front()->id};
@@ -244,13 +231,11 @@ private:
         for (const Entry& entry : entries) {
             const std::size_t count = counts.of(entry.list);
             if (count == 0) continue;
-            OverviewItem item{
-                .icon = entry.icon,
-                .title = count == 1 ? RowText::translate("Rows", entry.one)
-                                    : RowText::filled(RowText::translate("Rows", entry.many), {std::to_string(count)}),
-                .detail = RowText::translate("Rows", entry.detail),
-                .tone = entry.tone,
-                .goal = {.place = Place::expenses, .list = entry.list}};
+            OverviewItem item{.icon = entry.icon,
+                              .title = RowText::counted(count, entry.one, entry.many),
+                              .detail = RowText::translate("Rows", entry.detail),
+                              .tone = entry.tone,
+                              .goal = {.place = Place::expenses, .list = entry.list}};
             if (entry.list == ExpenseList::billable) item.amount = amount(reports_.unbilledTotal());
             result_.items.push_back(std::move(item));
         }
@@ -269,9 +254,9 @@ private:
             date.holds = each.holds;
             date.note = each.note;
             if (each.problems > 0)
-                date.problems = each.problems == 1 ? RowText::translate("Rows", "1 problem")
-                                                   : RowText::filled(RowText::translate("Rows", "%1 problems"),
-                                                                     {std::to_string(each.problems)});
+                date.problems =
+                    RowText::counted(static_cast<std::size_t>(each.problems), RowText::marked("Rows", "1 problem"),
+                                     RowText::marked("Rows", "%1 problems"));
             date.tone = each.problems > 0 || away <= 3 ? Tone::warning : Tone::none;
             date.goal = {.place = Place::deadline, .days = each.period, .deadline = each.kind};
             result_.dates.push_back(std::move(date));

@@ -83,12 +83,12 @@ ProjectTable projectTable(const Library& library, const ProjectFilter& filter) {
     for (const Entry& entry : entries) {
         profit.add(entry.profit());
         table.rows.push_back({entry.project->id, entry.project->name, entry.client, money(entry.income),
-                              money(entry.expenses), money(entry.profit()), entry.project->archived ? "Archived" : "",
+                              money(entry.expenses), money(entry.profit()),
+                              entry.project->archived ? RowText::translate("Rows", "Archived") : "",
                               entry.profit() < 0});
     }
-    table.count = entries.size() == 1
-                      ? RowText::translate("Rows", "1 project")
-                      : RowText::filled(RowText::translate("Rows", "%1 projects"), {std::to_string(entries.size())});
+    table.count =
+        RowText::counted(entries.size(), RowText::marked("Rows", "1 project"), RowText::marked("Rows", "%1 projects"));
     table.profit =
         RowText::filled(RowText::translate("Rows", "%1 profit"), {MoneyFormat::string(profit.value(), home)});
     if (!tallies.empty() && !tallies.back().projectID) {
@@ -125,7 +125,7 @@ std::vector<ProjectRecordRow> projectRecords(const Library& library, const UUID&
             found.push_back({expense.date,
                              {id,
                               false,
-                              expense.vendor.empty() ? "Expense" : expense.vendor,
+                              expense.vendor.empty() ? RowText::translate("Rows", "Expense") : expense.vendor,
                               {},
                               MoneyFormat::string(-expense.cost(), Currency::of(expense.currency))}});
         }

@@ -1,5 +1,6 @@
 #include "Tamba/Rows/RecordRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/Sum.h"
 #include "TambaCore/Reports/TDS.h"
@@ -64,19 +65,17 @@ private:
 /// "INV/26-27/007", on the cash basis with the day the money came.
 std::string whatOf(const Document& document, const ReportRecords& records) {
     std::string text = document.displayNumber();
-    if (document.kind == DocKind::creditNote) text += " · Credit note";
-    if (document.state == DocState::void_) text += " · Void";
+    if (document.kind == DocKind::creditNote) text += " · " + RowText::translate("Rows", "Credit note");
+    if (document.state == DocState::void_) text += " · " + RowText::translate("Rows", "Void");
     if (records.basis != IncomeBasis::cash) return text;
     std::vector<Day> days;
     for (const Payment& payment : document.payments)
         if (records.period.contains(payment.date)) days.push_back(payment.date);
-    if (days.size() == 1) text += " · paid " + days[0].formatted("d MMM yyyy");
-    if (days.size() > 1) text += " · " + std::to_string(days.size()) + " payments";
+    if (days.size() == 1)
+        text += " · " + RowText::filled(RowText::translate("Rows", "paid %1"), {days[0].formatted("d MMM yyyy")});
+    if (days.size() > 1)
+        text += " · " + RowText::filled(RowText::translate("Rows", "%1 payments"), {std::to_string(days.size())});
     return text;
-}
-
-std::string counted(std::size_t count, const char* one, const char* many) {
-    return std::to_string(count) + (count == 1 ? one : many);
 }
 
 }  // namespace
@@ -112,14 +111,25 @@ RecordTable recordTable(const Library& library, const ReportRecords& records) {
         if (found == expenses.end()) continue;
         const Expense& expense = *found->second;
         const Category* category = expense.categoryID ? library.category(*expense.categoryID) : nullptr;
-        add({id, false, expense.date, {}, expense.vendor, category ? category->name : "Uncategorised", {}},
+        add({id,
+             false,
+             expense.date,
+             {},
+             expense.vendor,
+             category ? category->name : RowText::translate("Rows", "Uncategorised"),
+             {}},
             worth.of(expense), MoneyFormat::string(expense.amount, Currency::of(expense.currency)));
     }
     std::stable_sort(table.rows.begin(), table.rows.end(),
                      [](const RecordRow& a, const RecordRow& b) { return b.day < a.day; });
     const std::size_t spent = table.rows.size() - documents;
-    if (documents > 0) table.count = counted(documents, " document", " documents");
-    if (spent > 0) table.count += (table.count.empty() ? "" : " · ") + counted(spent, " expense", " expenses");
+    if (documents > 0)
+        table.count =
+            RowText::counted(documents, RowText::marked("Rows", "1 document"), RowText::marked("Rows", "%1 documents"));
+    if (spent > 0)
+        table.count +=
+            (table.count.empty() ? "" : " · ") +
+            RowText::counted(spent, RowText::marked("Rows", "1 expense"), RowText::marked("Rows", "%1 expenses"));
     // Income and spending beside each other make a profit, not a sum.
     if (records.addsUp && !table.rows.empty() && (documents == 0 || spent == 0))
         table.sum = MoneyFormat::string(sum.value(), library.home());

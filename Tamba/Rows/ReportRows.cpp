@@ -4,7 +4,6 @@
 #include "TambaCore/Reports/GSTReturns.h"
 #include "TambaCore/Reports/ReportTables.h"
 #include "TambaCore/Reports/TDS.h"
-#include "TambaCore/Reports/TableParts.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -14,8 +13,8 @@ namespace {
 
 using Measure = ReportRecords::Measure;
 
-constexpr const char* checkOnThePortal =
-    "These figures are for preparation. Check every one of them on the portal before you file.";
+constexpr const char* checkOnThePortal = RowText::marked(
+    "Rows", "These figures are for preparation. Check every one of them on the portal before you file.");
 
 std::string amountText(const Library& library, std::int64_t minor) {
     return MoneyFormat::string(minor, library.home());
@@ -56,7 +55,7 @@ ReportRecords recordsFor(const ReportPage& page, const Period& period) {
     return records;
 }
 
-ReportRemark remark(Tone tone, std::string sentence, std::string title, std::vector<UUID> documents,
+ReportRemark remark(Tone tone, const std::string& sentence, std::string title, std::vector<UUID> documents,
                     std::vector<UUID> expenses) {
     ReportRecords records;
     records.title = std::move(title);
@@ -64,33 +63,43 @@ ReportRemark remark(Tone tone, std::string sentence, std::string title, std::vec
     records.expenseIDs = std::move(expenses);
     records.measure = Measure::own;
     records.addsUp = false;
-    return {tone, std::move(sentence), std::move(records)};
+    return {tone, sentence, std::move(records), sentence};
+}
+
+/// In the words that stand under the tables, too, which are then not shown a second time.
+ReportRemark countRemark(Tone tone, const char* one, const char* many, std::string title, std::vector<UUID> documents,
+                         std::vector<UUID> expenses) {
+    const std::size_t count = documents.size() + expenses.size();
+    ReportRemark result =
+        remark(tone, RowText::counted(count, one, many), std::move(title), std::move(documents), std::move(expenses));
+    result.note = RowText::filled(count == 1 ? one : many, {std::to_string(count)});
+    return result;
 }
 
 void addLeftOut(ReportPage& page, std::vector<UUID> documents, std::vector<UUID> expenses) {
-    Table sentence;
-    TableParts::noteLeftOut(sentence, documents.size() + expenses.size());
-    if (sentence.notes.empty()) return;
-    page.remarks.push_back(
-        remark(Tone::warning, sentence.notes.front(), "Left out", std::move(documents), std::move(expenses)));
+    if (documents.empty() && expenses.empty()) return;
+    page.remarks.push_back(countRemark(
+        Tone::warning,
+        RowText::marked("Rows",
+                        "1 record is left out: without an exchange rate, or with a figure that can’t be right."),
+        RowText::marked("Rows",
+                        "%1 records are left out: without an exchange rate, or with a figure that can’t be right."),
+        RowText::translate("Rows", "Left out"), std::move(documents), std::move(expenses)));
 }
 
 void addExpenses(ReportPage& page, const std::vector<UUID>& expenses, const char* one, const char* many) {
     if (expenses.empty()) return;
     page.remarks.push_back(
-        remark(Tone::warning,
-               (expenses.size() == 1 ? "1 expense " : std::to_string(expenses.size()) + " expenses ") +
-                   (expenses.size() == 1 ? one : many),
-               "Worth a look", {}, expenses));
+        countRemark(Tone::warning, one, many, RowText::translate("Rows", "Worth a look"), {}, expenses));
 }
 
 void addProblems(ReportPage& page, const Library& library, const GSTReturns::GSTR1& outward) {
-    for (GSTReturns::Problem& problem : GSTReturns::problems(library, outward)) {
+    for (const GSTReturns::Problem& problem : GSTReturns::problems(library, outward)) {
         std::vector<UUID> ids;
         if (problem.recordID) ids.push_back(*problem.recordID);
         const bool refused = problem.severity == GSTReturns::Problem::Severity::refused;
         page.remarks.push_back(
-            remark(refused ? Tone::danger : Tone::warning, std::move(problem.sentence), {}, std::move(ids), {}));
+            remark(refused ? Tone::danger : Tone::warning, problem.sentence, {}, std::move(ids), {}));
     }
 }
 
@@ -138,28 +147,32 @@ void fillSummary(ReportPage& page, const Library& library, const Period& period)
     const GSTReturns::GSTR3B summary = GSTReturns::gstr3b(library, outward);
     page.tables = ReportTables::gstr3b(library, summary);
     addProblems(page, library, outward);
-    // In the words that stand under the table, which are then not shown a second time.
-    const auto tell = [&](const std::vector<UUID>& expenses, const char* what) {
-        addExpenses(page, expenses, what, what);
-    };
-    tell(summary.withoutGSTIN, "with claimed tax, but no valid GSTIN of the vendor: that is no credit.");
-    tell(summary.wrongState, "with CGST and SGST of another state: that credit is lost.");
-    tell(summary.foreign, "in foreign currency: a service from abroad is taxed under reverse charge.");
-    page.advice = checkOnThePortal;
+    addExpenses(
+        page, summary.withoutGSTIN,
+        RowText::marked("Rows", "1 expense with claimed tax, but no valid GSTIN of the vendor: that is no credit."),
+        RowText::marked("Rows", "%1 expenses with claimed tax, but no valid GSTIN of the vendor: that is no credit."));
+    addExpenses(page, summary.wrongState,
+                RowText::marked("Rows", "1 expense with CGST and SGST of another state: that credit is lost."),
+                RowText::marked("Rows", "%1 expenses with CGST and SGST of another state: that credit is lost."));
+    addExpenses(
+        page, summary.foreign,
+        RowText::marked("Rows", "1 expense in foreign currency: a service from abroad is taxed under reverse charge."),
+        RowText::marked("Rows",
+                        "%1 expenses in foreign currency: a service from abroad is taxed under reverse charge."));
+    page.advice = RowText::translate("Rows", checkOnThePortal);
 }
 
 void fillComposition(ReportPage& page, const Library& library, const Period& period) {
     const auto turnover = GSTReturns::composition(library, period, page.choice.compositionBP);
     page.tables = {ReportTables::composition(library, turnover)};
     if (!turnover.outOfState.empty())
-        page.remarks.push_back(remark(Tone::danger,
-                                      turnover.outOfState.size() == 1
-                                          ? "1 document goes out of your state, which the scheme does not allow."
-                                          : std::to_string(turnover.outOfState.size()) +
-                                                " documents go out of your state, which the scheme does not allow.",
-                                      "Out of your state", turnover.outOfState, {}));
+        page.remarks.push_back(
+            countRemark(Tone::danger,
+                        RowText::marked("Rows", "1 document goes out of your state, which the scheme does not allow."),
+                        RowText::marked("Rows", "%1 documents go out of your state, which the scheme does not allow."),
+                        RowText::translate("Rows", "Out of your state"), turnover.outOfState, {}));
     addLeftOut(page, turnover.leftOut, {});
-    page.advice = checkOnThePortal;
+    page.advice = RowText::translate("Rows", checkOnThePortal);
 }
 
 bool isEmpty(const ReportPage& page) {
@@ -320,7 +333,7 @@ ReportPage reportPage(const Library& library, const ReportChoice& choice, Day to
             const GSTReturns::GSTR1 outward = GSTReturns::gstr1(library, period);
             page.tables = ReportTables::gstr1(library, outward);
             addProblems(page, library, outward);
-            page.advice = checkOnThePortal;
+            page.advice = RowText::translate("Rows", checkOnThePortal);
             break;
         }
         case ReportKind::summary:
@@ -333,9 +346,10 @@ ReportPage reportPage(const Library& library, const ReportChoice& choice, Day to
             page.tables = {ReportTables::tdsClients(library, year.startYear),
                            ReportTables::tdsDeductions(library, year.startYear)};
             addLeftOut(page, TDS::year(library, year.startYear).leftOut, {});
-            page.advice =
+            page.advice = RowText::translate(
+                "Rows",
                 "Compare these with your clients’ certificates (Form 16A, from April 2026 Form 131) and with the tax "
-                "department’s statement (Form 26AS, now Form 168).";
+                "department’s statement (Form 26AS, now Form 168).");
             break;
         case ReportKind::inputTax:
             page.tables = {ReportTables::inputTax(library, year)};
@@ -391,7 +405,8 @@ ReportRecords recordsOf(const ReportPage& page, std::size_t month, std::size_t s
     if (month >= page.months.size()) return {};
     const MonthRow& row = page.months[month];
     ReportRecords records = recordsFor(page, Period::month(row.month));
-    records.title = row.month.formatted("MMMM yyyy") + (series == 0 ? " · Income" : " · Spending");
+    records.title = row.month.formatted("MMMM yyyy") + " · " +
+                    (series == 0 ? RowText::translate("Rows", "Income") : RowText::translate("Rows", "Spending"));
     (series == 0 ? records.documentIDs : records.expenseIDs) = series == 0 ? row.documentIDs : row.expenseIDs;
     return records;
 }
@@ -413,23 +428,26 @@ std::vector<ReportRemark> yearEndRemarks(const Library& library, const Financial
         if (expense.attachments.empty() && expense.kind == ExpenseKind::regular) withoutReceipt.push_back(expense.id);
     }
     if (!drafts.empty())
-        page.remarks.push_back(remark(
-            Tone::warning,
-            drafts.size() == 1 ? "1 document is still a draft, so no figure has it."
-                               : std::to_string(drafts.size()) + " documents are still drafts, so no figure has them.",
-            "Drafts", drafts, {}));
-    addExpenses(page, unchecked, "was read from a receipt that nobody has checked yet.",
-                "were read from receipts that nobody has checked yet.");
-    addExpenses(page, uncategorised, "has no category.", "have no category.");
-    addExpenses(page, withoutReceipt, "has no receipt.", "have no receipt.");
+        page.remarks.push_back(
+            countRemark(Tone::warning, RowText::marked("Rows", "1 document is still a draft, so no figure has it."),
+                        RowText::marked("Rows", "%1 documents are still drafts, so no figure has them."),
+                        RowText::translate("Rows", "Drafts"), drafts, {}));
+    addExpenses(page, unchecked,
+                RowText::marked("Rows", "1 expense was read from a receipt that nobody has checked yet."),
+                RowText::marked("Rows", "%1 expenses were read from receipts that nobody has checked yet."));
+    addExpenses(page, uncategorised, RowText::marked("Rows", "1 expense has no category."),
+                RowText::marked("Rows", "%1 expenses have no category."));
+    addExpenses(page, withoutReceipt, RowText::marked("Rows", "1 expense has no receipt."),
+                RowText::marked("Rows", "%1 expenses have no receipt."));
     const auto open =
         std::count_if(library.transactions.begin(), library.transactions.end(),
                       [&](const BankTransaction& line) { return line.isOpen() && period.contains(line.date); });
     if (open > 0)
-        page.remarks.push_back(
-            {Tone::warning,
-             open == 1 ? "1 bank line is not matched yet." : std::to_string(open) + " bank lines are not matched yet.",
-             {}});
+        page.remarks.push_back({Tone::warning,
+                                RowText::counted(static_cast<std::size_t>(open),
+                                                 RowText::marked("Rows", "1 bank line is not matched yet."),
+                                                 RowText::marked("Rows", "%1 bank lines are not matched yet.")),
+                                {}});
     return page.remarks;
 }
 

@@ -69,6 +69,7 @@ struct ReportRemark {
     Tone tone = Tone::warning;  ///< `danger`: will be refused
     std::string sentence;
     ReportRecords records;
+    std::string note = {};  ///< of a table, in English, that says the same
 
     bool operator==(const ReportRemark&) const = default;
 };

@@ -27,4 +27,8 @@ std::string filled(std::string_view text, std::initializer_list<std::string_view
     return result;
 }
 
+std::string counted(std::size_t count, const char* one, const char* many, std::string_view further) {
+    return filled(translate("Rows", count == 1 ? one : many), {std::to_string(count), further});
+}
+
 }  // namespace tamba::RowText

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -17,7 +18,9 @@ void install(Translator translator);
 [[nodiscard]] std::string translate(const char* context, std::string_view text);
 /// The text with each of %1, %2 … replaced by its value; what a value itself holds stays as it is.
 [[nodiscard]] std::string filled(std::string_view text, std::initializer_list<std::string_view> values);
-/// Lists a text for translation where it is kept in a table; shown through `translate`.
+/// Of one thing the first text, of any other number the second, with the number as %1 and `further` as %2 in either.
+[[nodiscard]] std::string counted(std::size_t count, const char* one, const char* many, std::string_view further = {});
+/// Lists a text for translation where it is kept in a table; shown through `translate` or `counted`.
 [[nodiscard]] constexpr const char* marked(const char* /*context*/, const char* text) { return text; }
 
 }  // namespace tamba::RowText

@@ -1,5 +1,6 @@
 #include "Tamba/Rows/SearchRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Documents/SearchWords.h"
 
 #include <algorithm>
@@ -11,17 +12,17 @@ namespace {
 using Search::Kind;
 
 struct Look {
-    std::string_view title, plural, glyph;
+    const char *title, *showAll, *glyph;
 };
 constexpr std::array<Look, 8> looks{{
-    {"Expenses", "expenses", "receipt"},
-    {"Invoices", "invoices", "document"},
-    {"Estimates", "estimates", "document"},
-    {"Credit notes", "credit notes", "credit"},
-    {"Clients", "clients", "people"},
-    {"Projects", "projects", "folder"},
-    {"Saved lines", "saved lines", "tag"},
-    {"Bank lines", "bank lines", "category-bank"},
+    {RowText::marked("Rows", "Expenses"), RowText::marked("Rows", "Show all %1 expenses"), "receipt"},
+    {RowText::marked("Rows", "Invoices"), RowText::marked("Rows", "Show all %1 invoices"), "document"},
+    {RowText::marked("Rows", "Estimates"), RowText::marked("Rows", "Show all %1 estimates"), "document"},
+    {RowText::marked("Rows", "Credit notes"), RowText::marked("Rows", "Show all %1 credit notes"), "credit"},
+    {RowText::marked("Rows", "Clients"), RowText::marked("Rows", "Show all %1 clients"), "people"},
+    {RowText::marked("Rows", "Projects"), RowText::marked("Rows", "Show all %1 projects"), "folder"},
+    {RowText::marked("Rows", "Saved lines"), RowText::marked("Rows", "Show all %1 saved lines"), "tag"},
+    {RowText::marked("Rows", "Bank lines"), RowText::marked("Rows", "Show all %1 bank lines"), "category-bank"},
 }};
 const Look& look(Kind kind) { return looks[static_cast<std::size_t>(kind)]; }
 
@@ -58,8 +59,6 @@ UUID madeUp(SearchRow::What what, std::size_t which) {
 
 }  // namespace
 
-std::string_view title(Kind kind) { return look(kind).title; }
-
 std::vector<SearchRow> searchRows(const std::vector<Search::Group>& groups, std::optional<Kind> expanded,
                                   std::string_view words, const std::vector<SearchCommand>& commands) {
     using What = SearchRow::What;
@@ -74,7 +73,7 @@ std::vector<SearchRow> searchRows(const std::vector<Search::Group>& groups, std:
     for (const Search::Group& group : groups) {
         const auto which = static_cast<std::size_t>(group.kind);
         SearchRow& heading = add(What::heading, group.kind, which);
-        heading.text = look(group.kind).title;
+        heading.text = RowText::translate("Rows", look(group.kind).title);
         heading.right = std::to_string(group.count);
         const std::size_t shown = std::min(group.hits.size(), group.kind == expanded ? hitsOfExpanded : hitsShown);
         for (std::size_t i = 0; i < shown; ++i) {
@@ -88,13 +87,13 @@ std::vector<SearchRow> searchRows(const std::vector<Search::Group>& groups, std:
         }
         if (group.count > shown && group.kind != expanded)
             add(What::more, group.kind, which).text =
-                "Show all " + std::to_string(group.count) + " " + std::string(look(group.kind).plural);
+                RowText::filled(RowText::translate("Rows", look(group.kind).showAll), {std::to_string(group.count)});
     }
     const auto wanted = wordsOf(words);
     bool any = false;
     for (std::size_t i = 0; i < commands.size(); ++i) {
         if (!fits(commands[i], wanted)) continue;
-        if (!any) add(What::heading, {}, looks.size()).text = "Commands";
+        if (!any) add(What::heading, {}, looks.size()).text = RowText::translate("Rows", "Commands");
         any = true;
         SearchRow& row = add(What::command, {}, i);
         row.text = commands[i].text;

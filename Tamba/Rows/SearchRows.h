@@ -37,7 +37,4 @@ inline constexpr std::size_t hitsShown = 5, hitsOfExpanded = 200;
                                                 std::optional<Search::Kind> expanded, std::string_view words,
                                                 const std::vector<SearchCommand>& commands);
 
-/// "Credit notes"
-[[nodiscard]] std::string_view title(Search::Kind kind);
-
 }  // namespace tamba

@@ -1,5 +1,6 @@
 #include "Tamba/Rows/SetUpRows.h"
 
+#include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/Numbering.h"
@@ -43,7 +44,7 @@ FieldNote taxIDNote(TaxRegime regime, std::string_view typed) {
     using Kind = FieldNote::Kind;
     if (!isIndia(regime)) return {};
     const std::string id = GSTIN::clean(typed);
-    if (id.empty()) return {"Leave empty while you are not registered.", Kind::plain};
+    if (id.empty()) return {RowText::translate("Rows", "Leave empty while you are not registered."), Kind::plain};
     if (const auto problem = GSTIN::validate(id)) return {std::string(GSTIN::problemText(*problem)), Kind::problem};
     const auto state = IndianState::of(GSTIN::stateCode(id));
     return {state ? state->label() : std::string(), Kind::good};
@@ -54,8 +55,10 @@ FieldNote firstNumberNote(const Library& library, Day today) {
     if (index == library.series.size()) return {};
     const NumberSeries& series = library.series[index];
     const auto problem = Numbering::problem(library, series, today);
-    return {"The first: " + Numbering::nextNumber(library, series, today) + (problem ? " " + *problem : ""),
-            problem ? FieldNote::Kind::problem : FieldNote::Kind::plain};
+    return {
+        RowText::filled(RowText::translate("Rows", "The first: %1"), {Numbering::nextNumber(library, series, today)}) +
+            (problem ? " " + *problem : ""),
+        problem ? FieldNote::Kind::problem : FieldNote::Kind::plain};
 }
 
 LookSample lookSample(Library library, Day today) {

@@ -1,6 +1,7 @@
 #include "Tamba/Screens/DocumentEditor.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
 #include "Tamba/Widgets/Form.h"
@@ -257,7 +258,7 @@ const Document* DocumentEditor::draft() const {
 QString DocumentEditor::apply(const Change& change) {
     const Document* present = draft();
     if (filling_ || !present) return {};
-    const QString kind = toQt(Books::title(present->kind));
+    const QString kind = Translations::shown(Books::title(present->kind));
     try {
         const Document changed = change(model_.library(), *present);
         if (const auto problem = Books::problem(model_.library(), changed))

@@ -2,6 +2,7 @@
 #include "Tamba/Rows/DocumentRows.h"
 #include "Tamba/Screens/DocumentEditor.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
 #include "Tamba/Widgets/Form.h"
@@ -104,7 +105,7 @@ void DocumentEditor::fillPlace(const Document& draft) {
     }
     chooseData(*place_, toQt(draft.placeOfSupply.value_or("")));
     placeBox_->setVisible(library.business.isIndia());
-    setNote(*supply_, toQt(title(draft.supply)), "caption");
+    setNote(*supply_, Translations::shown(title(draft.supply)), "caption");
     const bool zeroRated = isZeroRated(draft.supply);
     lut_->setVisible(zeroRated);
     lut_->setChecked(draft.lut);

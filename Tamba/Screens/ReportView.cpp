@@ -114,7 +114,7 @@ QVBoxLayout* ReportView::addCard(const QString& title) {
 void ReportView::addNote(const std::string& sentence, QVBoxLayout& to) {
     // What a remark says already is not said twice.
     for (const ReportRemark& remark : page_.remarks)
-        if (remark.sentence == sentence) return;
+        if (remark.note == sentence) return;
     to.addWidget(wrapping(toQt(sentence), "field", content_));
 }
 

@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/LookFields.h"
@@ -193,7 +194,7 @@ void WelcomeScreen::makeTax() {
                           "choose that and invoices carry no tax."));
     regime_ = taxForm_->combo(tr("Tax"), "welcomeRegime");
     for (const TaxRegime regime : {TaxRegime::gstIndia, TaxRegime::gstComposition, TaxRegime::simple, TaxRegime::none})
-        regime_->addItem(toQt(title(regime)), static_cast<int>(regime));
+        regime_->addItem(Translations::shown(title(regime)), static_cast<int>(regime));
     taxID_ = taxForm_->line(tr("GSTIN"), "welcomeTaxID");
     taxIDNote_ = taxForm_->note();
     first_.push_back(taxID_);

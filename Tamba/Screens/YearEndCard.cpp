@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Segments.h"
 
@@ -20,8 +21,9 @@ YearEndCard::YearEndCard(const QString& year, QWidget* parent) : QFrame(parent) 
                               "folder and one zip file."),
                            tr("Make the Bundle…"), "makeBundle");
     bundle->setProperty("role", QStringLiteral("primary"));
-    auto* basis = new Segments(
-        {{toQt(title(IncomeBasis::accrual)), "journalAccrual"}, {toQt(title(IncomeBasis::cash)), "journalCash"}}, this);
+    auto* basis = new Segments({{Translations::shown(title(IncomeBasis::accrual)), "journalAccrual"},
+                                {Translations::shown(title(IncomeBasis::cash)), "journalCash"}},
+                               this);
     auto* journal = addLine(tr("Journal"),
                             tr("The whole book in double entry, as text that hledger and ledger read. Income counts:"),
                             tr("Save Journal…"), "saveJournal", basis);

@@ -16,11 +16,11 @@ BillableSheet::BillableSheet(QWidget* parent, const Library& library, const Docu
     Controls::name(*list_, "billableExpenses", tr("Expenses to bill on"));
     for (const Expense* expense : Rebilling::candidates(library, draft)) {
         const Client* client = expense->clientID ? library.client(*expense->clientID) : nullptr;
-        const std::string vendor = expense->vendor.empty() ? "No vendor" : expense->vendor;
-        auto* item = new QListWidgetItem(toQt(expense->date.formatted("d MMM yyyy") + " · " + vendor + " · " +
-                                              MoneyFormat::string(expense->amount, Currency::of(expense->currency)) +
-                                              (client ? std::string() : std::string(" · no client"))),
-                                         list_);
+        const QString vendor = expense->vendor.empty() ? tr("No vendor") : toQt(expense->vendor);
+        const QString amount = toQt(MoneyFormat::string(expense->amount, Currency::of(expense->currency)));
+        QStringList words{toQt(expense->date.formatted("d MMM yyyy")), vendor, amount};
+        if (!client) words << tr("no client");
+        auto* item = new QListWidgetItem(words.join(QStringLiteral(" · ")), list_);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         // Those without a client may be meant for somebody else.
         item->setCheckState(client ? Qt::Checked : Qt::Unchecked);

@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/ColumnChoices.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
@@ -249,7 +250,8 @@ void ImportSheet::makeFile() {
     choices_->setCount(width, [](QComboBox& choice, int column) {
         choice.setObjectName(QStringLiteral("columnUse%1").arg(column));
         choice.setAccessibleName(tr("What column %1 is").arg(column + 1));
-        for (const ColumnUse use : allColumnUses()) choice.addItem(toQt(title(use)), static_cast<int>(use));
+        for (const ColumnUse use : allColumnUses())
+            choice.addItem(Translations::shown(title(use)), static_cast<int>(use));
         choice.setMaxVisibleItems(20);
     });
     connect(choices_, &ColumnChoices::chosen, this, &ImportSheet::use);

@@ -3,6 +3,7 @@
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Style.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
 #include "Tamba/Widgets/Form.h"
@@ -16,7 +17,7 @@
 namespace tamba {
 
 IssueSheet::IssueSheet(QWidget* parent, const Library& library, const Document& draft, Day today)
-    : Sheet(parent, Icon::none, tr("Issue This %1").arg(toQt(Books::title(draft.kind))),
+    : Sheet(parent, Icon::none, tr("Issue This %1").arg(Translations::shown(Books::title(draft.kind))),
             tr("It gets its number and can no longer be changed, only voided. Steps taken before cannot be undone "
                "any more.")),
       library_(library),

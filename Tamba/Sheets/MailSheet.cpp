@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 
@@ -25,7 +26,7 @@ MailSheet::MailSheet(QWidget* parent, const Library& library, const Document& do
     to_->setPlaceholderText(tr("name@example.com"));
     tones_ = form->combo(tr("Tone"), "mailTone");
     for (const auto tone : {Reminders::Tone::friendly, Reminders::Tone::firm, Reminders::Tone::final})
-        tones_->addItem(toQt(Reminders::title(tone)), static_cast<int>(tone));
+        tones_->addItem(Translations::shown(Reminders::title(tone)), static_cast<int>(tone));
     form->setRowVisible(tones_, kind == Mail::reminder);
     subject_ = form->line(tr("Subject"), "mailSubject");
     words_ = form->text(tr("Text"), "mailText", 14);

@@ -164,7 +164,7 @@ void DateTile::paintEvent(QPaintEvent*) {
          Style::textFont(13, QFont::DemiBold), colors.text);
     draw(painter, QRectF(words.left(), 26, words.width(), 17), toQt(date_.holds), Style::textFont(12), colors.text);
     const QString last =
-        date_.problems.empty() ? toQt(date_.note) : toQt(date_.problems + " to mend before it is sent");
+        date_.problems.empty() ? toQt(date_.note) : tr("%1 to mend before it is sent").arg(toQt(date_.problems));
     draw(painter, QRectF(words.left(), 43, words.width(), 16), last, small,
          date_.problems.empty() ? colors.muted : colors.warning);
 }

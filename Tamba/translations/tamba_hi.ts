@@ -878,6 +878,970 @@
         <source>%1 days late</source>
         <translation>%1 दिन देर से</translation>
     </message>
+    <message>
+        <source>1 bank line</source>
+        <translation>1 बैंक पंक्ति</translation>
+    </message>
+    <message>
+        <source>%1 bank lines</source>
+        <translation>%1 बैंक पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>No records</source>
+        <translation>कोई रिकॉर्ड नहीं</translation>
+    </message>
+    <message>
+        <source>%1 fewer</source>
+        <translation>%1 कम</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <translation>%1 ज़्यादा</translation>
+    </message>
+    <message>
+        <source>%1 changed</source>
+        <translation>%1 बदले हुए</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 और %2</translation>
+    </message>
+    <message>
+        <source>1 recurring expense</source>
+        <translation>बार-बार आने वाला 1 ख़र्च</translation>
+    </message>
+    <message>
+        <source>%1 recurring expenses</source>
+        <translation>बार-बार आने वाले %1 ख़र्च</translation>
+    </message>
+    <message>
+        <source>1 category</source>
+        <translation>1 श्रेणी</translation>
+    </message>
+    <message>
+        <source>%1 categories</source>
+        <translation>%1 श्रेणियाँ</translation>
+    </message>
+    <message>
+        <source>1 rule</source>
+        <translation>1 नियम</translation>
+    </message>
+    <message>
+        <source>%1 rules</source>
+        <translation>%1 नियम</translation>
+    </message>
+    <message>
+        <source>1 item</source>
+        <translation>1 आइटम</translation>
+    </message>
+    <message>
+        <source>%1 items</source>
+        <translation>%1 आइटम</translation>
+    </message>
+    <message>
+        <source>1 bank account</source>
+        <translation>1 बैंक खाता</translation>
+    </message>
+    <message>
+        <source>%1 bank accounts</source>
+        <translation>%1 बैंक खाते</translation>
+    </message>
+    <message>
+        <source>1 number series</source>
+        <translation>1 नंबर शृंखला</translation>
+    </message>
+    <message>
+        <source>%1 number series</source>
+        <translation>%1 नंबर शृंखलाएँ</translation>
+    </message>
+    <message>
+        <source>other settings of the business</source>
+        <translation>व्यवसाय की अलग सेटिंग</translation>
+    </message>
+    <message>
+        <source>other exchange rates</source>
+        <translation>अलग विनिमय दरें</translation>
+    </message>
+    <message>
+        <source>Expense</source>
+        <translation>ख़र्च</translation>
+    </message>
+    <message>
+        <source>%1 lost in exchange</source>
+        <translation>%1 विनिमय में घटे</translation>
+    </message>
+    <message>
+        <source>%1 of it is still to be matched</source>
+        <translation>इसमें से %1 अभी मिलाने बाकी हैं</translation>
+    </message>
+    <message>
+        <source>Is the payment of %1</source>
+        <translation>%1 का भुगतान यही है</translation>
+    </message>
+    <message>
+        <source>Recorded by hand, same day</source>
+        <translation>हाथ से दर्ज, उसी दिन</translation>
+    </message>
+    <message>
+        <source>Recorded by hand, 1 day apart</source>
+        <translation>हाथ से दर्ज, 1 दिन का अंतर</translation>
+    </message>
+    <message>
+        <source>Recorded by hand, %1 days apart</source>
+        <translation>हाथ से दर्ज, %1 दिन का अंतर</translation>
+    </message>
+    <message>
+        <source>%1 crore</source>
+        <translation>%1 करोड़</translation>
+    </message>
+    <message>
+        <source>%1 lakh</source>
+        <translation>%1 लाख</translation>
+    </message>
+    <message>
+        <source>%1 billion</source>
+        <translation>%1 अरब</translation>
+    </message>
+    <message>
+        <source>%1 million</source>
+        <translation>%1 मिलियन</translation>
+    </message>
+    <message>
+        <source>Draft invoice</source>
+        <translation>ड्राफ़्ट इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Draft estimate</source>
+        <translation>ड्राफ़्ट एस्टीमेट</translation>
+    </message>
+    <message>
+        <source>Draft credit note</source>
+        <translation>ड्राफ़्ट क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>1 document left out: no rate</source>
+        <translation>1 दस्तावेज़ शामिल नहीं: दर नहीं है</translation>
+    </message>
+    <message>
+        <source>%1 documents left out: no rate</source>
+        <translation>%1 दस्तावेज़ शामिल नहीं: दर नहीं है</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>खाता</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>पता</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>रक़म</translation>
+    </message>
+    <message>
+        <source>Anchor day</source>
+        <translation>महीने का दिन</translation>
+    </message>
+    <message>
+        <source>Attachments</source>
+        <translation>संलग्न फ़ाइलें</translation>
+    </message>
+    <message>
+        <source>Balance</source>
+        <translation>शेष</translation>
+    </message>
+    <message>
+        <source>Bank</source>
+        <translation>बैंक</translation>
+    </message>
+    <message>
+        <source>Bill to</source>
+        <translation>किसके नाम बिल</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>Category hint</source>
+        <translation>श्रेणी का सुझाव</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>ग्राहक</translation>
+    </message>
+    <message>
+        <source>Contact</source>
+        <translation>संपर्क</translation>
+    </message>
+    <message>
+        <source>Contains</source>
+        <translation>जिसमें यह पाठ हो</translation>
+    </message>
+    <message>
+        <source>Counterparty</source>
+        <translation>दूसरा पक्ष</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>देश</translation>
+    </message>
+    <message>
+        <source>Created at</source>
+        <translation>कब बनाया</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>मुद्रा</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>तारीख़</translation>
+    </message>
+    <message>
+        <source>Default due days</source>
+        <translation>सामान्य देय अवधि (दिन)</translation>
+    </message>
+    <message>
+        <source>Detail</source>
+        <translation>ब्योरा</translation>
+    </message>
+    <message>
+        <source>Distance</source>
+        <translation>दूरी</translation>
+    </message>
+    <message>
+        <source>Distance unit</source>
+        <translation>दूरी की इकाई</translation>
+    </message>
+    <message>
+        <source>Due date</source>
+        <translation>देय तारीख़</translation>
+    </message>
+    <message>
+        <source>Due days</source>
+        <translation>देय अवधि (दिन)</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>ई-मेल</translation>
+    </message>
+    <message>
+        <source>End date</source>
+        <translation>आख़िरी तारीख़</translation>
+    </message>
+    <message>
+        <source>Footer</source>
+        <translation>पाद लेख</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>कितनी बार</translation>
+    </message>
+    <message>
+        <source>Home currency</source>
+        <translation>घरेलू मुद्रा</translation>
+    </message>
+    <message>
+        <source>Ignored</source>
+        <translation>अलग रखी</translation>
+    </message>
+    <message>
+        <source>Issue date</source>
+        <translation>जारी होने की तारीख़</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>प्रकार</translation>
+    </message>
+    <message>
+        <source>Last reminder</source>
+        <translation>पिछली बार याद दिलाया</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>तरीका</translation>
+    </message>
+    <message>
+        <source>Mileage rate</source>
+        <translation>यात्रा की दर</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>नाम</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>अगली गिनती</translation>
+    </message>
+    <message>
+        <source>Next date</source>
+        <translation>अगली तारीख़</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>टिप्पणी</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>नंबर</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>नमूना</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>रुका हुआ</translation>
+    </message>
+    <message>
+        <source>Payment</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Payments</source>
+        <translation>भुगतान</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>फ़ोन</translation>
+    </message>
+    <message>
+        <source>Place of supply</source>
+        <translation>आपूर्ति का स्थान</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>दर</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>प्रोजेक्ट</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>दर</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>कारण</translation>
+    </message>
+    <message>
+        <source>Rebilled invoice</source>
+        <translation>जिस इनवॉइस में बिल हुआ</translation>
+    </message>
+    <message>
+        <source>Receipt date order</source>
+        <translation>रसीदों पर तारीख़ का क्रम</translation>
+    </message>
+    <message>
+        <source>Recurring</source>
+        <translation>बार-बार आने वाला</translation>
+    </message>
+    <message>
+        <source>Reference</source>
+        <translation>संदर्भ</translation>
+    </message>
+    <message>
+        <source>Regime</source>
+        <translation>कर व्यवस्था</translation>
+    </message>
+    <message>
+        <source>Reminders sent</source>
+        <translation>कितनी बार याद दिलाया</translation>
+    </message>
+    <message>
+        <source>Round off</source>
+        <translation>राउंड-ऑफ़</translation>
+    </message>
+    <message>
+        <source>Round totals</source>
+        <translation>कुल को पूर्ण करें</translation>
+    </message>
+    <message>
+        <source>Seller</source>
+        <translation>विक्रेता का ब्योरा</translation>
+    </message>
+    <message>
+        <source>Sent on</source>
+        <translation>भेजने की तारीख़</translation>
+    </message>
+    <message>
+        <source>Series</source>
+        <translation>नंबर शृंखला</translation>
+    </message>
+    <message>
+        <source>Signatory</source>
+        <translation>हस्ताक्षर</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>स्रोत</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>स्थिति</translation>
+    </message>
+    <message>
+        <source>State code</source>
+        <translation>राज्य</translation>
+    </message>
+    <message>
+        <source>Supply</source>
+        <translation>आपूर्ति</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>चिह्न</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>कर</translation>
+    </message>
+    <message>
+        <source>Tax name</source>
+        <translation>कर का नाम</translation>
+    </message>
+    <message>
+        <source>Tax split</source>
+        <translation>कर के हिस्से</translation>
+    </message>
+    <message>
+        <source>Template</source>
+        <translation>नमूना</translation>
+    </message>
+    <message>
+        <source>Terms</source>
+        <translation>शर्तें</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>पाठ</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>इकाई</translation>
+    </message>
+    <message>
+        <source>Updated</source>
+        <translation>कब बदली</translation>
+    </message>
+    <message>
+        <source>Vendor</source>
+        <translation>विक्रेता</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>वेबसाइट</translation>
+    </message>
+    <message>
+        <source>Weekly</source>
+        <translation>हर हफ़्ते</translation>
+    </message>
+    <message>
+        <source>Monthly</source>
+        <translation>हर महीने</translation>
+    </message>
+    <message>
+        <source>Quarterly</source>
+        <translation>हर तिमाही</translation>
+    </message>
+    <message>
+        <source>Yearly</source>
+        <translation>हर साल</translation>
+    </message>
+    <message>
+        <source>Issued</source>
+        <translation>जारी</translation>
+    </message>
+    <message>
+        <source>Regular</source>
+        <translation>सामान्य</translation>
+    </message>
+    <message>
+        <source>Recurring expense</source>
+        <translation>बार-बार आने वाला ख़र्च</translation>
+    </message>
+    <message>
+        <source>Bank line</source>
+        <translation>बैंक पंक्ति</translation>
+    </message>
+    <message>
+        <source>Rule</source>
+        <translation>नियम</translation>
+    </message>
+    <message>
+        <source>Exchange rate</source>
+        <translation>विनिमय दर</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>आइटम</translation>
+    </message>
+    <message>
+        <source>Number series</source>
+        <translation>नंबर शृंखला</translation>
+    </message>
+    <message>
+        <source>Bank account</source>
+        <translation>बैंक खाता</translation>
+    </message>
+    <message>
+        <source>Another record</source>
+        <translation>कोई और रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>हाँ</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>नहीं</translation>
+    </message>
+    <message>
+        <source>Another value</source>
+        <translation>कोई और मान</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>हटाया गया</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>बदला गया</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>कुछ नहीं</translation>
+    </message>
+    <message>
+        <source>The whole record</source>
+        <translation>पूरा रिकॉर्ड</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>सेटिंग</translation>
+    </message>
+    <message>
+        <source>Accent colour</source>
+        <translation>मुख्य रंग</translation>
+    </message>
+    <message>
+        <source>Input tax claimed</source>
+        <translation>इनपुट टैक्स लिया</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>रंग</translation>
+    </message>
+    <message>
+        <source>Tax on new lines</source>
+        <translation>नई पंक्तियों पर कर</translation>
+    </message>
+    <message>
+        <source>Year begins in</source>
+        <translation>साल की शुरुआत</translation>
+    </message>
+    <message>
+        <source>HSN or SAC</source>
+        <translation>HSN या SAC</translation>
+    </message>
+    <message>
+        <source>Linked document</source>
+        <translation>जुड़ा हुआ दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>लोगो</translation>
+    </message>
+    <message>
+        <source>Under LUT</source>
+        <translation>LUT के तहत</translation>
+    </message>
+    <message>
+        <source>LUT reference</source>
+        <translation>LUT संदर्भ</translation>
+    </message>
+    <message>
+        <source>Text of the receipt</source>
+        <translation>रसीद का पाठ</translation>
+    </message>
+    <message>
+        <source>PAN</source>
+        <translation>PAN</translation>
+    </message>
+    <message>
+        <source>In a special economic zone</source>
+        <translation>विशेष आर्थिक क्षेत्र में</translation>
+    </message>
+    <message>
+        <source>UPI code on invoices</source>
+        <translation>इनवॉइस पर UPI कोड</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>कर संख्या</translation>
+    </message>
+    <message>
+        <source>Name of the number</source>
+        <translation>संख्या का नाम</translation>
+    </message>
+    <message>
+        <source>UPI ID</source>
+        <translation>UPI ID</translation>
+    </message>
+    <message>
+        <source>Vendor’s GSTIN</source>
+        <translation>विक्रेता का GSTIN</translation>
+    </message>
+    <message>
+        <source>One reminder, on %2</source>
+        <translation>एक बार याद दिलाया, %2 को</translation>
+    </message>
+    <message>
+        <source>%1 reminders, the last on %2</source>
+        <translation>%1 बार याद दिलाया, पिछली बार %2 को</translation>
+    </message>
+    <message>
+        <source>One reminder</source>
+        <translation>एक बार याद दिलाया</translation>
+    </message>
+    <message>
+        <source>Void: %1</source>
+        <translation>निरस्त: %1</translation>
+    </message>
+    <message>
+        <source>Reason: %1</source>
+        <translation>कारण: %1</translation>
+    </message>
+    <message>
+        <source>Other tax</source>
+        <translation>अन्य कर</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <translation>काम में नहीं</translation>
+    </message>
+    <message>
+        <source>Narration</source>
+        <translation>विवरण</translation>
+    </message>
+    <message>
+        <source>Money out</source>
+        <translation>निकासी</translation>
+    </message>
+    <message>
+        <source>Money in</source>
+        <translation>जमा</translation>
+    </message>
+    <message>
+        <source>In or out</source>
+        <translation>जमा या निकासी</translation>
+    </message>
+    <message>
+        <source>Payee</source>
+        <translation>पाने वाला</translation>
+    </message>
+    <message>
+        <source>More narration</source>
+        <translation>और विवरण</translation>
+    </message>
+    <message>
+        <source>Balance in or out</source>
+        <translation>शेष जमा या नामे</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>स्थिति</translation>
+    </message>
+    <message>
+        <source>Opening %1 + lines %2 = closing %3</source>
+        <translation>आरंभिक शेष %1 + पंक्तियाँ %2 = अंतिम शेष %3</translation>
+    </message>
+    <message>
+        <source>Opening %1 + lines %2 = %3, but the statement closes with %4: %5 apart</source>
+        <translation>आरंभिक शेष %1 + पंक्तियाँ %2 = %3, पर स्टेटमेंट का अंतिम शेष %4 है: %5 का अंतर</translation>
+    </message>
+    <message>
+        <source>Opening %1 + lines %2 = %3, but the statement closes with %4</source>
+        <translation>आरंभिक शेष %1 + पंक्तियाँ %2 = %3, पर स्टेटमेंट का अंतिम शेष %4 है</translation>
+    </message>
+    <message>
+        <source>The same as row %1 of this file</source>
+        <translation>इसी फ़ाइल की पंक्ति %1 जैसी</translation>
+    </message>
+    <message>
+        <source>The balance should be %1 and is %2.</source>
+        <translation>शेष %1 होना चाहिए, पर %2 है।</translation>
+    </message>
+    <message>
+        <source>%1 already in the books</source>
+        <translation>%1 पहले से बहीखाते में</translation>
+    </message>
+    <message>
+        <source>1 row skipped</source>
+        <translation>1 पंक्ति छोड़ी गई</translation>
+    </message>
+    <message>
+        <source>%1 rows skipped</source>
+        <translation>%1 पंक्तियाँ छोड़ी गईं</translation>
+    </message>
+    <message>
+        <source>1 line added to %2</source>
+        <translation>%2 में 1 पंक्ति जोड़ी गई</translation>
+    </message>
+    <message>
+        <source>%1 lines added to %2</source>
+        <translation>%2 में %1 पंक्तियाँ जोड़ी गईं</translation>
+    </message>
+    <message>
+        <source>1 was already in the books</source>
+        <translation>1 पहले से बहीखाते में थी</translation>
+    </message>
+    <message>
+        <source>%1 were already in the books</source>
+        <translation>%1 पहले से बहीखाते में थीं</translation>
+    </message>
+    <message>
+        <source>paid %1</source>
+        <translation>भुगतान %1</translation>
+    </message>
+    <message>
+        <source>%1 payments</source>
+        <translation>%1 भुगतान</translation>
+    </message>
+    <message>
+        <source>Uncategorised</source>
+        <translation>बिना श्रेणी</translation>
+    </message>
+    <message>
+        <source>1 document</source>
+        <translation>1 दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>%1 documents</source>
+        <translation>%1 दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>These figures are for preparation. Check every one of them on the portal before you file.</source>
+        <translation>ये आँकड़े तैयारी के लिए हैं। रिटर्न भरने से पहले हर आँकड़ा पोर्टल पर जाँच लें।</translation>
+    </message>
+    <message>
+        <source>1 record is left out: without an exchange rate, or with a figure that can’t be right.</source>
+        <translation>1 रिकॉर्ड शामिल नहीं है: विनिमय दर नहीं है, या कोई आँकड़ा सही नहीं हो सकता।</translation>
+    </message>
+    <message>
+        <source>%1 records are left out: without an exchange rate, or with a figure that can’t be right.</source>
+        <translation>%1 रिकॉर्ड शामिल नहीं हैं: विनिमय दर नहीं है, या कोई आँकड़ा सही नहीं हो सकता।</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>शामिल नहीं</translation>
+    </message>
+    <message>
+        <source>Worth a look</source>
+        <translation>देख लेने लायक़</translation>
+    </message>
+    <message>
+        <source>1 expense with claimed tax, but no valid GSTIN of the vendor: that is no credit.</source>
+        <translation>1 ख़र्च में कर का क्रेडिट लिया गया, पर विक्रेता का सही GSTIN नहीं है: यह क्रेडिट नहीं मिलता।</translation>
+    </message>
+    <message>
+        <source>%1 expenses with claimed tax, but no valid GSTIN of the vendor: that is no credit.</source>
+        <translation>%1 ख़र्चों में कर का क्रेडिट लिया गया, पर विक्रेता का सही GSTIN नहीं है: यह क्रेडिट नहीं मिलता।</translation>
+    </message>
+    <message>
+        <source>1 expense with CGST and SGST of another state: that credit is lost.</source>
+        <translation>1 ख़र्च में दूसरे राज्य का CGST और SGST है: यह क्रेडिट नहीं मिलता।</translation>
+    </message>
+    <message>
+        <source>%1 expenses with CGST and SGST of another state: that credit is lost.</source>
+        <translation>%1 ख़र्चों में दूसरे राज्य का CGST और SGST है: यह क्रेडिट नहीं मिलता।</translation>
+    </message>
+    <message>
+        <source>1 expense in foreign currency: a service from abroad is taxed under reverse charge.</source>
+        <translation>1 ख़र्च विदेशी मुद्रा में है: विदेश से ली गई सेवा पर रिवर्स चार्ज में कर लगता है।</translation>
+    </message>
+    <message>
+        <source>%1 expenses in foreign currency: a service from abroad is taxed under reverse charge.</source>
+        <translation>%1 ख़र्च विदेशी मुद्रा में हैं: विदेश से ली गई सेवा पर रिवर्स चार्ज में कर लगता है।</translation>
+    </message>
+    <message>
+        <source>1 document goes out of your state, which the scheme does not allow.</source>
+        <translation>1 दस्तावेज़ आपके राज्य से बाहर का है, जिसकी इस योजना में अनुमति नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 documents go out of your state, which the scheme does not allow.</source>
+        <translation>%1 दस्तावेज़ आपके राज्य से बाहर के हैं, जिसकी इस योजना में अनुमति नहीं है।</translation>
+    </message>
+    <message>
+        <source>Out of your state</source>
+        <translation>आपके राज्य से बाहर</translation>
+    </message>
+    <message>
+        <source>Compare these with your clients’ certificates (Form 16A, from April 2026 Form 131) and with the tax department’s statement (Form 26AS, now Form 168).</source>
+        <translation>इन्हें अपने ग्राहकों के प्रमाणपत्रों (फ़ॉर्म 16A, अप्रैल 2026 से फ़ॉर्म 131) और आयकर विभाग के विवरण (फ़ॉर्म 26AS, अब फ़ॉर्म 168) से मिला लें।</translation>
+    </message>
+    <message>
+        <source>Income</source>
+        <translation>आय</translation>
+    </message>
+    <message>
+        <source>1 document is still a draft, so no figure has it.</source>
+        <translation>1 दस्तावेज़ अभी ड्राफ़्ट है, इसलिए किसी आँकड़े में नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 documents are still drafts, so no figure has them.</source>
+        <translation>%1 दस्तावेज़ अभी ड्राफ़्ट हैं, इसलिए किसी आँकड़े में नहीं हैं।</translation>
+    </message>
+    <message>
+        <source>1 expense was read from a receipt that nobody has checked yet.</source>
+        <translation>1 ख़र्च रसीद से पढ़ा गया, जिसे अभी किसी ने नहीं जाँचा।</translation>
+    </message>
+    <message>
+        <source>%1 expenses were read from receipts that nobody has checked yet.</source>
+        <translation>%1 ख़र्च रसीदों से पढ़े गए, जिन्हें अभी किसी ने नहीं जाँचा।</translation>
+    </message>
+    <message>
+        <source>1 expense has no category.</source>
+        <translation>1 ख़र्च की कोई श्रेणी नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 expenses have no category.</source>
+        <translation>%1 ख़र्चों की कोई श्रेणी नहीं है।</translation>
+    </message>
+    <message>
+        <source>1 expense has no receipt.</source>
+        <translation>1 ख़र्च की रसीद नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 expenses have no receipt.</source>
+        <translation>%1 ख़र्चों की रसीद नहीं है।</translation>
+    </message>
+    <message>
+        <source>1 bank line is not matched yet.</source>
+        <translation>1 बैंक पंक्ति अभी मिलाई नहीं गई।</translation>
+    </message>
+    <message>
+        <source>%1 bank lines are not matched yet.</source>
+        <translation>%1 बैंक पंक्तियाँ अभी मिलाई नहीं गईं।</translation>
+    </message>
+    <message>
+        <source>Show all %1 expenses</source>
+        <translation>सभी %1 ख़र्च दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Show all %1 invoices</source>
+        <translation>सभी %1 इनवॉइस दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Show all %1 estimates</source>
+        <translation>सभी %1 एस्टीमेट दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Show all %1 credit notes</source>
+        <translation>सभी %1 क्रेडिट नोट दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Show all %1 clients</source>
+        <translation>सभी %1 ग्राहक दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Show all %1 projects</source>
+        <translation>सभी %1 प्रोजेक्ट दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Saved lines</source>
+        <translation>सहेजे हुए आइटम</translation>
+    </message>
+    <message>
+        <source>Show all %1 saved lines</source>
+        <translation>सभी %1 सहेजे हुए आइटम दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Bank lines</source>
+        <translation>बैंक पंक्तियाँ</translation>
+    </message>
+    <message>
+        <source>Show all %1 bank lines</source>
+        <translation>सभी %1 बैंक पंक्तियाँ दिखाएँ</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>काम</translation>
+    </message>
+    <message>
+        <source>Leave empty while you are not registered.</source>
+        <translation>पंजीकरण न हुआ हो तो ख़ाली छोड़ें।</translation>
+    </message>
+    <message>
+        <source>The first: %1</source>
+        <translation>पहला: %1</translation>
+    </message>
+    <message>
+        <source>Friendly</source>
+        <translation>नरम</translation>
+    </message>
+    <message>
+        <source>Firm</source>
+        <translation>सख़्त</translation>
+    </message>
+    <message>
+        <source>Final</source>
+        <translation>अंतिम</translation>
+    </message>
+    <message>
+        <source>GST (India, regular)</source>
+        <translation>GST (भारत, सामान्य)</translation>
+    </message>
+    <message>
+        <source>GST (India, composition scheme)</source>
+        <translation>GST (भारत, कंपोज़िशन योजना)</translation>
+    </message>
+    <message>
+        <source>VAT / sales tax</source>
+        <translation>VAT / बिक्री कर</translation>
+    </message>
+    <message>
+        <source>Not registered for tax</source>
+        <translation>कर के लिए पंजीकृत नहीं</translation>
+    </message>
+    <message>
+        <source>Within the state (CGST + SGST)</source>
+        <translation>राज्य के भीतर (CGST + SGST)</translation>
+    </message>
+    <message>
+        <source>Between states (IGST)</source>
+        <translation>राज्यों के बीच (IGST)</translation>
+    </message>
+    <message>
+        <source>Export under LUT (no IGST)</source>
+        <translation>LUT के तहत निर्यात (IGST नहीं)</translation>
+    </message>
+    <message>
+        <source>Export with IGST paid</source>
+        <translation>IGST चुकाकर निर्यात</translation>
+    </message>
+    <message>
+        <source>SEZ unit under LUT (no IGST)</source>
+        <translation>LUT के तहत SEZ इकाई (IGST नहीं)</translation>
+    </message>
+    <message>
+        <source>SEZ unit with IGST</source>
+        <translation>IGST सहित SEZ इकाई</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>सामान्य</translation>
+    </message>
+    <message>
+        <source>No tax charged</source>
+        <translation>कोई कर नहीं लगाया</translation>
+    </message>
 </context>
 <context>
     <name>tamba::AccentField</name>
@@ -1236,6 +2200,14 @@
     <message>
         <source>Cancel</source>
         <translation>रद्द करें</translation>
+    </message>
+    <message>
+        <source>No vendor</source>
+        <translation>कोई विक्रेता नहीं</translation>
+    </message>
+    <message>
+        <source>no client</source>
+        <translation>कोई ग्राहक नहीं</translation>
     </message>
 </context>
 <context>
@@ -1827,6 +2799,13 @@
     <message>
         <source>Nothing of the invoice is left to be paid</source>
         <translation>इनवॉइस का कुछ भी बाकी नहीं रहता</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::DateTile</name>
+    <message>
+        <source>%1 to mend before it is sent</source>
+        <translation>%1: भेजने से पहले ठीक करें</translation>
     </message>
 </context>
 <context>

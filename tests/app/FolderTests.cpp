@@ -2,10 +2,12 @@
 #include "Tamba/FolderWatch.h"
 #include "Tamba/Icons.h"
 #include "Tamba/Rows/BackupRows.h"
+#include "Tamba/Rows/ConflictRows.h"
 #include "Tamba/Rows/RowText.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/Translations.h"
 #include "TambaCore/Base/Files.h"
+#include "TambaCore/Model/Fields.h"
 #include "tests/app/Support.h"
 
 #include <QComboBox>
@@ -13,6 +15,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QTranslator>
 
 namespace tamba {
 
@@ -174,6 +177,25 @@ private slots:
     void valuesOfRowTextsStandAsTheyAre() {
         QCOMPARE(RowText::filled("%2: %1, 5% of %3", {"%2", "name"}), std::string("name: %2, 5% of %3"));
         QCOMPARE(RowText::filled("%", {"1"}), std::string("%"));
+        QCOMPARE(RowText::counted(1, "1 line in %2", "%1 lines in %2", "A %1"), std::string("1 line in A %1"));
+        QCOMPARE(RowText::counted(0, "1 line in %2", "%1 lines in %2", "A %1"), std::string("0 lines in A %1"));
+    }
+
+    void everyFieldHasATitleInHindi() {
+        QTranslator hindi;
+        QVERIFY(hindi.load(QStringLiteral(":/translations/tamba_hi")));
+        const auto check = [&hindi](const auto& field) {
+            // Both sides know a record by it.
+            if (std::string_view(field.key) == "id") return;
+            const std::string title = fieldTitle(field.key);
+            if (hindi.translate("Rows", title.c_str()).isEmpty()) QFAIL(title.c_str());
+        };
+        const auto checkAll = [&]<class List>(List Library::*) {
+            if constexpr (requires { typename List::value_type; })
+                std::apply([&](const auto&... field) { (..., check(field)); }, Fields<typename List::value_type>);
+        };
+        std::apply([&](const auto&... list) { (..., checkAll(list.member)); }, Fields<Library>);
+        std::apply([&](const auto&... field) { (..., check(field)); }, Fields<Business>);
     }
 
     void anyAccentCanBeRead() {

@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 #include "Tamba/Rows/SetUpRows.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 
@@ -54,7 +55,7 @@ void BusinessPage::store(Library& library) const {
 TaxPage::TaxPage(const Business& business, QWidget* parent) : SettingsPage(parent) {
     regime_ = form.combo(tr("Tax"), "regime");
     for (const TaxRegime regime : {TaxRegime::gstIndia, TaxRegime::gstComposition, TaxRegime::simple, TaxRegime::none})
-        regime_->addItem(toQt(title(regime)), static_cast<int>(regime));
+        regime_->addItem(Translations::shown(title(regime)), static_cast<int>(regime));
     regime_->setCurrentIndex(regime_->findData(static_cast<int>(business.regime)));
     taxID_ = form.line(tr("GSTIN"), "taxID", business.taxID);
     taxIDNote_ = form.note();

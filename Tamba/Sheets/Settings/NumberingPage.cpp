@@ -1,6 +1,7 @@
 #include "Tamba/Sheets/Settings/NumberingPage.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "TambaCore/Documents/Numbering.h"
@@ -34,7 +35,7 @@ NumberingPage::NumberingPage(const Library& library, Day today, QWidget* parent)
     kind_ = makeChoice(foot);
     Controls::name(*kind_, "seriesKind", tr("Kind of document"));
     for (const DocKind kind : {DocKind::invoice, DocKind::estimate, DocKind::creditNote})
-        kind_->addItem(toQt(Books::title(kind)), static_cast<int>(kind));
+        kind_->addItem(Translations::shown(Books::title(kind)), static_cast<int>(kind));
     columns->addWidget(more);
     columns->addWidget(kind_);
     columns->addStretch(1);
@@ -59,7 +60,7 @@ void NumberingPage::add(const NumberSeries& series) {
     row.form = new Form(*row.box, 128);
     row.box->setLayout(row.form);
     row.form->setNoteWidth(400);
-    row.form->section(toQt(Books::title(series.kind)));
+    row.form->section(Translations::shown(Books::title(series.kind)));
     row.name = row.form->line(tr("Name"), "seriesName", series.name);
     auto* box = new QWidget(row.box);
     auto* columns = new QHBoxLayout(box);
