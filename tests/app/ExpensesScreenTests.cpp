@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QTableView>
 
+Q_DECLARE_METATYPE(tamba::ExpenseFilter)
+
 namespace tamba {
 namespace {
 
@@ -287,7 +289,4 @@ private slots:
 static const TestClass<ExpensesScreenTests> registered;
 
 }  // namespace tamba
-
-Q_DECLARE_METATYPE(tamba::ExpenseFilter)
-
 #include "ExpensesScreenTests.moc"
