@@ -1,4 +1,3 @@
-#include "TambaCore/Base/LargePages.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
@@ -188,7 +187,6 @@ void decode(od::value& v, List<T>& out) {
     const std::size_t length = (texts.size() + stretches.size() - 1) / stretches.size();
     const auto decodeStretch = [&](std::size_t i) {
         const std::size_t from = std::min(i * length, texts.size());
-        if (stretches.size() > 1) LargePages::askForHeap();
         stretches[i].decodeAll(std::span(texts).subspan(from, std::min(length, texts.size() - from)), from);
     };
     {
