@@ -90,6 +90,16 @@ protected:
         publish("1.0.1", 5, workshop().archive);
     }
 
+    /// A program that ends while its download goes on, once it has this many bytes.
+    void leaveDownloadAfter(std::uint64_t bytes) {
+        UpdateService service(configuration_);
+        service.check();
+        settle(service);
+        service.download();
+        while (service.status().done < bytes && service.status().stage == Stage::downloading)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+
     /// Puts an archive and its signed list on the server.
     void publish(const std::string& version, int sequence, const QByteArray& archive, int days = 30,
                  const char* keys = "keys") {
@@ -264,15 +274,7 @@ TEST_F(UpdateServiceTest, goesOnWhereTheConnectionBroke) {
         server_.answers["/archive"].cutAfter = cut;
         configuration_.network.fruitless = 1;
         server_.answers["/feed.json"].tag.clear();
-        {
-            UpdateService service(configuration_);
-            service.check();
-            settle(service);
-            service.download();
-            while (service.status().done < static_cast<std::uint64_t>(cut) &&
-                   service.status().stage == Stage::downloading)
-                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
+        leaveDownloadAfter(static_cast<std::uint64_t>(cut));
         EXPECT_EQ(bytesOf(own_ / "update.download"), archive.left(cut));
         server_.answers["/archive"].cutAfter = -1;
         UpdateService service(configuration_);
@@ -306,14 +308,7 @@ TEST_F(UpdateServiceTest, beginsAgainWhereItCannotGoOn) {
         Server::Answer& answer = server_.answers["/archive"] = {archive};
         answer.cutAfter = archive.size() / 2;
         configuration_.network.fruitless = 1;
-        {
-            UpdateService service(configuration_);
-            service.check();
-            settle(service);
-            service.download();
-            while (service.status().done == 0 && service.status().stage == Stage::downloading)
-                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
+        leaveDownloadAfter(1);
         answer.cutAfter = -1;
         change(answer);
         UpdateService service(configuration_);
