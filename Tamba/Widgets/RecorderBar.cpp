@@ -21,8 +21,8 @@ RecorderBar::RecorderBar(QWidget* window) : QWidget(window, Qt::Tool) {
     Controls::name(*caption_, "recorderCaption", tr("Caption"));
     caption_->setPlaceholderText(tr("A caption; Return shows it"));
     caption_->setMinimumWidth(320);
-    auto* stop = Controls::button(tr("Stop and Keep"), "recorderStop", Controls::Kind::primary, this);
     auto* cancel = Controls::button(tr("Cancel"), "recorderCancel", Controls::Kind::plain, this);
+    auto* stop = Controls::button(tr("Stop and Keep"), "recorderStop", Controls::Kind::primary, this);
     for (QWidget* each : {static_cast<QWidget*>(time_), static_cast<QWidget*>(caption_), static_cast<QWidget*>(cancel),
                           static_cast<QWidget*>(stop)})
         row->addWidget(each);

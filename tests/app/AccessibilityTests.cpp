@@ -139,6 +139,8 @@ class AccessibilityTests : public QObject {
             for (int part = 0; part < 3 && from && QApplication::focusWidget() == from; ++part)
                 QTest::keyClick(from, Qt::Key_Tab);
             QWidget* to = QApplication::focusWidget();
+            // One stop alone keeps the keys.
+            if (to && to == from && stops == QList{QPointer(to)} && controls(place).size() == 1) return stops;
             if (!stops.isEmpty() && stops.back() && whole(stops.back())->grab().toImage() == before)
                 note(name, "does not show that it has the keys", *stops.back());
             if (!to || stops.contains(to)) {
@@ -158,7 +160,7 @@ private slots:
             for (QWidget* control : controls(place))
                 if (nameOf(*control).isEmpty()) note(name, "has no name", *control);
             // It keeps the keys until Escape gives them back.
-            if (name == QLatin1String("search")) return;
+            if (name.startsWith(QLatin1String("search"))) return;
             // A refreshed list has new rows with the old names.
             QStringList known;
             QList<QWidget*> reached;

@@ -15,4 +15,7 @@ using PlaceVisit = std::function<void(const QString& name, QWidget& place)>;
 /// it is in front and settled.
 void visitPlaces(const PlaceVisit& visit);
 
+/// Waits for what a place reads or draws a moment later.
+void settle(QWidget& place);
+
 }  // namespace tamba

@@ -22,6 +22,8 @@ void addTestClass(std::function<QObject*()> make) { classes().push_back(std::mov
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // Whatever is being built: pictures stay as they are.
+    QApplication::setApplicationVersion(QStringLiteral("0.1.0"));
     std::setlocale(LC_NUMERIC, "C");
     // What is remembered between starts is the tests' own.
     const QTemporaryDir settings;
