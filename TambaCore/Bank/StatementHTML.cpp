@@ -1,62 +1,13 @@
 #include "TambaCore/Bank/StatementParts.h"
+#include "TambaCore/Base/Entities.h"
 #include "TambaCore/Base/Text.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 /// Tables of web pages, which many banks give out under a workbook's name. Only rows and cells are looked at.
 namespace tamba::BankImport {
 namespace {
-
-void appendUTF8(std::string& text, std::uint32_t code) {
-    const auto byte = [&](std::uint32_t value) { text += static_cast<char>(static_cast<unsigned char>(value)); };
-    if (code < 0x80) {
-        byte(code);
-    } else if (code < 0x800) {
-        byte(0xC0 | code >> 6);
-        byte(0x80 | (code & 0x3F));
-    } else if (code < 0x10000) {
-        byte(0xE0 | code >> 12);
-        byte(0x80 | (code >> 6 & 0x3F));
-        byte(0x80 | (code & 0x3F));
-    } else {
-        byte(0xF0 | code >> 18);
-        byte(0x80 | (code >> 12 & 0x3F));
-        byte(0x80 | (code >> 6 & 0x3F));
-        byte(0x80 | (code & 0x3F));
-    }
-}
-
-/// The code point an entity's name stands for, 0 for an unknown one.
-std::uint32_t entity(std::string_view name) {
-    static constexpr std::array<std::pair<std::string_view, std::uint32_t>, 14> names{{{"amp", '&'},
-                                                                                       {"lt", '<'},
-                                                                                       {"gt", '>'},
-                                                                                       {"quot", '"'},
-                                                                                       {"apos", '\''},
-                                                                                       {"nbsp", ' '},
-                                                                                       {"pound", 0xA3},
-                                                                                       {"euro", 0x20AC},
-                                                                                       {"yen", 0xA5},
-                                                                                       {"rsquo", 0x2019},
-                                                                                       {"lsquo", 0x2018},
-                                                                                       {"ndash", 0x2013},
-                                                                                       {"mdash", 0x2014},
-                                                                                       {"minus", 0x2212}}};
-    if (!name.starts_with('#')) {
-        for (const auto& [known, code] : names)
-            if (known == name) return code;
-        return 0;
-    }
-    name.remove_prefix(1);
-    const bool hex = name.starts_with('x') || name.starts_with('X');
-    if (hex) name.remove_prefix(1);
-    std::uint32_t code = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), code, hex ? 16 : 10);
-    if (error != std::errc{} || end != name.data() + name.size() || code > 0x10FFFF) return 0;
-    return code >= 0xD800 && code < 0xE000 ? 0 : code;
-}
 
 /// The value of an attribute that is a small number, else 1.
 std::size_t numberIn(std::string_view tag, std::string_view attribute) {
@@ -140,18 +91,13 @@ private:
 }  // namespace
 
 std::string withoutEntities(std::string_view text) {
-    constexpr std::size_t longest = 10;
     std::string result;
     for (std::size_t at = text.find('&'); at != text.npos; at = text.find('&')) {
         result += text.substr(0, at);
         text.remove_prefix(at);
-        const std::size_t end = text.substr(0, longest).find(';');
-        const std::uint32_t code = end == text.npos ? 0 : entity(text.substr(1, end - 1));
-        if (code == 0)
-            result += '&';
-        else
-            appendUTF8(result, code);
-        text.remove_prefix(code == 0 ? 1 : end + 1);
+        const auto entity = Entities::at(text);
+        Entities::appendUTF8(result, !entity ? U'&' : entity->code == U'\u00A0' ? U' ' : entity->code);
+        text.remove_prefix(entity ? entity->length : 1);
     }
     return result += text;
 }

@@ -1,41 +1,12 @@
+#include "TambaCore/Base/Entities.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Receipts/EmailReceipt.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace tamba::EmailReceipt {
 namespace {
-
-constexpr std::array<std::pair<std::string_view, char32_t>, 40> entities{{
-    {"amp", '&'},       {"apos", '\''},    {"bull", 0x2022},  {"cent", 0xa2},    {"copy", 0xa9},    {"dash", 0x2010},
-    {"deg", 0xb0},      {"eacute", 0xe9},  {"emsp", ' '},     {"ensp", ' '},     {"euro", 0x20ac},  {"gt", '>'},
-    {"hellip", 0x2026}, {"laquo", 0xab},   {"ldquo", 0x201c}, {"lsquo", 0x2018}, {"lt", '<'},       {"mdash", 0x2014},
-    {"middot", 0xb7},   {"minus", 0x2212}, {"nbsp", ' '},     {"ndash", 0x2013}, {"ouml", 0xf6},    {"plus", '+'},
-    {"pound", 0xa3},    {"quot", '"'},     {"raquo", 0xbb},   {"rdquo", 0x201d}, {"reg", 0xae},     {"rsquo", 0x2019},
-    {"sect", 0xa7},     {"shy", 0},        {"thinsp", ' '},   {"times", 0xd7},   {"trade", 0x2122}, {"uuml", 0xfc},
-    {"yen", 0xa5},      {"zwj", 0},        {"zwnj", 0},       {"zwsp", 0},
-}};
-
-void appendUTF8(std::string& text, char32_t code) {
-    const auto byte = [&](char32_t value) { text += static_cast<char>(static_cast<unsigned char>(value)); };
-    if (code < 0x80) {
-        byte(code);
-    } else if (code < 0x800) {
-        byte(0xc0 | code >> 6);
-        byte(0x80 | (code & 0x3f));
-    } else if (code < 0x10000) {
-        byte(0xe0 | code >> 12);
-        byte(0x80 | (code >> 6 & 0x3f));
-        byte(0x80 | (code & 0x3f));
-    } else {
-        byte(0xf0 | code >> 18);
-        byte(0x80 | (code >> 12 & 0x3f));
-        byte(0x80 | (code >> 6 & 0x3f));
-        byte(0x80 | (code & 0x3f));
-    }
-}
 
 /// Fillers that mail senders hide in a preview line, and blanks that are not " ".
 char32_t plain(char32_t code) {
@@ -43,32 +14,6 @@ char32_t plain(char32_t code) {
         return 0;
     if (code == 0xa0 || (code >= 0x2000 && code <= 0x200a) || code == 0x202f) return ' ';
     return code;
-}
-
-/// Appends what the entity at the start of `text` ("&#8377;", "&nbsp;") stands for; its length, 0 when it is none.
-std::size_t appendEntity(std::string& result, std::string_view text) {
-    constexpr std::size_t longest = 12;
-    const std::size_t end = text.substr(0, longest).find(';');
-    if (end == std::string_view::npos || end < 2) return 0;
-    std::string_view name = text.substr(1, end - 1);
-    char32_t code = 0;
-    if (name.front() == '#') {
-        name.remove_prefix(1);
-        const bool hex = name.starts_with('x') || name.starts_with('X');
-        if (hex) name.remove_prefix(1);
-        std::uint32_t value = 0;
-        const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), value, hex ? 16 : 10);
-        if (error != std::errc{} || stop != name.data() + name.size()) return 0;
-        if (value == 0 || value > 0x10ffff || (value >= 0xd800 && value < 0xe000)) value = 0xfffd;
-        code = plain(value);
-    } else {
-        const auto found =
-            std::find_if(entities.begin(), entities.end(), [&](const auto& e) { return e.first == name; });
-        if (found == entities.end()) return 0;
-        code = found->second;
-    }
-    if (code != 0) appendUTF8(result, code);
-    return end + 1;
 }
 
 constexpr std::array<std::string_view, 24> blocks{
@@ -134,9 +79,9 @@ std::string stripHTML(std::string_view html) {
                 if (closing && !atLineStart() && !text.ends_with("  ")) text += text.ends_with(' ') ? " " : "  ";
             }
         } else if (c == '&') {
-            const std::size_t length = appendEntity(text, html.substr(i));
-            if (length == 0) text += c;
-            i += std::max<std::size_t>(length, 1);
+            const auto entity = Entities::at(html.substr(i));
+            if (const char32_t code = entity ? plain(entity->code) : U'&'; code != 0) Entities::appendUTF8(text, code);
+            i += entity ? entity->length : 1;
         } else if (c == '\n' && preformatted) {
             breakLine();
             ++i;
