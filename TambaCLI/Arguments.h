@@ -4,6 +4,7 @@
 #include "TambaCore/Base/Text.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,11 @@ template <class Record>
 /// By its number, case ignored, or the beginning of its ID; “draft” is the only draft.
 [[nodiscard]] const Document& documentOf(const Library& library, std::string_view typed);
 [[nodiscard]] const Expense& expenseOf(const Library& library, std::string_view typed);
+
+/// Puts a text that was typed into its field, without blanks at the ends.
+inline void take(std::string& field, const std::optional<std::string>& typed) {
+    if (typed) field = Text::trim(*typed);
+}
 
 /// Minor units; sums such as 3*1200 are worked out.
 [[nodiscard]] std::int64_t amountOf(std::string_view typed, const Currency& currency);

@@ -23,9 +23,6 @@ void needFreeName(const List<Record>& list, const Record& record, const std::str
 }
 
 Client withEntry(Client client, const ClientEntry& entry) {
-    const auto take = [](std::string& field, const std::optional<std::string>& typed) {
-        if (typed) field = Text::trim(*typed);
-    };
     take(client.name, entry.name);
     take(client.contact, entry.contact);
     take(client.email, entry.email);
@@ -119,9 +116,6 @@ void printDeleted(const Context& context, const UUID& id, const std::string& nam
 }
 
 CatalogItem withEntry(const Library& library, CatalogItem item, const ItemEntry& entry) {
-    const auto take = [](std::string& field, const std::optional<std::string>& typed) {
-        if (typed) field = Text::trim(*typed);
-    };
     take(item.name, entry.name);
     take(item.detail, entry.detail);
     take(item.hsn, entry.hsn);

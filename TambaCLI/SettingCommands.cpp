@@ -24,9 +24,6 @@ std::string hexColour(const std::string& typed) {
 
 /// All but the logo, which is a file.
 Business withEntry(Business business, const BusinessEntry& entry) {
-    const auto take = [](std::string& field, const std::optional<std::string>& typed) {
-        if (typed) field = Text::trim(*typed);
-    };
     take(business.name, entry.name);
     take(business.address, entry.address);
     take(business.pan, entry.pan);
