@@ -64,6 +64,14 @@ std::string TableModel::text(int row, int column) const {
     return at < cells.size() ? Tables::shown(cells[at], table_.columns.at(at).kind) : std::string();
 }
 
+QString TableModel::details(int row, int column) const {
+    QStringList texts;
+    const auto& columns = table_.columns;
+    for (auto at = static_cast<std::size_t>(column) + 1; at < columns.size() && columns[at].isDetail; ++at)
+        if (const std::string each = text(row, static_cast<int>(at)); !each.empty()) texts << toQt(each);
+    return texts.join(QStringLiteral(" · "));
+}
+
 int TableModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(table_.rows.size());
 }
@@ -79,8 +87,15 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return toQt(text(index.row(), index.column()));
-        case Qt::ToolTipRole:
-            return kind == Kind::text ? toQt(text(index.row(), index.column())) : QVariant();
+        case RowDelegate::Second:
+            return stacked_ ? details(index.row(), index.column()) : QVariant();
+        case Qt::ToolTipRole: {
+            if (kind != Kind::text && !stacked_) return {};
+            QStringList texts{toQt(text(index.row(), index.column()))};
+            if (stacked_) texts << details(index.row(), index.column());
+            texts.removeAll(QString());
+            return texts.join(QLatin1Char('\n'));
+        }
         case Qt::TextAlignmentRole:
             return QVariant((isAtLeft(kind) ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
         case RowDelegate::Strong:
@@ -195,7 +210,7 @@ void TableView::copy() const { QGuiApplication::clipboard()->setText(toQt(copied
 
 QSize TableView::sizeHint() const {
     const int bar = horizontalScrollBar()->maximum() > 0 ? horizontalScrollBar()->sizeHint().height() : 0;
-    return {360, headerHeight + model_.rowCount() * cellHeight + bar};
+    return {360, headerHeight + model_.rowCount() * rowHeight() + bar};
 }
 
 void TableView::lowerTitles(int by) {
@@ -206,7 +221,7 @@ void TableView::lowerTitles(int by) {
 void TableView::placeTitles() {
     // The last row is never without its titles, nor hidden by them.
     QHeaderView* header = horizontalHeader();
-    header->move(header->x(), std::clamp(lowered_, 0, std::max(0, height() - headerHeight - cellHeight)));
+    header->move(header->x(), std::clamp(lowered_, 0, std::max(0, height() - headerHeight - rowHeight())));
     header->raise();
 }
 
@@ -266,48 +281,81 @@ void TableView::focusInEvent(QFocusEvent* event) {
 void TableView::measure() {
     constexpr int padding = 28, indicator = 12;
     const QFontMetrics plain(Style::textFont(13)), strong(Style::textFont(13, QFont::DemiBold)),
-        title(Style::textFont(11, QFont::DemiBold));
+        title(Style::textFont(11, QFont::DemiBold)), detail(Style::textFont(11));
     asked_.clear();
+    askedStacked_.clear();
     for (int column = 0; column < model_.columnCount(); ++column) {
         int width = title.horizontalAdvance(toQt(table().columns[static_cast<std::size_t>(column)].title)) + indicator;
         // Most rows are shorter than the widest by far: only those that come near it are measured.
         std::size_t longest = 0;
+        int below = 0;
         for (int row = 0; row < model_.rowCount(); ++row) {
             const std::string text = model_.text(row, column);
+            below = std::max(below, detail.horizontalAdvance(model_.details(row, column)));
             if (text.size() + 4 < longest) continue;
             longest = std::max(longest, text.size());
             const bool sum = table().rows[static_cast<std::size_t>(row)].isSum;
             width = std::max(width, (sum ? strong : plain).horizontalAdvance(toQt(text)));
         }
         asked_.push_back(width + padding);
+        askedStacked_.push_back(std::max(width, below) + padding);
     }
 }
 
+int TableView::rowHeight() const { return model_.isStacked() ? RowDelegate::tallRowHeight : cellHeight; }
+
 void TableView::arrange() {
     if (asked_.empty()) return;
-    constexpr int wrapsFrom = 150, comfortable = 240;
-    std::vector<int> widths = asked_;
+    constexpr int comfortable = 240, tight = 150, tightest = 132;
+    const auto isDetail = [this](std::size_t column) { return table().columns[column].isDetail; };
     const auto isText = [this](std::size_t column) { return table().columns[column].kind == Kind::text; };
-    for (std::size_t i = 0; i < widths.size(); ++i)
-        if (isText(i)) widths[i] = std::min(widths[i], comfortable);
-    int over = viewport()->width();
-    for (const int width : widths) over -= width;
-    while (over < 0) {
-        std::size_t widest = widths.size();
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            if (isText(i) && widths[i] > wrapsFrom && (widest == widths.size() || widths[i] > widths[widest]))
-                widest = i;
-        if (widest == widths.size()) break;
-        const int taken = std::min({-over, widths[widest] - wrapsFrom, 16});
-        widths[widest] -= taken;
-        over += taken;
+    std::vector<int> widths;
+    int over = 0;
+    const auto measureRoom = [&](bool stacked) {
+        widths = stacked ? askedStacked_ : asked_;
+        over = viewport()->width();
+        for (std::size_t i = 0; i < widths.size(); ++i) {
+            if (isText(i)) widths[i] = std::min(widths[i], comfortable);
+            if (stacked && isDetail(i)) widths[i] = 0;
+            over -= widths[i];
+        }
+    };
+    const auto shrinkTexts = [&](int to) {
+        while (over < 0) {
+            std::size_t widest = widths.size();
+            for (std::size_t i = 0; i < widths.size(); ++i)
+                if (isText(i) && widths[i] > to && (widest == widths.size() || widths[i] > widths[widest])) widest = i;
+            if (widest == widths.size()) return;
+            const int taken = std::min({-over, widths[widest] - to, 16});
+            widths[widest] -= taken;
+            over += taken;
+        }
+    };
+    measureRoom(false);
+    shrinkTexts(tight);
+    const auto& columns = table().columns;
+    const bool stacked =
+        over < 0 && std::any_of(columns.begin(), columns.end(), [](const auto& c) { return c.isDetail; });
+    if (stacked) {
+        measureRoom(true);
+        shrinkTexts(tight);
+        shrinkTexts(tightest);
+    }
+    if (stacked != model_.isStacked()) {
+        model_.setStacked(stacked);
+        verticalHeader()->setDefaultSectionSize(rowHeight());
     }
     // What is over goes to the texts that need most.
     std::size_t widest = 0;
     for (std::size_t i = 1; i < widths.size(); ++i)
-        if (isText(i) && (!isText(widest) || asked_[i] > asked_[widest])) widest = i;
+        if (widths[i] > 0 && isText(i) && (!isText(widest) || asked_[i] > asked_[widest])) widest = i;
     if (over > 0) widths[widest] += over;
-    for (std::size_t i = 0; i < widths.size(); ++i) setColumnWidth(static_cast<int>(i), widths[i]);
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        setColumnHidden(static_cast<int>(i), widths[i] == 0);
+        if (widths[i] > 0) setColumnWidth(static_cast<int>(i), widths[i]);
+    }
+    // The height asks whether there is a bar.
+    updateGeometries();
     updateGeometry();
 }
 

@@ -17,6 +17,11 @@ public:
     [[nodiscard]] const Table& table() const { return table_; }
     /// The cell's text for people; empty where the row is shorter.
     [[nodiscard]] std::string text(int row, int column) const;
+    /// The texts of the details that follow the column, " · " between them.
+    [[nodiscard]] QString details(int row, int column) const;
+    /// Whether details stand below the column before them.
+    void setStacked(bool stacked) { stacked_ = stacked; }
+    [[nodiscard]] bool isStacked() const { return stacked_; }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -26,6 +31,7 @@ public:
 
 private:
     Table table_;
+    bool stacked_ = false;
 };
 
 /// A report's table as high as its rows, to stand in a page that scrolls. Figures can be chosen with a click or Enter;
@@ -66,10 +72,12 @@ private:
     [[nodiscard]] bool isFigure(const QModelIndex& index) const;
     void measure();
     void arrange();
+    [[nodiscard]] int rowHeight() const;
     void placeTitles();
 
     TableModel model_;
-    std::vector<int> asked_;  ///< width of each column by its texts
+    /// The width of each column by its texts, and with its details below it.
+    std::vector<int> asked_, askedStacked_;
     int lowered_ = 0;
 };
 

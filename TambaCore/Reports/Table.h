@@ -22,6 +22,7 @@ struct Table {
         std::string title;
         Kind kind = Kind::text;
         From from = From::all;
+        bool isDetail = false;  ///< where there is little room, stands below the column before it
 
         bool operator==(const Column&) const = default;
     };

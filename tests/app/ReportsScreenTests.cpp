@@ -2,6 +2,7 @@
 #include "Tamba/Screens/ReportView.h"
 #include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/Widgets/BarChart.h"
+#include "Tamba/Widgets/RowDelegate.h"
 #include "Tamba/Widgets/TableView.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Books.h"
@@ -127,6 +128,28 @@ private slots:
         QCOMPARE(top(), 0);
         bar.setValue(0);
         QCOMPARE(titles.y(), resting);
+    }
+
+    void whereThereIsLittleRoomDetailsStandBelow() {
+        Table table;
+        table.columns = {{"Number"}, {"Client"}, {"GSTIN"}, {"Taxable", Table::Kind::amount}};
+        table.columns[2].isDetail = true;
+        table.rows = {{{std::string("INV/26-27/021"), std::string("Monsoon Tea Company LLP"),
+                        std::string("27ABBFM4410Q1Z2"), Table::Amount{8'500'000, "INR"}},
+                       {},
+                       {}}};
+        TableView view;
+        view.show();
+        view.setTable(table);
+        const auto below = [&] { return view.model()->index(0, 1).data(RowDelegate::Second).toString(); };
+        for (const int width : {900, 400, 900}) {
+            view.resize(width, 200);
+            const bool narrow = width == 400;
+            QCOMPARE(view.isColumnHidden(2), narrow);
+            QCOMPARE(below(), narrow ? QStringLiteral("27ABBFM4410Q1Z2") : QString());
+            QCOMPARE(view.horizontalScrollBar()->maximum(), 0);
+        }
+        QVERIFY(view.copiedText().find("27ABBFM4410Q1Z2") != std::string::npos);
     }
 
     void onTheCashBasisAPaymentCountsInItsMonth() {
