@@ -109,9 +109,6 @@ ClientsScreen::ClientsScreen(AppModel& model, Prompts& prompts, DocumentActions&
         });
     });
     setFocusProxy(table_);
-    setTabOrder(search_, archived_);
-    setTabOrder(archived_, new_);
-    setTabOrder(new_, table_);
     refresh();
 }
 

@@ -183,8 +183,6 @@ QWidget* DocumentEditor::makeFoot() {
     figures->addWidget(number_);
     figures->addStretch(1);
     columns->addLayout(figures, 1);
-    setTabOrder(notes_, terms_);
-    setTabOrder(terms_, roundOff_);
     return foot;
 }
 

@@ -128,9 +128,6 @@ ExpensesScreen::ExpensesScreen(AppModel& model, Prompts& prompts, QWidget* paren
         });
     });
     setFocusProxy(table_);
-    setTabOrder(search_, addReceipts_);
-    setTabOrder(addReceipts_, newExpense_);
-    setTabOrder(newExpense_, table_);
     refresh();
 }
 

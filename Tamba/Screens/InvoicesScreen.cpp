@@ -102,9 +102,6 @@ InvoicesScreen::InvoicesScreen(AppModel& model, Prompts& prompts, DocumentAction
     columns->addWidget(pane_);
     rows->addLayout(columns, 1);
     makeConnections();
-    setTabOrder(kinds_, newDocument_);
-    setTabOrder(newDocument_, search_);
-    setTabOrder(search_, status_);
     fillStatuses();
     refresh(Because::filterChanged);
 }

@@ -128,15 +128,6 @@ LineRow* LinesTable::addRow() {
     row->setCompact(compact_);
     row->setTaxShown(tax_);
     row->cell(LineCell::name).setCompleter(suggestions_);
-    // New lines stand at the end of the window's chain otherwise.
-    QWidget* before = rows_.empty() ? static_cast<QWidget*>(this) : &rows_.back()->cell(LineCell::tax);
-    const auto follow = [&before](QWidget* widget) {
-        setTabOrder(before, widget);
-        before = widget;
-    };
-    follow(&row->cell(LineCell::name));
-    follow(&row->detail());
-    for (std::size_t i = 1; i < lineCells; ++i) follow(&row->cell(static_cast<LineCell>(i)));
     rows_.push_back(row);
     layout_->insertWidget(layout_->indexOf(problem_), row);
     connectRow(*row);
