@@ -105,6 +105,8 @@ Window::Window(AppModel& model, const MakePrompts& makePrompts, ReceiptQueue::Ma
     connect(&model_, &AppModel::conflicted, this, &Window::decideConflicts);
     connect(&model_, &AppModel::historyChanged, this, &Window::refreshHistory);
     connect(&model_, &AppModel::opened, this, &Window::refreshState);
+    // It spoke of other books.
+    connect(&model_, &AppModel::opened, toast_, &QWidget::hide);
     connect(&model_, &AppModel::opened, this, &Window::refreshMenus);
     connect(&model_, &AppModel::opened, this, &Window::looksChanged);
     connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {

@@ -274,9 +274,10 @@ void DocumentPane::fillFacts(const Document& document) {
         } else {
             auto* text = Controls::label(toQt(fact.text), "field", line);
             text->setObjectName(QStringLiteral("fact"));
-            row->addWidget(text);
+            text->setWordWrap(true);
+            row->addWidget(text, 1);
         }
-        row->addStretch(1);
+        row->addStretch();
         row->addWidget(new QLabel(toQt(fact.amount), line));
         if (fact.kind == DocumentFact::Kind::payment) {
             auto* remove = Controls::iconButton(

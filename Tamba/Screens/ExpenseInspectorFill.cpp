@@ -88,9 +88,10 @@ void ExpenseInspector::fill(const Expense& e) {
     amount_->setReadOnly(mileage);
     put(rate_, e.rateMicros == 0 ? QString() : toQt(MoneyFormat::fxRate(e.rateMicros)));
     const auto home = Expenses::inHomeCurrency(library, e, e.amount);
+    const QString missing = tr("Add the exchange rate to include this in reports.");
     rateNote_->setText(!foreign ? QString()
                        : home   ? tr("%1 in the books").arg(toQt(MoneyFormat::string(*home, library.home())))
-                                : tr("Add the exchange rate to include this in reports."));
+                                : Controls::wrapped(missing, *rateNote_, 212));
     rate_->setPlaceholderText(tr("%1 for one %2").arg(toQt(library.business.homeCurrency), toQt(e.currency)));
     put(tax_, e.tax == 0 ? QString() : figure(e.tax));
     tax_->setPlaceholderText(tr("None"));

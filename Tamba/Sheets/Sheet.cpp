@@ -71,6 +71,13 @@ QPushButton* Sheet::addThirdButton(const QString& text) {
     return button;
 }
 
+void Sheet::showEvent(QShowEvent* event) {
+    // Qt asks for the height of wrapped texts at another width, and would spread what is too much between the lines.
+    if (!testAttribute(Qt::WA_Resized) && layout()->hasHeightForWidth())
+        resize(width(), layout()->totalHeightForWidth(width()));
+    QDialog::showEvent(event);
+}
+
 bool Sheet::focusNextPrevChild(bool next) { return TabOrder::move(*this, next); }
 
 void Sheet::reject() {

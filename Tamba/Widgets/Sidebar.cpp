@@ -33,7 +33,7 @@ public:
 
     void setCount(std::size_t count) {
         count_ = count;
-        setAccessibleDescription(count == 0 ? QString() : tr("%n waiting", nullptr, static_cast<int>(count)));
+        setAccessibleDescription(count == 0 ? QString() : Sidebar::tr("%n waiting", nullptr, static_cast<int>(count)));
         update();
     }
 

@@ -5340,6 +5340,13 @@
 </context>
 <context>
     <name>tamba::Sidebar</name>
+    <message numerus="yes">
+        <source>%n waiting</source>
+        <translation>
+            <numerusform>%n बाकी</numerusform>
+            <numerusform>%n बाकी</numerusform>
+        </translation>
+    </message>
     <message>
         <source>Back to Your Books</source>
         <translation>अपने बहीखाते पर लौटें</translation>
@@ -5387,16 +5394,6 @@
     <message>
         <source>%1 to match</source>
         <translation>%1 मिलाने बाकी</translation>
-    </message>
-</context>
-<context>
-    <name>tamba::SidebarItem</name>
-    <message numerus="yes">
-        <source>%n waiting</source>
-        <translation>
-            <numerusform>%n बाकी</numerusform>
-            <numerusform>%n बाकी</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ClientPages.h"
+#include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/OverviewScreen.h"
@@ -52,9 +53,9 @@ public:
         OpenBooks books;
         Window window(books.model, std::make_unique<TestPrompts>());
         window.resize(1440, 880);
-        screens(window, QStringLiteral("-empty"));
+        screens(window, books.model, QStringLiteral("-empty"));
         books.openSample();
-        screens(window, {});
+        screens(window, books.model, {});
         expenses(window, books.model);
         documents(window, books.model);
         reports(window, books.model);
@@ -119,7 +120,7 @@ private:
         show(window, "missing");
     }
 
-    void screens(Window& window, const QString& suffix) {
+    void screens(Window& window, const AppModel& model, const QString& suffix) {
         const std::pair<Screen, const char*> names[] = {{Screen::overview, "overview"}, {Screen::expenses, "expenses"},
                                                         {Screen::invoices, "invoices"}, {Screen::bank, "bank"},
                                                         {Screen::reports, "reports"},   {Screen::clients, "clients"}};
@@ -131,6 +132,8 @@ private:
         show(window, QStringLiteral("projects") + suffix);
         window.findChild<ClientPages*>()->showClients();
         if (!suffix.isEmpty()) return;
+        window.findChild<ClientsScreen*>()->select(
+            first<Client>(model.library().clients, [](const Client& c) { return c.stateCode.has_value(); }).id);
         type(window, "clientTaxID", "29AAPFU0939F1Z");
         show(window, "client-refused");
     }
