@@ -150,7 +150,7 @@ std::optional<std::string> DialogPrompts::newName(const QString& title) {
     Controls::name(*field, "newName", QObject::tr("Name"));
     field->setPlaceholderText(QObject::tr("Name"));
     sheet.body().addWidget(field);
-    sheet.addButtons(QObject::tr("Add"), QObject::tr("Cancel"));
+    sheet.addButtons(QObject::tr("Add"), QObject::tr("Cancel"), Sheet::Main::keeps);
     field->setFocus();
     if (sheet.exec() != QDialog::Accepted) return {};
     const std::string name(Text::trim(toStd(field->text())));

@@ -5,6 +5,7 @@
 #include "Tamba/Instance.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Remembered.h"
+#include "Tamba/Sheets/Sheet.h"
 #include "Tamba/SignalWatcher.h"
 #include "Tamba/StartUp.h"
 #include "Tamba/Style.h"
@@ -14,8 +15,11 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QThread>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -23,6 +27,9 @@
 #include <string_view>
 
 namespace tamba {
+
+using namespace std::chrono_literals;
+
 namespace {
 
 /// The books that the command line or the environment names.
@@ -44,6 +51,22 @@ void applyLooks(QApplication& application, const AppModel& model) {
 bool saveTyping(AppModel& model) {
     if (QWidget* field = QApplication::focusWidget()) field->clearFocus();
     return model.saveNow();
+}
+
+void closeSheets(AppModel& model, std::function<void()> next, int rounds) {
+    QWidget* front = QApplication::activeModalWidget();
+    if (!front) front = QApplication::activePopupWidget();
+    if (auto* sheet = qobject_cast<Sheet*>(front))
+        sheet->end();
+    else if (auto* dialog = qobject_cast<QDialog*>(front))
+        dialog->reject();
+    else if (front)
+        front->close();
+    // Each has an event loop of its own, and who opened it goes on when that has ended.
+    else if (QThread::currentThread()->loopLevel() <= 1)
+        return next();
+    if (rounds == 0) return next();
+    QTimer::singleShot(5ms, &model, [&model, next = std::move(next), rounds] { closeSheets(model, next, rounds - 1); });
 }
 
 int runTamba(int argc, char** argv) {
@@ -93,13 +116,19 @@ int runTamba(int argc, char** argv) {
     QObject::connect(&window, &Window::looksChanged, &model, [&] { applyLooks(application, model); });
     SignalWatcher watcher;
     QObject::connect(&watcher, &SignalWatcher::endRequested, &model, [&model] {
-        // Nobody may be there to answer a question.
-        model.blockSignals(true);
-        QCoreApplication::exit(saveTyping(model) ? 0 : 1);
+        closeSheets(model, [&model] {
+            // Nobody may be there to answer a question.
+            model.blockSignals(true);
+            QCoreApplication::exit(saveTyping(model) ? 0 : 1);
+        });
     });
     // The session ends without asking every window first.
     QObject::connect(
-        &application, &QGuiApplication::commitDataRequest, &model, [&model] { saveTyping(model); },
+        &application, &QGuiApplication::commitDataRequest, &model,
+        [&model] {
+            saveTyping(model);
+            if (QApplication::activeModalWidget()) closeSheets(model, [&model] { saveTyping(model); });
+        },
         Qt::DirectConnection);
     if (!Remembered::restoreSize(window)) window.resize(1440, 880);
     window.showScreen(Screen::overview);

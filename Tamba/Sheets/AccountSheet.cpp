@@ -26,7 +26,8 @@ AccountSheet::AccountSheet(QWidget* parent, const Library& library, const BankAc
     currency_->setEnabled(!used);
     if (used) form->note(tr("Its lines are in this currency."));
     body().addLayout(form);
-    auto* main = addButtons(tamba::find(library.accounts, account.id) ? tr("Save") : tr("Add Account"), tr("Cancel"));
+    auto* main = addButtons(tamba::find(library.accounts, account.id) ? tr("Save") : tr("Add Account"), tr("Cancel"),
+                            Main::keeps);
     const auto refresh = [this, main] { main->setEnabled(!name_->text().trimmed().isEmpty()); };
     connect(name_, &QLineEdit::textChanged, this, refresh);
     refresh();

@@ -13,7 +13,7 @@ ClientSheet::ClientSheet(QWidget* parent, const Library& library, const std::str
     blank.currency = library.home().code;
     form_->show(blank, library.business.defaultDueDays);
     body().addWidget(form_);
-    QPushButton* main = addButtons(tr("Add Client"), tr("Cancel"));
+    QPushButton* main = addButtons(tr("Add Client"), tr("Cancel"), Main::keeps);
     const auto refresh = [this, main] { main->setEnabled(!client().name.empty()); };
     connect(form_, &ClientForm::typed, main, refresh);
     refresh();

@@ -33,7 +33,7 @@ MileageSheet::MileageSheet(QWidget* parent, const Library& library, Day today)
     form->addRow(Controls::label(tr("Distance (%1)").arg(toQt(library.business.distanceUnit)), "field"), distance_);
     form->addRow(Controls::label(tr("Amount"), "field"), amount_);
     body().addLayout(form);
-    add_ = addButtons(tr("Add Trip"), tr("Cancel"));
+    add_ = addButtons(tr("Add Trip"), tr("Cancel"), Main::keeps);
     connect(distance_, &QLineEdit::textChanged, this, &MileageSheet::refresh);
     purpose_->setFocus();
     refresh();

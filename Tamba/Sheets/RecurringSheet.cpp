@@ -87,7 +87,7 @@ RecurringSheet::RecurringSheet(QWidget* parent, const Library& library)
     table_->setFixedHeight(34 + 38 * std::min(8, std::max(1, table_->rowCount())));
     body().addWidget(table_);
     addButtons(library.recurring.empty() ? tr("Close") : tr("Done"),
-               library.recurring.empty() ? QString() : tr("Cancel"));
+               library.recurring.empty() ? QString() : tr("Cancel"), Main::keeps);
     setFixedWidth(library.recurring.empty() ? 460 : 720);
     refresh();
 }

@@ -57,7 +57,7 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
         wish_ = wish;
         accept();
     });
-    save_ = addButtons(tr("Save"), tr("Cancel"));
+    save_ = addButtons(tr("Save"), tr("Cancel"), Main::keeps);
     connect(titles_, &QListWidget::currentRowChanged, stack_, &QStackedWidget::setCurrentIndex);
     titles_->setCurrentRow(context.place == SettingsPlace::items     ? items
                            : context.place == SettingsPlace::tax     ? tax

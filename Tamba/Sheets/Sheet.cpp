@@ -46,7 +46,7 @@ Sheet::Sheet(QWidget* parent, Icon icon, const QString& title, const QString& te
     setMinimumWidth(420);
 }
 
-QPushButton* Sheet::addButtons(const QString& main, const QString& other) {
+QPushButton* Sheet::addButtons(const QString& main, const QString& other, Main does) {
     auto* row = buttons_ = new QHBoxLayout;
     row->setContentsMargins(0, 8, 0, 0);
     row->setSpacing(8);
@@ -58,6 +58,7 @@ QPushButton* Sheet::addButtons(const QString& main, const QString& other) {
     }
     auto* button = Controls::button(main, "sheetMain", Controls::Kind::primary, this);
     button->setDefault(true);
+    if (does == Main::keeps) keep_ = button;
     row->addWidget(button);
     connect(button, &QPushButton::clicked, this, &QDialog::accept);
     body_->addLayout(row);
@@ -79,6 +80,11 @@ void Sheet::showEvent(QShowEvent* event) {
 }
 
 bool Sheet::focusNextPrevChild(bool next) { return TabOrder::move(*this, next); }
+
+void Sheet::end() {
+    if (keep_) keep_->click();
+    if (isVisible()) reject();
+}
 
 void Sheet::reject() {
     const auto* button = qobject_cast<QPushButton*>(sender());

@@ -17,8 +17,10 @@ public:
     Sheet(QWidget* parent, Icon icon, const QString& title, const QString& text);
 
     [[nodiscard]] QVBoxLayout& body() { return *body_; }
+    /// What the main button does: `decides` on something that is not done unasked, or `keeps` what was typed.
+    enum class Main { decides, keeps };
     /// The main button accepts, the other rejects. Call last.
-    QPushButton* addButtons(const QString& main, const QString& other);
+    QPushButton* addButtons(const QString& main, const QString& other, Main does = Main::decides);
     /// A third way out, at the left of the buttons, which closes with `thirdWay`.
     QPushButton* addThirdButton(const QString& text);
     static constexpr int thirdWay = 2;
@@ -26,6 +28,8 @@ public:
     [[nodiscard]] bool wasDismissed() const { return dismissed_; }
 
     void reject() override;
+    /// Closes it when nobody can be asked: accepts what the main button would keep, as far as that can be pressed.
+    void end();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -34,6 +38,7 @@ protected:
 private:
     QVBoxLayout* body_;
     QHBoxLayout* buttons_ = nullptr;
+    QPushButton* keep_ = nullptr;
     bool dismissed_ = false;
 };
 

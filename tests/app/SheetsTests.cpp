@@ -1,5 +1,7 @@
+#include "Tamba/DocumentActions.h"
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Sheets/SettingsSheet.h"
+#include "Tamba/TambaApp.h"
 #include "TambaCore/Documents/Books.h"
 #include "tests/app/Support.h"
 
@@ -32,6 +34,46 @@ class SheetsTests : public QObject {
     }
 
 private slots:
+    void atTheEndOfTheSessionASheetKeepsWhatIsTypedAndDecidesNothing_data() {
+        QTest::addColumn<bool>("client");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("clients");
+        QTest::newRow("a client") << true << "Chai Point" << 2;
+        QTest::newRow("a client without a name") << true << "" << 1;
+        QTest::newRow("a payment") << false << "100" << 1;
+    }
+    void atTheEndOfTheSessionASheetKeepsWhatIsTypedAndDecidesNothing() {
+        QFETCH(bool, client);
+        QFETCH(QString, typed);
+        QFETCH(int, clients);
+        OpenBooks books;
+        books.model.perform(QStringLiteral("Books"), [](Library, Day) { return booksWithAnInvoice(); });
+        Window window(books.model);
+        window.show();
+        QEventLoop session;
+        QTimer person;
+        connect(&person, &QTimer::timeout, &window, [&] {
+            QWidget* sheet = QApplication::activeModalWidget();
+            if (!sheet) return;
+            person.stop();
+            control<QLineEdit>(*sheet, client ? "clientName" : "paymentAmount").setText(typed);
+            closeSheets(books.model, [&] {
+                QVERIFY(saveTyping(books.model));
+                session.quit();
+            });
+        });
+        person.start(5);
+        QTimer::singleShot(0, &window, [&] {
+            const UUID invoice = books.model.library().documents[0].id;
+            if (client) return window.findChild<ClientsScreen*>()->newClient();
+            window.findChild<DocumentActions*>()->run(DocumentActions::Action::recordPayment, invoice);
+        });
+        session.exec();
+        const Library saved = books.onDisk();
+        QCOMPARE(static_cast<int>(saved.clients.size()), clients);
+        QVERIFY(saved.documents[0].payments.empty());
+    }
+
     void aPaymentSaysWhatItLeavesOrWhyNot_data() {
         QTest::addColumn<QString>("received");
         QTest::addColumn<QString>("rate");
