@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstring>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace tamba::Files {
@@ -129,12 +130,16 @@ bool exists(const Path& path) {
     return type != fs::file_type::not_found;
 }
 
-/// Of a hundred megabytes, half the time to read them is the system handing out memory in small pages.
-static void askForLargePages(char* begin, std::size_t size) {
+/// Of a hundred megabytes, half the time to read them is the system handing out memory in small pages. So it is asked
+/// for large ones, and another thread has it hand them out while the first ones fill.
+static std::jthread handOutPages(char* begin, std::size_t size) {
     constexpr std::uintptr_t page = 2 << 20;
     const auto from = (reinterpret_cast<std::uintptr_t>(begin) + page - 1) / page * page;
     const auto to = (reinterpret_cast<std::uintptr_t>(begin) + size) / page * page;
-    if (from < to) (void)::madvise(reinterpret_cast<void*>(from), to - from, MADV_HUGEPAGE);
+    if (to < from + 8 * page) return {};
+    void* const start = reinterpret_cast<void*>(from);
+    (void)::madvise(start, to - from, MADV_HUGEPAGE);
+    return std::jthread([start, length = to - from] { (void)::madvise(start, length, MADV_POPULATE_WRITE); });
 }
 
 std::string read(const Path& path) {
@@ -144,7 +149,7 @@ std::string read(const Path& path) {
     if (S_ISDIR(info.st_mode)) fail(EISDIR);
     std::string bytes;
     bytes.reserve(static_cast<std::size_t>(info.st_size) + 128);  // parsers want some room behind the text
-    askForLargePages(bytes.data(), bytes.capacity());
+    const std::jthread pages = handOutPages(bytes.data(), bytes.capacity());
     // Piece by piece through the processor's cache: a string of the whole size would be filled with zeros first.
     std::array<char, 1 << 18> piece;
     while (true) {
