@@ -1,4 +1,6 @@
 #include "TambaCore/Base/Text.h"
+#include "TambaCore/Fixtures.h"
+#include "TambaCore/Fixtures/Dice.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
 #include "tests/support/Books.h"
@@ -102,7 +104,7 @@ TEST(ModelsJSON, aLongListIsReadInOrderAndNamesItsFirstCulprit) {
     for (int i = 0; i < 2500; ++i) {
         Expense expense = Expense::make({2026, 1, 1});
         expense.vendor = "V" + std::to_string(i);
-        expense.notes = "\\ \" ₹ ] }";
+        expense.notes = i < 2499 ? "\\ \" ₹ ] }" : std::string(600'000, '}');
         library.expenses.append(expense);
     }
     EXPECT_EQ(ModelsJSON::decode(ModelsJSON::encode(library)), library);
@@ -116,6 +118,54 @@ TEST(ModelsJSON, aLongListIsReadInOrderAndNamesItsFirstCulprit) {
     EXPECT_EQ(whyNot(noRecord), "Not a record (expenses[0])");
     for (const char* broken : {"", "\"V1200", "}", "]", "{", "\"V1200\", ,"})
         EXPECT_NE(whyNot(with(library, "\"V1200\"", broken)), "") << broken;
+    std::string comma = ModelsJSON::encode(library);
+    comma.insert(comma.find("\n  ]", comma.find("\"expenses\"")), ",\n");
+    EXPECT_NE(whyNot(comma), "");
+}
+
+/// Books laid out as they are written here are read by a shorter way, which a blank in front of them bars.
+TEST(ModelsJSON, booksWithOurLayoutAreReadAsAnyOthers) {
+    const Library library = Fixtures::large(8, 4, 8, {2026, 11, 20});
+    const std::string text = ModelsJSON::encode(library);
+    Fixtures::Dice dice(std::uint64_t{7});
+    const auto at = [&](std::size_t size) { return static_cast<std::size_t>(dice.below(static_cast<int>(size))); };
+    for (const auto& [piece, other] : {std::pair{"    }\n  ]", "    },\n\n  ]"},
+                                       {"    },\n    {", "    }\n    {"},
+                                       {"    },\n    {", "    },,\n    {"},
+                                       {"    },\n    {", "    },\n    7,\n    {"},
+                                       {"    },\n    {", "    }, {"}}) {
+        const std::string changed = with(library, piece, other);
+        EXPECT_EQ(whyNot(changed), whyNot(" " + changed)) << other;
+    }
+    int read = 0, refused = 0;
+    for (int i = 0; i < 600; ++i) {
+        std::string changed = text;
+        const std::size_t line = changed.find('\n', at(text.size() - 200)) + 1, past = changed.find('\n', line) + 1;
+        switch (i % 5) {
+            case 0:
+                changed.erase(line, past - line);
+                break;
+            case 1:
+                changed.insert(line, text.substr(line, past - line));
+                break;
+            case 2:
+                changed[line + at(past - line)] = "{}[],:\" \n\\\xFF"[at(12)];
+                break;
+            case 3:
+                changed.insert(line, at(2) ? "\n" : "    ");
+                break;
+            default:
+                changed.erase(line + at(past - line), 1);
+        }
+        const std::string why = whyNot(changed);
+        ASSERT_EQ(why, whyNot(" " + changed)) << i;
+        (why.empty() ? read : refused) += 1;
+        if (why.empty()) {
+            ASSERT_EQ(ModelsJSON::decode(changed), ModelsJSON::decode(" " + changed)) << i;
+        }
+    }
+    EXPECT_GT(read, 100);
+    EXPECT_GT(refused, 100);
 }
 
 TEST(ModelsJSON, bytesThatAreNoTextCannotMakeTheBooksUnreadable) {
