@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <tuple>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace tamba {
@@ -48,6 +49,16 @@ std::shared_ptr<const T> lookUp(const Index<T>& index, const Identity<T>& id) {
 template <class T>
 bool same(const std::shared_ptr<const T>& a, const std::shared_ptr<const T>& b) {
     return a == b || *a == *b;
+}
+
+/// A number has gone out, so that only an older copy of the books can be without it: what it tells of the document is
+/// not a step somebody took.
+template <class T>
+bool isNumbered(const T& record) {
+    if constexpr (std::is_same_v<T, Document>)
+        return record.number.has_value();
+    else
+        return false;
 }
 
 template <class T>
@@ -163,7 +174,7 @@ struct Merger {
     template <class T>
     List<T> list(const std::string& name, const List<T>& base, const List<T>& ours, const List<T>& theirs) {
         if (theirs == base || ours == theirs) return ours;
-        if (ours == base) return theirs;
+        if (ours == base && !std::is_same_v<T, Document>) return theirs;
         const Index<T> inBase = indexed(base);
         const Index<T> inOurs = indexed(ours);
         const Index<T> inTheirs = indexed(theirs);
@@ -174,8 +185,10 @@ struct Merger {
             const auto old = lookUp<T>(inBase, id);
             const auto other = lookUp<T>(inTheirs, id);
             if (!other) {
-                if (!old || !same(old, mine)) merged.append(mine);
+                if (!old || !same(old, mine) || isNumbered(*mine)) merged.append(mine);
                 if (old && !same(old, mine)) conflicts.push_back({name, text(id), "", fieldText(*mine), ""});
+            } else if (old && isNumbered(*old) && isNumbered(*mine) && !isNumbered(*other)) {
+                merged.append(mine);
             } else if (same(mine, other) || (old && same(old, other))) {
                 merged.append(mine);
             } else if (old && same(old, mine)) {
@@ -226,6 +239,7 @@ public:
         : base_(base), ours_(ours), theirs_(theirs), merged_(merged) {}
 
     void run() {
+        keepWhatIsUsed();
         if (ours_.documents.sharesAllWith(theirs_.documents) && ours_.expenses.sharesAllWith(theirs_.expenses) &&
             ours_.transactions.sharesAllWith(theirs_.transactions))
             return;
@@ -237,6 +251,50 @@ public:
     }
 
 private:
+    /// What one side deleted because nothing referred to it, and the other put to use.
+    void keepWhatIsUsed() {
+        Library& books = merged_.library;
+        std::unordered_set<UUID> used;
+        const auto use = [&used](const auto&... ids) {
+            const auto add = [&used](const std::optional<UUID>& id) {
+                if (id) used.insert(*id);
+            };
+            (..., add(ids));
+        };
+        const auto bringBack = [&](auto list) {
+            auto& present = books.*list;
+            for (const Library* side : {&ours_, &theirs_}) {
+                const auto& records = side->*list;
+                if (present.sharesAllWith(records)) continue;
+                std::unordered_set<UUID> known;
+                for (const auto& record : present) known.insert(record.id);
+                for (std::size_t i = 0; i < records.size(); ++i)
+                    if (used.contains(records[i].id) && !known.contains(records[i].id)) present.append(records.at(i));
+            }
+        };
+        // What comes back may use something in its turn.
+        for (const Document& document : books.documents) {
+            use(document.linkedID);
+            for (const Line& line : document.lines) use(line.expenseID);
+        }
+        bringBack(&Library::expenses);
+        bringBack(&Library::documents);
+        const auto useOf = [&use](const Expense& expense) {
+            use(expense.clientID, expense.projectID, expense.categoryID);
+        };
+        for (const Expense& expense : books.expenses) useOf(expense);
+        for (const RecurringExpense& recurring : books.recurring) useOf(recurring.template_);
+        for (const Document& document : books.documents) use(document.clientID, document.seriesID);
+        for (const BankTransaction& line : books.transactions) use(line.accountID);
+        for (const CategoryRule& rule : books.rules) use(rule.categoryID);
+        bringBack(&Library::projects);
+        for (const Project& project : books.projects) use(project.clientID);
+        bringBack(&Library::clients);
+        bringBack(&Library::categories);
+        bringBack(&Library::series);
+        bringBack(&Library::accounts);
+    }
+
     /// One draft issued on both sides with two numbers: both numbers are with a client, so both documents are kept.
     /// Payments stay on the one. With one number for both, the lines that lost are a conflict.
     void keepBothNumbers() {

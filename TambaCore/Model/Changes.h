@@ -47,8 +47,10 @@ struct Merged {
 /// Three-way merge, record by record and, inside a record both changed, field by field. A record that one side removed
 /// and the other changed is kept as changed. A draft that one side issued is kept whole as issued: what went to the
 /// client is never mixed with later edits; where both issued it with numbers of their own, both documents are kept.
-/// An invoice that one side voided stands when the other has payments or credit notes on it, which is a conflict of its
-/// `state`. Expenses stay billed on the invoices that have them. Records keep the order of `ours`, theirs appended.
+/// A document that has a number neither goes nor becomes a draft again: whatever says so is an older copy. What one
+/// side deleted and the other put to use is kept. An invoice that one side voided stands when the other has payments or
+/// credit notes on it, which is a conflict of its `state`. Expenses stay billed on the invoices that have them. Records
+/// keep the order of `ours`, theirs appended.
 [[nodiscard]] Merged merge(const Library& base, const Library& ours, const Library& theirs);
 
 /// "vendor: “Chai” → “Chai Point”": the fields in which two versions of a record differ, for history and questions.

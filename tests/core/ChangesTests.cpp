@@ -92,6 +92,37 @@ TEST(Merge, keepsWhatOneSideRemovedAndTheOtherChanged) {
     }
 }
 
+TEST(Merge, anOlderCopyTakesNoNumberedDocumentBack) {
+    Library base = aLibrary();
+    ASSERT_TRUE(base.documents[0].number);
+    Library without = base, draft = base;
+    without.documents.erase(0);
+    draft.documents.update(0, [](Document& document) {
+        document.state = DocState::draft;
+        document.number.reset();
+    });
+    Library ours = base;
+    ours.documents.update(0, [](Document& document) { document.notes = "ours"; });
+    for (const auto* mine : {&base, &ours})
+        for (const auto* older : {&without, &draft}) EXPECT_EQ(merge(base, *mine, *older).library, *mine);
+}
+
+TEST(Merge, keepsWhatOneSideDeletedAndTheOtherPutToUse) {
+    Library base = Library::make();
+    base.expenses.append(anExpense("Chai"));
+    base.clients.append(Client::make("Client"));
+    base.projects.append(Project::make("Project", base.clients[0].id));
+    Library deleted = base, used = base;
+    deleted.projects = {};
+    deleted.clients = {};
+    used.expenses.update(0, [&base](Expense& expense) { expense.projectID = base.projects[0].id; });
+    for (const auto& [ours, theirs] : {std::pair{&deleted, &used}, {&used, &deleted}}) {
+        const Library merged = merge(base, *ours, *theirs).library;
+        EXPECT_EQ(merged.projects, base.projects);
+        EXPECT_EQ(merged.clients, base.clients) << "the project’s";
+    }
+}
+
 TEST(Merge, losesNoPaymentThatBothSidesRecordedOnOneInvoice) {
     const Library base = aLibrary();
     Library ours = base;
