@@ -27,6 +27,11 @@ AppModel::~AppModel() { saveNow(); }
 
 bool AppModel::open(const Path& folder, Expect expect) {
     if (!saveNow()) return false;
+    load(folder, expect);
+    return true;
+}
+
+void AppModel::load(const Path& folder, Expect expect) {
     // The lock of a folder that is opened again must be given back first.
     session_.reset();
     folder_ = folder;
@@ -58,7 +63,6 @@ bool AppModel::open(const Path& folder, Expect expect) {
     emit opened();
     emit historyChanged();
     addDue();
-    return true;
 }
 
 void AppModel::lookAtDay() {
@@ -140,11 +144,11 @@ void AppModel::setSaving(Saving saving, const QString& problem) {
 
 bool AppModel::saveNow() {
     saveTimer_.stop();
-    if (saving_ == Saving::saved || state_ != State::open) return true;
+    if (state_ != State::open) return true;
     try {
-        auto saved = session_->save(library_);
+        auto merge = saving_ == Saving::saved ? session_->takeInChange(library_) : session_->save(library_);
         setSaving(Saving::saved);
-        if (saved.merged) takeMerge(std::move(saved));
+        if (merge && merge->merged) takeMerge(std::move(*merge));
         return true;
     } catch (const std::exception& error) {
         const bool first = saving_ != Saving::failed;
@@ -169,28 +173,14 @@ void AppModel::takeMerge(LibrarySession::Saved merge) {
         emit conflicted(report);
 }
 
-void AppModel::lookForOtherChanges() {
-    // With changes of our own waiting, the save merges.
-    if (state_ != State::open || saving_ != Saving::saved) return;
-    attempt([this] {
-        auto taken = session_->takeInChange(library_);
-        if (taken) takeMerge(std::move(*taken));
-    });
-}
-
 bool AppModel::restore(const std::string& backup) {
-    saveTimer_.stop();
-    return attempt([&] {
-               // What waits for a save goes into the file that is kept beside the backups.
-               if (state_ == State::open && saving_ != Saving::saved) session_->save(library_);
-               setSaving(Saving::saved);
-               session_.reset();
-           }) &&
-           [&] {
-               const bool restored = attempt([&] { (void)LibrarySession::restore(folder_, backup); });
-               open(folder_);
-               return restored;
-           }();
+    // Books that cannot go to their file, which may be why a backup is wanted, are kept beside it.
+    if (!saveNow() && !attempt([this] { session_->keep(library_); })) return false;
+    // Restoring takes the lock for itself.
+    session_.reset();
+    const bool restored = attempt([&] { (void)LibrarySession::restore(folder_, backup); });
+    load(Path(folder_), Expect::anything);
+    return restored;
 }
 
 std::vector<LibrarySession::Backup> AppModel::backups() const { return LibrarySession::backups(folder_); }

@@ -65,22 +65,22 @@ public:
     [[nodiscard]] QString undoTitle() const;
     [[nodiscard]] QString redoTitle() const;
 
-    /// Saves at once when something waits for it. False when that failed.
+    /// Brings the books and their file together at once: saves what waits, and takes in what another machine has
+    /// written meanwhile. Called also when the window comes to the front or the file changes. False when that failed.
     bool saveNow();
     [[nodiscard]] Saving saving() const { return saving_; }
     /// Why the last save failed; empty otherwise.
     [[nodiscard]] const QString& saveProblem() const { return saveProblem_; }
     [[nodiscard]] bool saveTimerRuns() const { return saveTimer_.isActive(); }
 
-    /// Takes in what another machine has written meanwhile. Called when the window comes to the front.
-    void lookForOtherChanges();
     /// Notices a new day: what is late by then, and the expenses that come again. Asked every minute, since timers
     /// stand still while a machine sleeps.
     void lookAtDay();
 
     /// The backups of the folder, newest first, also of damaged books.
     [[nodiscard]] std::vector<LibrarySession::Backup> backups() const;
-    /// Puts a backup in place of the books; the present file is kept beside the backups. Begins a new history.
+    /// Puts a backup in place of the books, which are saved first; the present file is kept beside the backups. Begins
+    /// a new history. False, with the books as they were, when one of the two cannot be written or read.
     bool restore(const std::string& backup);
 
 signals:
@@ -99,6 +99,7 @@ signals:
     void conflicted(const tamba::MergeReport& report);
 
 private:
+    void load(const Path& folder, Expect expect);
     void install(Library library);
     [[nodiscard]] Library withDue(Library library) const;
     void addDue();

@@ -31,7 +31,7 @@ void FolderWatch::follow() {
 void FolderWatch::look() {
     // What somebody is answering is not changed under the question.
     if (QApplication::activeModalWidget()) return settle_.start();
-    model_.lookForOtherChanges();
+    model_.saveNow();
     // The name may stand for another file by now.
     follow();
 }

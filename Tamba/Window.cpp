@@ -443,7 +443,7 @@ void Window::closeEvent(QCloseEvent* event) {
 
 void Window::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-        model_.lookForOtherChanges();
+        model_.saveNow();
         model_.lookAtDay();
     }
     QMainWindow::changeEvent(event);

@@ -5,6 +5,20 @@
 
 namespace tamba::cli {
 
+namespace {
+
+struct Kind {
+    const char *word, *text;
+};
+const Kind& kind(const LibrarySession::Backup& backup) {
+    static constexpr Kind kinds[] = {{"saved", "as first saved that day"},
+                                     {"opened", "as first opened that day"},
+                                     {"replaced", "before it was replaced"}};
+    return kinds[static_cast<std::size_t>(backup.kind)];
+}
+
+}  // namespace
+
 int listBackups(const Context& context) {
     const auto backups = LibrarySession::backups(context.folder);
     if (context.json) {
@@ -13,7 +27,7 @@ int listBackups(const Context& context) {
             list.append(JSON::object()
                             .add("name", backup.name)
                             .add("day", backup.day)
-                            .add("asOpened", backup.asOpened)
+                            .add("kind", kind(backup).word)
                             .add("size", static_cast<std::int64_t>(backup.size)));
         std::cout << list.text() << "\n";
         return 0;
@@ -24,8 +38,7 @@ int listBackups(const Context& context) {
     }
     Table table({{"Name"}, {"Day"}, {"Bytes", Table::Align::right}, {"Kept"}});
     for (const LibrarySession::Backup& backup : backups)
-        table.add({backup.name, backup.day.iso(), std::to_string(backup.size),
-                   backup.asOpened ? "as first opened that day" : "as first saved that day"});
+        table.add({backup.name, backup.day.iso(), std::to_string(backup.size), kind(backup).text});
     std::cout << table.text();
     return 0;
 }

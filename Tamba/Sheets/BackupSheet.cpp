@@ -19,11 +19,11 @@ BackupSheet::BackupSheet(QWidget* parent, BackupQuestion question)
       question_(std::move(question)) {
     list_ = new QListWidget(this);
     Controls::name(*list_, "backups", tr("Backups"));
+    const QString kinds[] = {tr("first save of the day"), tr("as opened that day"), tr("before it was replaced")};
     for (const auto& backup : question_.backups)
         list_->addItem(
             tr("%1 · %2 · %3")
-                .arg(toQt(backup.day.formatted("EEEE d MMMM yyyy")),
-                     backup.asOpened ? tr("as opened that day") : tr("first save of the day"),
+                .arg(toQt(backup.day.formatted("EEEE d MMMM yyyy")), kinds[static_cast<std::size_t>(backup.kind)],
                      QLocale(QLocale::English)
                          .formattedDataSize(static_cast<qint64>(backup.size), 0, QLocale::DataSizeSIFormat)));
     list_->setMinimumHeight(200);

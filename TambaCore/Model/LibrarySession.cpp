@@ -1,5 +1,7 @@
 #include "TambaCore/Model/LibrarySession.h"
 
+#include "TambaCore/Model/ModelsJSON.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -7,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <tuple>
 
 namespace tamba {
 
@@ -14,10 +17,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t openedKept = 14;
 /// Versions saved since the last foreign one that are told apart. Each costs little, as records are shared.
 constexpr std::size_t versionsKept = 32;
-constexpr std::string_view savedPrefix = "tamba-", openedPrefix = "opened-";
+constexpr std::string_view openedPrefix = "opened-", replacedPrefix = "replaced-";
+constexpr std::size_t openedKept = 14, replacedKept = 30;
+using Backup = LibrarySession::Backup;
+constexpr std::pair<std::string_view, Backup::Kind> kinds[] = {
+    {"tamba-", Backup::Kind::saved}, {openedPrefix, Backup::Kind::opened}, {replacedPrefix, Backup::Kind::replaced}};
 
 /// FNV-1a, to turn a path into a file name; nothing depends on it being hard to forge.
 std::string hashed(std::string_view text) {
@@ -123,8 +129,31 @@ Traces tracesOf(const Library& theirs, const Versions& versions, std::size_t at)
     return traces;
 }
 
-bool isBackup(std::string_view name) {
-    return name.ends_with(".json") && (name.starts_with(savedPrefix) || name.starts_with(openedPrefix));
+/// Of a file in Backups, by its name; nothing for what is no backup.
+std::optional<Backup> backup(const std::string& name) {
+    for (const auto& [prefix, kind] : kinds)
+        if (name.starts_with(prefix) && name.ends_with(".json"))
+            if (const auto day = Day::iso(std::string_view(name).substr(prefix.size(), 10)))
+                return Backup{name, *day, kind, 0};
+    return std::nullopt;
+}
+
+/// A name that is free for books that are about to be lost.
+fs::path placeForReplaced(const LibraryStore& store) {
+    const std::string time = instantText(now());  // 2026-04-01T09:30:00Z
+    std::string name = std::string(replacedPrefix) + time.substr(0, 10) + "-" + time.substr(11, 2) +
+                       time.substr(14, 2) + time.substr(17, 2);
+    while (Files::exists(store.backupsFolder() / (name + ".json"))) name += "-2";
+    return store.backupsFolder() / (name + ".json");
+}
+
+bool losesRecords(const Library& before, const Library& after) {
+    const Changes changes = Changes::between(before, after);
+    for (const ListChanges* list : {&changes.clients, &changes.items, &changes.categories, &changes.projects,
+                                    &changes.expenses, &changes.recurring, &changes.documents, &changes.series,
+                                    &changes.accounts, &changes.transactions, &changes.rules})
+        if (!list->removed.empty()) return true;
+    return false;
 }
 
 }  // namespace
@@ -194,6 +223,8 @@ std::optional<LibrarySession::Saved> LibrarySession::takeInChange(const Library&
 
 LibrarySession::Saved LibrarySession::mergeAndSave(const Library& ours, const Change& theirs) {
     Merged merged = merge(ancestorOf(theirs.library), ours, theirs.library);
+    // What looks removed there may not have got there yet.
+    if (losesRecords(ours, merged.library)) keep(ours);
     stamp_ = merged.library == theirs.library ? theirs.stamp : store_.save(merged.library);
     earlier_.clear();
     base_ = theirs.library;
@@ -254,14 +285,11 @@ std::vector<LibrarySession::Backup> LibrarySession::backups(const fs::path& fold
         throw StoreError(StoreError::Code::unreadable, error.what());
     }
     for (const std::string& name : names) {
-        if (!isBackup(name)) continue;
-        const bool asOpened = name.starts_with(openedPrefix);
-        const auto day = Day::iso(std::string_view(name).substr((asOpened ? openedPrefix : savedPrefix).size()));
         const auto size = Files::size(store.backupsFolder() / name);
-        if (day && size) found.push_back({name, *day, asOpened, *size});
+        if (auto one = backup(name); one && size) found.push_back(std::move(*one)), found.back().size = *size;
     }
     std::stable_sort(found.begin(), found.end(), [](const Backup& a, const Backup& b) {
-        return a.day != b.day ? a.day > b.day : a.asOpened < b.asOpened;
+        return std::tie(b.day, a.kind, b.name) < std::tie(a.day, b.kind, a.name);
     });
     return found;
 }
@@ -273,6 +301,16 @@ Library LibrarySession::readBackup(std::string_view name) const {
     return LibraryStore::read(file);
 }
 
+void LibrarySession::keep(const Library& library) const {
+    try {
+        Files::makeFolders(store_.backupsFolder());
+        Files::writeAtomically(placeForReplaced(store_), ModelsJSON::encode(library));
+    } catch (const FileError& error) {
+        throw StoreError(StoreError::Code::unwritable, error.what());
+    }
+    store_.pruneBackups(replacedPrefix, replacedKept);
+}
+
 Library LibrarySession::restore(const fs::path& folder, std::string_view name) {
     const Lock lock(folder);
     const LibraryStore store(folder);
@@ -280,13 +318,11 @@ Library LibrarySession::restore(const fs::path& folder, std::string_view name) {
     if (Files::safeName(name) != name || !Files::size(backup)) throw StoreError(StoreError::Code::notAFile, "");
     Library library = LibraryStore::read(backup);
     try {
-        if (Files::exists(store.fileURL())) {
-            const std::string time = instantText(now());  // 2026-04-01T09:30:00Z
-            std::string kept =
-                "replaced-" + time.substr(0, 10) + "-" + time.substr(11, 2) + time.substr(14, 2) + time.substr(17, 2);
-            while (!Files::copyToNew(store.fileURL(), store.backupsFolder() / (kept + ".json"))) kept += "-2";
-        }
-        Files::writeAtomically(store.fileURL(), Files::read(backup));
+        // Read before old ones make room, of which it may be one.
+        const std::string bytes = Files::read(backup);
+        if (Files::exists(store.fileURL()) && Files::copyToNew(store.fileURL(), placeForReplaced(store)))
+            store.pruneBackups(replacedPrefix, replacedKept);
+        Files::writeAtomically(store.fileURL(), bytes);
     } catch (const FileError& error) {
         throw StoreError(StoreError::Code::unwritable, error.what());
     }

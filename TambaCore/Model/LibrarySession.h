@@ -27,7 +27,8 @@ public:
 /// advisory lock (outside the folder, keyed by its real path), copies the file as found at the day's first opening to
 /// Backups/opened-<yyyy-mm-dd>.json (14 kept), and before each save looks whether another machine has changed the file,
 /// and then merges instead of overwriting. A file that a synchroniser brings from a machine that has not seen what was
-/// saved here last is recognised as older: what is missing in it is not taken for removed.
+/// saved here last is recognised as older: what is missing in it is not taken for removed. Books that lose records to
+/// another machine's change, or to a backup, are first kept as Backups/replaced-<yyyy-mm-dd-hhmmss>.json (30 kept).
 ///
 ///     LibrarySession session(folder, LibrarySession::Access::write);   // throws LockedError, StoreError
 ///     Library library = session.loaded().value_or(Library::make());
@@ -61,18 +62,20 @@ public:
     [[nodiscard]] std::optional<Saved> takeInChange(const Library& ours);
 
     struct Backup {
-        std::string name;  ///< file name in Backups
+        enum class Kind { saved, opened, replaced };  ///< the day's first save; as the day found it; before it was lost
+        std::string name;                             ///< file name in Backups
         Day day;
-        bool asOpened = false;  ///< as found at the day's first opening, not as first saved
+        Kind kind = Kind::saved;
         std::uint64_t size = 0;
     };
-    /// Newest first; of one day, as saved before as opened. The second also works on damaged books.
+    /// Newest first; of one day in the order of `Kind`. The second also works on damaged books.
     [[nodiscard]] std::vector<Backup> backups() const;
     [[nodiscard]] static std::vector<Backup> backups(const std::filesystem::path& folder);
     /// Reads a backup. Throws `unreadable`, or `notAFile` for a name that is not in the Backups folder.
     [[nodiscard]] Library readBackup(std::string_view name) const;
-    /// Puts a backup in place of the books; the present file is first kept as
-    /// Backups/replaced-<yyyy-mm-dd-hhmmss>.json. Works on damaged books too.
+    /// Keeps books that are on their way out among the backups, as replaced. Throws `unwritable`.
+    void keep(const Library& library) const;
+    /// Puts a backup in place of the books; the present file is first kept as replaced. Works on damaged books too.
     static Library restore(const std::filesystem::path& folder, std::string_view name);
 
 private:

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include <csignal>
+#include <set>
 
 namespace tamba {
 
@@ -120,7 +121,7 @@ private slots:
         QVERIFY(books.model.saveNow());
         Files::writeAtomically(books.path() / "tamba.json", older);
         QSignalSpy noticed(&books.model, &AppModel::noticed);
-        books.model.lookForOtherChanges();
+        QVERIFY(books.model.saveNow());
         QVERIFY(books.rename("newest"));
         QVERIFY(books.model.saveNow());
         QCOMPARE(books.onDisk().business.name, std::string("newest"));
@@ -173,6 +174,41 @@ private slots:
         QCOMPARE(refused.count(), 1);
         QCOMPARE(books.model.state(), AppModel::State::open);
         QCOMPARE(books.model.library().business.name, std::string("mine"));
+    }
+
+    void booksWhoseFileWasDamagedMeanwhileAreKeptWhenABackupIsRestored() {
+        OpenBooks books;
+        QVERIFY(books.rename("backup"));
+        QVERIFY(books.model.saveNow());
+        QVERIFY(books.rename("later"));
+        QVERIFY(books.model.saveNow());
+        Files::writeAtomically(books.path() / "tamba.json", "half a fil");
+        QVERIFY(!books.model.saveNow());
+        QVERIFY(books.model.restore("tamba-" + Day::today().iso() + ".json"));
+        QCOMPARE(books.model.library().business.name, std::string("backup"));
+        const LibraryStore store(books.path());
+        std::set<std::string> replaced;
+        for (const std::string& name : Files::names(store.backupsFolder()))
+            if (name.starts_with("replaced-")) replaced.insert(Files::read(store.backupsFolder() / name));
+        QCOMPARE(replaced.size(), std::size_t(2));
+        QVERIFY(replaced.contains("half a fil"));
+        QVERIFY(std::any_of(replaced.begin(), replaced.end(),
+                            [](const std::string& bytes) { return bytes.find("\"later\"") != std::string::npos; }));
+    }
+
+    void anOlderFileThatComesBeforeTheBooksAreClosedTakesNothingAway() {
+        OpenBooks books;
+        QVERIFY(books.rename("ours"));
+        QVERIFY(books.model.saveNow());
+        const Library older = books.onDisk();
+        QVERIFY(books.model.perform(QStringLiteral("Add"), [](Library library, Day day) {
+            library.expenses.append(Expense::make(day));
+            return library;
+        }));
+        QVERIFY(books.model.saveNow());
+        LibraryStore(books.path()).save(older);
+        QVERIFY(books.model.open(books.path()));
+        QCOMPARE(books.model.library().expenses.size(), std::size_t(1));
     }
 
     void booksOpenElsewhereAreLocked() {

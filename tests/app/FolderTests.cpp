@@ -136,8 +136,8 @@ private slots:
         QCOMPARE(countsText(before), std::string("No records"));
         QCOMPARE(countsText(then), std::string("2 expenses · 1 client"));
 
-        BackupQuestion question{{{"tamba-2026-11-20.json", {2026, 11, 20}, false, 2000},
-                                 {"tamba-2026-11-19.json", {2026, 11, 19}, false, 2000}},
+        BackupQuestion question{{{"tamba-2026-11-20.json", {2026, 11, 20}, LibrarySession::Backup::Kind::saved, 2000},
+                                 {"tamba-2026-11-19.json", {2026, 11, 19}, LibrarySession::Backup::Kind::saved, 2000}},
                                 [&](const std::string& name) {
                                     if (name == "tamba-2026-11-20.json") return then;
                                     throw StoreError(StoreError::Code::unreadable, "it is damaged");

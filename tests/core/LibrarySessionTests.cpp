@@ -70,7 +70,7 @@ TEST(LibrarySession, keepsTheFileAsTheDayFoundIt) {
     const auto backups = LibrarySession::backups(folder.path());
     EXPECT_EQ(backups[0].name, "tamba-" + Day::today().iso() + ".json");
     EXPECT_EQ(backups[1].name, asOpenedToday());
-    EXPECT_TRUE(backups[1].asOpened);
+    EXPECT_EQ(backups[1].kind, LibrarySession::Backup::Kind::opened);
 }
 
 TEST(LibrarySession, mergesWhatAnotherMachineSaved) {
@@ -118,6 +118,22 @@ TEST(LibrarySession, anOlderFileTakesNothingAwayThatWasSavedHere) {
     EXPECT_FALSE(find(merged.expenses, mine));
     EXPECT_EQ(merged.business.phone, "1");
     EXPECT_EQ(merged.business.email, "a@b.example");
+}
+
+TEST(LibrarySession, whatAnotherMachineTakesAwayIsKeptAmongTheBackups) {
+    TwoMachines machines;
+    auto& [folder, elsewhere, session, ours, theirs] = machines;
+    const Library found = *session.loaded();
+    theirs.expenses = found.expenses;
+    theirs.expenses.erase(0);
+    elsewhere.save(theirs);
+    EXPECT_TRUE(session.takeInChange(found)->library.expenses.empty());
+    const auto backups = session.backups();
+    const auto kept = std::find_if(backups.begin(), backups.end(), [](const LibrarySession::Backup& backup) {
+        return backup.kind == LibrarySession::Backup::Kind::replaced;
+    });
+    ASSERT_NE(kept, backups.end());
+    EXPECT_EQ(session.readBackup(kept->name), found);
 }
 
 TEST(LibrarySession, whatBothMachinesAddByThemselvesIsNoSignThatTheySawEachOther) {
