@@ -1,7 +1,6 @@
 #include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Sheets/Settings/RulesPage.h"
 #include "TambaCore/Documents/Books.h"
-#include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Documents/Standing.h"
 #include "tests/app/Support.h"
 
@@ -19,17 +18,13 @@ namespace {
 /// tenth, one that pays two invoices, a transfer to itself, rent of which the books know nothing, and a fare the books
 /// know exactly.
 struct Month {
-    Library library = Library::make();
+    Library library = testing::aBook();
     UUID partInvoice, firstInvoice, secondInvoice, fare;
 
     Month() {
-        Client client = Client::make("Saffron Labs");
-        client.stateCode = "27";
-        library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
-        library.clients.append(client);
-        partInvoice = issued(10'000'000);
-        firstInvoice = issued(1'100'000);
-        secondInvoice = issued(2'300'000);
+        partInvoice = testing::billed(library, 10'000'000, {2026, 11, 1});
+        firstInvoice = testing::billed(library, 1'100'000, {2026, 11, 1});
+        secondInvoice = testing::billed(library, 2'300'000, {2026, 11, 1});
         expense("Chai Point", {2026, 11, 18}, 25'000);
         expense("Chai Point", {2026, 11, 19}, 25'000);
         fare = expense("Deccan Cabs", {2026, 11, 2}, 64'000);
@@ -40,18 +35,10 @@ struct Month {
         line({2026, 11, 11}, "NEFT CR-78-SAFFRON LABS", 9'000'000);
         line({2026, 11, 19}, "UPI/DR/2/CHAI POINT", -25'000);
     }
-    UUID issued(std::int64_t price) {
-        Document draft = Books::newDocument(library, DocKind::invoice, library.clients[0].id, {2026, 11, 1});
-        draft.lines = {Line::make("Design", 1000, price, 0)};
-        library = Books::issue(Books::addDraft(std::move(library), draft), draft.id, {2026, 11, 1});
-        return draft.id;
-    }
     UUID expense(std::string vendor, Day day, std::int64_t amount) {
-        Expense e = Expense::make(day);
-        e.vendor = std::move(vendor);
-        e.amount = amount;
+        Expense e = testing::spent(std::move(vendor), amount, day);
         e.categoryID = library.categories[0].id;
-        library = Expenses::add(std::move(library), e);
+        library.expenses.append(e);
         return e.id;
     }
     BankTransaction& line(Day day, std::string text, std::int64_t amount) {

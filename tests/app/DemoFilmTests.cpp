@@ -81,7 +81,6 @@ private slots:
             "Line 4: there is no “treasure” to be clicked.");
         row("story", "wait forever", "a.mp4",
             "Line 1: say how many seconds to wait, such as 1.5 and at most 600, or “until idle”.");
-        row("folder", "wait 1", "none/a.mp4", "The film “a.mp4” could not be made: no such file or directory.");
         row("interrupted", "wait 500", "a.mp4", "The film was given up.");
     }
     void aFilmThatIsNotMadeSaysWhyAndLeavesNothing() {
@@ -108,12 +107,10 @@ private slots:
     }
 
     void whatAPersonDoesIsFilmedFromTheMenu() {
-        OpenBooks books;
-        auto owned = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *owned;
+        OpenWindow books;
+        TestPrompts& prompts = books.prompts;
+        Window& window = books.window;
         prompts.file = toPath(folder_.path());
-        Window window(books.model, std::move(owned));
-        window.show();
         auto* record = window.menuBar()->findChild<QMenu*>(QStringLiteral("helpMenu"))->actions().constFirst();
         const auto bar = [&] { return window.findChild<RecorderBar*>(); };
         const auto press = [&](const char* name) {

@@ -15,14 +15,12 @@ Q_DECLARE_METATYPE(tamba::ExpenseFilter)
 namespace tamba {
 namespace {
 
-Expense anExpense(Day date, const std::string& vendor, std::int64_t amount, const std::string& currency = "INR",
-                  std::int64_t rateMicros = 1'000'000) {
-    Expense e = Expense::make(date);
-    e.vendor = vendor;
-    e.amount = amount;
-    e.currency = currency;
-    e.rateMicros = rateMicros;
-    return e;
+using testing::spent;
+
+Expense inDollars(Expense expense, std::int64_t rateMicros) {
+    expense.currency = "USD";
+    expense.rateMicros = rateMicros;
+    return expense;
 }
 
 std::string vendors(const ExpenseTable& table) {
@@ -40,36 +38,38 @@ class ExpensesScreenTests : public QObject {
     static Library someBooks() {
         Library library = Library::make();
         library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
-        Expense chai = anExpense({2026, 11, 3}, "Chai Point", 11800);
+        Expense chai = spent("Chai Point", 11800, {2026, 11, 3});
         chai.tax = 1800;
         chai.taxSplit = {900, 900, 0, 0};
         chai.claimTax = true;
         chai.categoryID = library.categories[4].id;
         library.expenses.append(chai);
-        library.expenses.append(anExpense({2026, 10, 3}, "Kagaz", 50000));
-        library.expenses.append(anExpense({2026, 3, 31}, "Pixelgrove", 2400, "USD", 0));
-        library.expenses.append(anExpense({2026, 4, 1}, "Akshar", 1000, "USD", 80'000'000));
+        library.expenses.append(spent("Kagaz", 50000, {2026, 10, 3}));
+        library.expenses.append(inDollars(spent("Pixelgrove", 2400, {2026, 3, 31}), 0));
+        library.expenses.append(inDollars(spent("Akshar", 1000, {2026, 4, 1}), 80'000'000));
         return library;
     }
 
-    template <class T>
-    static T& control(QWidget& window, const char* name) {
-        // Other screens have fields of the same names.
-        auto* screen = window.findChild<ExpensesScreen*>();
-        T* found = screen ? screen->findChild<T*>(QString::fromLatin1(name)) : nullptr;
-        if (!found) found = window.findChild<T*>(QString::fromLatin1(name));
-        if (!found) qFatal("no control %s", name);
-        return *found;
-    }
+    /// The window with these books; the screen and its fields, of which other screens have some of the same names.
+    struct Open : OpenWindow {
+        ExpensesScreen& screen = *window.findChild<ExpensesScreen*>();
 
-    /// Types into a field and leaves it, as a person does.
-    static void enter(QWidget& window, const char* name, const QString& text) {
-        auto& field = control<QLineEdit>(window, name);
-        field.setFocus();
-        field.selectAll();
-        QTest::keyClicks(&field, text);
-        QTest::keyClick(&field, Qt::Key_Return);
-    }
+        explicit Open(const Library& library = someBooks()) : OpenWindow(library) {}
+        template <class T>
+        T& field(const char* name) {
+            return control<T>(screen, name);
+        }
+        [[nodiscard]] const Library& library() const { return model.library(); }
+        void select(std::size_t index) { screen.select({library().expenses[index].id}); }
+        /// Types into a field and leaves it, as a person does.
+        void enter(const char* name, const QString& text) {
+            auto& line = field<QLineEdit>(name);
+            line.setFocus();
+            line.selectAll();
+            QTest::keyClicks(&line, text);
+            QTest::keyClick(&line, Qt::Key_Return);
+        }
+    };
 
 private slots:
     void filtersAndOrders_data() {
@@ -107,182 +107,141 @@ private slots:
     }
 
     void theMenuLetsAnExpenseRepeatAndConvertsIt() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        auto& screen = control<ExpensesScreen>(window, "expensesScreen");
+        Open open;
         const auto choose = [&](const char* text) {
             QMenu menu;
-            screen.fillMenu(menu);
+            open.screen.fillMenu(menu);
             for (QAction* action : menu.findChildren<QAction*>())
                 if (action->text() == QLatin1String(text)) return action->trigger();
             QFAIL(text);
         };
-        const Library& library = books.model.library();
-        screen.select({library.expenses[0].id});
+        open.select(0);
         choose("Monthly");
-        QCOMPARE(library.recurring[0].frequency, Frequency::monthly);
+        QCOMPARE(open.library().recurring[0].frequency, Frequency::monthly);
         choose("Never");
-        QVERIFY(library.recurring.empty());
-        screen.select({library.expenses[3].id});
+        QVERIFY(open.library().recurring.empty());
+        open.select(3);
         choose("Convert to Rupees");
-        QCOMPARE(library.expenses[3].amount, std::int64_t(80'000));
+        QCOMPARE(open.library().expenses[3].amount, std::int64_t(80'000));
     }
 
     void whatIsBeingTypedIsSavedWhenTheSessionEnds() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.showScreen(Screen::expenses);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        control<ExpensesScreen>(window, "expensesScreen").select({books.model.library().expenses[1].id});
-        auto& vendor = control<QLineEdit>(window, "vendor");
+        Open open;
+        open.window.showScreen(Screen::expenses);
+        open.select(1);
+        auto& vendor = open.field<QLineEdit>("vendor");
         vendor.setFocus();
         vendor.selectAll();
         QTest::keyClicks(&vendor, QStringLiteral("Half a na"));
-        QVERIFY(saveTyping(books.model));
-        QCOMPARE(books.onDisk().expenses[1].vendor, std::string("Half a na"));
+        QVERIFY(saveTyping(open.model));
+        QCOMPARE(open.onDisk().expenses[1].vendor, std::string("Half a na"));
     }
 
     void theListBehindAnotherScreenIsFreshWhenItIsSeen() {
-        OpenBooks books;
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        window.showScreen(Screen::overview);
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) {
+        Open open(Library::make());
+        open.window.showScreen(Screen::overview);
+        open.model.perform(QStringLiteral("Sample"), [](Library, Day) {
             Library library = someBooks();
-            while (isQuick(library)) library.expenses.append(anExpense({2026, 5, 1}, "Chai Point", 100));
+            while (isQuick(library)) library.expenses.append(spent("Chai Point", 100, {2026, 5, 1}));
             return library;
         });
-        auto& table = control<QTableView>(window, "expenses");
+        const auto& table = open.field<QTableView>("expenses");
         QCOMPARE(table.model()->rowCount(), 0);
-        window.showScreen(Screen::expenses);
-        QCOMPARE(table.model()->rowCount(), static_cast<int>(books.model.library().expenses.size()));
+        open.window.showScreen(Screen::expenses);
+        QCOMPARE(table.model()->rowCount(), static_cast<int>(open.library().expenses.size()));
     }
 
     void fieldsBecomeUndoableSteps() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        auto& screen = control<ExpensesScreen>(window, "expensesScreen");
-        const UUID id = books.model.library().expenses[1].id;
-        screen.select({id});
-        const auto expense = [&] { return *books.model.library().expense(id); };
-        enter(window, "vendor", QStringLiteral("Kagaz Stationers"));
+        Open open;
+        open.select(1);
+        const auto expense = [&] { return open.library().expenses[1]; };
+        open.enter("vendor", QStringLiteral("Kagaz Stationers"));
         QCOMPARE(expense().vendor, std::string("Kagaz Stationers"));
-        QCOMPARE(books.model.undoTitle(), QStringLiteral("Change Vendor"));
-        enter(window, "gstin", QStringLiteral("29aapfu0939f1z"));
-        QVERIFY(!control<QLineEdit>(window, "gstin").toolTip().isEmpty());
-        enter(window, "tax", QStringLiteral("INR 90"));
+        QCOMPARE(open.model.undoTitle(), QStringLiteral("Change Vendor"));
+        open.enter("gstin", QStringLiteral("29aapfu0939f1z"));
+        QVERIFY(!open.field<QLineEdit>("gstin").toolTip().isEmpty());
+        open.enter("tax", QStringLiteral("INR 90"));
         // A vendor in another state: all of it is IGST.
         QCOMPARE(expense().taxSplit.igst, std::int64_t(9000));
-        enter(window, "amount", QStringLiteral("Rs.1,855.26"));
+        open.enter("amount", QStringLiteral("Rs.1,855.26"));
         QCOMPARE(expense().amount, std::int64_t(185526));
-        enter(window, "amount", QStringLiteral("lots"));
+        open.enter("amount", QStringLiteral("lots"));
         QCOMPARE(expense().amount, std::int64_t(185526));
-        QVERIFY(!control<QLineEdit>(window, "amount").toolTip().isEmpty());
-        books.model.undo();
+        QVERIFY(!open.field<QLineEdit>("amount").toolTip().isEmpty());
+        open.model.undo();
         QCOMPARE(expense().amount, std::int64_t(50000));
     }
 
     void aRateIsKeptForTheNextExpenseInThatCurrency() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        control<ExpensesScreen>(window, "expensesScreen").select({books.model.library().expenses[2].id});
-        enter(window, "rate", QStringLiteral("83.25"));
-        QCOMPARE(books.model.library().expenses[2].rateMicros, std::int64_t(83'250'000));
-        QCOMPARE(books.model.library().rate("USD").value_or(0), std::int64_t(83'250'000));
+        Open open;
+        open.select(2);
+        open.enter("rate", QStringLiteral("83.25"));
+        QCOMPARE(open.library().expenses[2].rateMicros, std::int64_t(83'250'000));
+        QCOMPARE(open.library().rate("USD").value_or(0), std::int64_t(83'250'000));
     }
 
     void deletingSeveralIsOneStepWithAWayBack() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        auto& screen = control<ExpensesScreen>(window, "expensesScreen");
-        const Library before = books.model.library();
-        screen.select({before.expenses[0].id, before.expenses[1].id});
-        QTest::keyClick(&control<QTableView>(window, "expenses"), Qt::Key_Delete);
-        QCOMPARE(books.model.library().expenses.size(), std::size_t(2));
-        QCOMPARE(books.model.undoTitle(), QStringLiteral("Delete 2 Expenses"));
-        QVERIFY(control<QPushButton>(window, "toastAction").isVisible());
-        control<QPushButton>(window, "toastAction").click();
-        QVERIFY(books.model.library() == before);
+        Open open;
+        const Library before = open.library();
+        open.screen.select({before.expenses[0].id, before.expenses[1].id});
+        QTest::keyClick(&open.field<QTableView>("expenses"), Qt::Key_Delete);
+        QCOMPARE(open.library().expenses.size(), std::size_t(2));
+        QCOMPARE(open.model.undoTitle(), QStringLiteral("Delete 2 Expenses"));
+        auto& back = control<QPushButton>(open.window, "toastAction");
+        QVERIFY(back.isVisible());
+        back.click();
+        QVERIFY(open.library() == before);
     }
 
     void severalGetACategoryAtOnce() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return someBooks(); });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        const Library before = books.model.library();
-        control<ExpensesScreen>(window, "expensesScreen").select({before.expenses[1].id, before.expenses[3].id});
-        auto& combo = control<QComboBox>(window, "severalCategory");
+        Open open;
+        const Library before = open.library();
+        open.screen.select({before.expenses[1].id, before.expenses[3].id});
+        auto& combo = open.field<QComboBox>("severalCategory");
         combo.setCurrentIndex(2);  // after "No category": the second category
         emit combo.activated(2);
         for (const std::size_t i : {1, 3}) {
-            QCOMPARE(books.model.library().expenses[i].categoryID, std::optional(before.categories[1].id));
-            QVERIFY(books.model.library().expenses[i].claimTax);
+            QCOMPARE(open.library().expenses[i].categoryID, std::optional(before.categories[1].id));
+            QVERIFY(open.library().expenses[i].claimTax);
         }
     }
 
     void aTripIsDistanceTimesTheRateOfTheDay() {
-        OpenBooks books;
-        auto owned = std::make_unique<TestPrompts>();
-        owned->trip = MileageTrip{{2026, 11, 20}, "To the printer", 12500};
-        Window window(books.model, std::move(owned));
-        auto& screen = control<ExpensesScreen>(window, "expensesScreen");
-        screen.newMileageTrip();
-        books.model.perform(QStringLiteral("Change Settings"), [](Library library, Day) {
-            library.business.mileageRateMinor = 2000;
-            return library;
-        });
-        const Expense& trip = books.model.library().expenses.front();
+        Open open(Library::make());
+        open.prompts.trip = MileageTrip{{2026, 11, 20}, "To the printer", 12500};
+        open.screen.newMileageTrip();
+        const Expense& trip = open.library().expenses.front();
         QCOMPARE(trip.amount, std::int64_t(12500));
         QCOMPARE(trip.mileageRateMinor, std::int64_t(1000));
-        QCOMPARE(books.model.library().category(*trip.categoryID)->name, std::string("Mileage"));
+        QCOMPARE(open.library().category(*trip.categoryID)->name, std::string("Mileage"));
     }
 
     void looksRightTakesTheMarkOff() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) {
-            Library library = someBooks();
-            library.expenses.update(0, [](Expense& e) { e.check = "No date was found."; });
-            return library;
-        });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        control<ExpensesScreen>(window, "expensesScreen").select({books.model.library().expenses[0].id});
-        QCOMPARE(control<QLabel>(window, "checkText").text(), QStringLiteral("No date was found."));
-        control<QPushButton>(window, "looksRight").click();
-        QVERIFY(!books.model.library().expenses[0].check);
-        QVERIFY(!control<QPushButton>(window, "looksRight").isVisible());
+        Library library = someBooks();
+        library.expenses.update(0, [](Expense& e) { e.check = "No date was found."; });
+        Open open(library);
+        open.select(0);
+        QCOMPARE(open.field<QLabel>("checkText").text(), QStringLiteral("No date was found."));
+        open.field<QPushButton>("looksRight").click();
+        QVERIFY(!open.library().expenses[0].check);
+        QVERIFY(!open.field<QPushButton>("looksRight").isVisible());
     }
 
     void aRemovedReceiptMovesAndEndsTheHistory() {
-        OpenBooks books;
-        Files::writeAtomically(books.path() / "bill.txt", "a bill");
-        const LibraryStore store = books.model.store();
-        books.model.perform(QStringLiteral("Sample"), [&](Library, Day) {
-            Library library = someBooks();
+        Open open;
+        Files::writeAtomically(open.path() / "bill.txt", "a bill");
+        open.model.perform(QStringLiteral("Receipt"), [&](Library library, Day) {
             library.expenses.update(0, [&](Expense& e) {
-                e.attachments.push_back(
-                    Attachment::make(store.importReceipt(books.path() / "bill.txt", e.date, e.vendor), "bill.txt"));
+                const auto kept = open.model.store().importReceipt(open.path() / "bill.txt", e.date, e.vendor);
+                e.attachments.push_back(Attachment::make(kept, "bill.txt"));
             });
             return library;
         });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        control<ExpensesScreen>(window, "expensesScreen").select({books.model.library().expenses[0].id});
-        control<QToolButton>(window, "removeAttachment").click();
-        QVERIFY(books.model.library().expenses[0].attachments.empty());
-        QVERIFY(Files::exists(books.path() / "Removed" / "2026-11-03-chai-point.txt"));
-        QVERIFY(books.model.undoTitle().isEmpty());
+        open.select(0);
+        open.field<QToolButton>("removeAttachment").click();
+        QVERIFY(open.library().expenses[0].attachments.empty());
+        QVERIFY(Files::exists(open.path() / "Removed" / "2026-11-03-chai-point.txt"));
+        QVERIFY(open.model.undoTitle().isEmpty());
     }
 };
 

@@ -23,19 +23,6 @@ namespace tamba {
 class FolderTests : public QObject {
     Q_OBJECT
 
-    template <class T>
-    static T& control(QWidget& within, const char* name) {
-        T* found = within.findChild<T*>(QString::fromLatin1(name));
-        if (!found) qFatal("no control %s", name);
-        return *found;
-    }
-
-    static Expense anExpense(const char* vendor, std::int64_t amount) {
-        Expense expense = Expense::make(testDay);
-        expense.vendor = vendor;
-        expense.amount = amount;
-        return expense;
-    }
     static void add(AppModel& model, const Expense& expense) {
         model.perform(QStringLiteral("Add"), [&](Library library, Day) {
             library.expenses.append(expense);
@@ -61,11 +48,8 @@ private slots:
     }
 
     void aConflictIsDecidedFieldByField() {
-        OpenBooks books;
-        auto owned = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *owned;
-        const Window window(books.model, std::move(owned));
-        add(books.model, anExpense("Chai Point", 10'000));
+        OpenWindow books;
+        add(books.model, testing::spent("Chai Point", 10'000));
         books.rename("Kagaz");
         QVERIFY(books.model.saveNow());
         Library theirs = books.onDisk();
@@ -77,7 +61,7 @@ private slots:
             library.business.name = "Ours";
             return library;
         });
-        prompts.drive = [&](QDialog& sheet) {
+        books.prompts.drive = [&](QDialog& sheet) {
             for (const char* card : {"conflict0", "conflict1"}) {
                 auto& theirOne = control<QRadioButton>(control<QWidget>(sheet, card), "theirs");
                 if (theirOne.text() == QStringLiteral("The other one: ₹120.00")) theirOne.setChecked(true);
@@ -124,7 +108,7 @@ private slots:
     void aBackupSaysWhatItWouldChange() {
         const Library before = Library::make();
         Library now = before;
-        for (int i = 0; i < 3; ++i) now.expenses.append(anExpense("Chai Point", 100 + i));
+        for (int i = 0; i < 3; ++i) now.expenses.append(testing::spent("Chai Point", 100 + i));
         Library then = now;
         then.expenses.erase(0);
         then.expenses.update(0, [](Expense& e) { e.notes = "tea"; });
@@ -211,7 +195,7 @@ private slots:
 
     void categoriesAndSeriesAreKept() {
         Library library = Library::make();
-        Expense expense = anExpense("Chai Point", 100);
+        Expense expense = testing::spent("Chai Point", 100);
         expense.categoryID = library.categories[0].id;
         library.expenses.append(expense);
         library.rules.append(CategoryRule::make("chai", library.categories[0].id, ""));

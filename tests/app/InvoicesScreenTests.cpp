@@ -64,12 +64,6 @@ class InvoicesScreenTests : public QObject {
         }
     };
 
-    template <class T>
-    static T& control(QWidget& within, const char* name) {
-        T* found = within.findChild<T*>(QString::fromLatin1(name));
-        if (!found) qFatal("no control %s", name);
-        return *found;
-    }
     static QLineEdit& cell(Open& open, int line, const char* name) {
         return control<QLineEdit>(control<QWidget>(open.screen, qPrintable(QStringLiteral("line%1").arg(line))), name);
     }

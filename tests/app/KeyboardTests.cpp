@@ -32,13 +32,7 @@ class KeyboardTests : public QObject {
 private slots:
     void fromABillToAnIssuedInvoice() {
         OpenBooks books;
-        books.model.perform(QStringLiteral("Settings"), [](Library library, Day) {
-            library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
-            Client client = Client::make("Monsoon Tea");
-            client.stateCode = "27";
-            library.clients.append(client);
-            return library;
-        });
+        books.model.perform(QStringLiteral("Settings"), [](Library, Day) { return testing::aBook(); });
         Window window(books.model);
         window.resize(1440, 880);
         window.show();
@@ -66,7 +60,7 @@ private slots:
 
         press(Qt::Key_3, Qt::ControlModifier);
         press(Qt::Key_N, Qt::ControlModifier);
-        type("monsoon");
+        type("saffron");
         press(Qt::Key_Return);
         tabTo("lineName");
         type("Packaging");

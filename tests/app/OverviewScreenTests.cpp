@@ -11,7 +11,6 @@
 #include "TambaCore/Documents/Clients.h"
 #include "TambaCore/Fixtures.h"
 #include "tests/app/Support.h"
-#include "tests/support/Books.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -22,6 +21,7 @@ namespace tamba {
 namespace {
 
 using testing::aBook;
+using testing::spent;
 
 /// Issued to the first client, due 15 days on.
 Document invoiceOf(const Library& library, std::string number, Day date, std::int64_t price) {
@@ -34,13 +34,6 @@ Document invoiceOf(const Library& library, std::string number, Day date, std::in
     return document;
 }
 
-Expense expenseOf(std::string vendor, Day date, std::int64_t amount) {
-    Expense expense = Expense::make(date);
-    expense.vendor = std::move(vendor);
-    expense.amount = amount;
-    return expense;
-}
-
 /// Two late invoices and one that is not, an expense with each thing that can be missing.
 Library someBooks() {
     Library library = aBook();
@@ -49,11 +42,11 @@ Library someBooks() {
     library.documents.append(invoiceOf(library, "INV/26-27/003", {2026, 11, 20}, 100'000));
     Document draft = testing::aDraft(library, DocKind::invoice, {});
     library.documents.append(draft);
-    Expense paper = expenseOf("Kagaz", {2026, 11, 2}, 200'000);
+    Expense paper = spent("Kagaz", 200'000, {2026, 11, 2});
     paper.categoryID = library.categories[0].id;
     paper.attachments.push_back(Attachment::make("Receipts/2026-11/kagaz.pdf", "kagaz.pdf"));
     library.expenses.append(paper);
-    Expense cloud = expenseOf("Kumo", {2026, 11, 3}, 2'000);
+    Expense cloud = spent("Kumo", 2'000, {2026, 11, 3});
     cloud.currency = "USD", cloud.rateMicros = 0;
     library.expenses.append(cloud);
     library.transactions.append(BankTransaction::make({2026, 11, 4}, "UPI/CHAI", -2'000));
@@ -71,22 +64,11 @@ std::vector<std::string> titlesOf(const Overview& overview) {
 class OverviewScreenTests : public QObject {
     Q_OBJECT
 
-    struct Open : OpenBooks {
-        TestPrompts* prompts = new TestPrompts;
-        Window window{model, std::unique_ptr<Prompts>(prompts)};
-
-        explicit Open(const Library& library) {
-            model.perform(QStringLiteral("Sample"), [&library](Library, Day) { return library; });
-            window.resize(1440, 880);
-            window.showScreen(Screen::overview);
-            window.show();
-            if (!QTest::qWaitForWindowActive(&window)) qFatal("the window gets no keys");
-        }
+    struct Open : OpenWindow {
+        explicit Open(const Library& library) : OpenWindow(library) { window.showScreen(Screen::overview); }
         template <class T>
         T& find(const char* name) {
-            T* found = window.findChild<T*>(QString::fromLatin1(name));
-            if (!found) qFatal("no %s", name);
-            return *found;
+            return control<T>(window, name);
         }
         /// The tile of what waits with this title.
         ItemTile& item(const QString& title) {
@@ -198,13 +180,13 @@ private slots:
             QCOMPARE(periodOf(reports.choice(), open.model.library()), days);
         }
         open.window.showScreen(Screen::overview);
-        open.prompts->changeSettings = [](Library library) {
+        open.prompts.changeSettings = [](Library library) {
             library.business.lutReference = "AD270426000001X";
             return SettingsEdit{std::move(library)};
         };
         emit overview.goalChosen({.place = Place::deadline, .deadline = Deadlines::Kind::lut});
         QCOMPARE(open.model.library().business.lutReference, std::string("AD270426000001X"));
-        QVERIFY(open.prompts->settingsContext.place == SettingsPlace::tax);
+        QVERIFY(open.prompts.settingsContext.place == SettingsPlace::tax);
         QCOMPARE(open.window.screen(), Screen::overview);
     }
 
@@ -235,7 +217,7 @@ private slots:
         // Large books are looked through beside the main thread; of changes meanwhile the last is what is shown.
         for (const char* name : {"First", "Last"})
             open.model.perform(QStringLiteral("Grow"), [name](Library library, Day) {
-                for (int i = 0; i < 2'500; ++i) library.expenses.append(expenseOf(name, {2026, 11, 1}, 100));
+                for (int i = 0; i < 2'500; ++i) library.expenses.append(spent(name, 100, {2026, 11, 1}));
                 return library;
             });
         QVERIFY(!screen.isSettled());
@@ -248,7 +230,7 @@ private slots:
         library.clients.update(0, [](Client& client) { client.email = "asha@example.com"; });
         Open open(library);
         QTemporaryDir desk;
-        open.prompts->file = toPath(desk.path());  // there is no mail program
+        open.prompts.file = toPath(desk.path());  // there is no mail program
         open.item(QStringLiteral("Saffron Labs · INV/26-27/001"))
             .findChild<QPushButton*>(QStringLiteral("sendReminder"))
             ->click();
@@ -261,7 +243,7 @@ private slots:
         Project brand = Project::make("Rebrand", library.clients[0].id);
         library.projects.append(brand);
         library.documents.append(invoiceOf(library, "INV/1", {2026, 11, 1}, 10'000'000));
-        Expense print = expenseOf("Chhapai", {2026, 11, 2}, 3'000'000);
+        Expense print = spent("Chhapai", 3'000'000, {2026, 11, 2});
         print.projectID = brand.id;
         library.expenses.append(print);
         Open open(library);

@@ -16,20 +16,12 @@ namespace tamba {
 class SearchPaletteTests : public QObject {
     Q_OBJECT
 
-    struct Desk {
-        OpenBooks books;
-        TestPrompts* prompts = new TestPrompts;
-        Window window{books.model, std::unique_ptr<Prompts>(prompts)};
+    struct Desk : OpenWindow {
         SearchPalette& palette = *window.findChild<SearchPalette*>();
         QLineEdit& words = *palette.findChild<QLineEdit*>(QStringLiteral("searchWords"));
         QListView& list = *palette.findChild<QListView*>(QStringLiteral("searchHits"));
 
-        Desk() {
-            books.model.perform(QStringLiteral("Sample"), [](Library, Day today) { return Fixtures::library(today); });
-            window.show();
-            window.activateWindow();
-            (void)QTest::qWaitForWindowActive(&window);
-        }
+        Desk() : OpenWindow(Fixtures::library(testDay)) {}
         void search(const std::string& text) {
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_K, Qt::ControlModifier);
             QVERIFY(palette.isVisible());
@@ -38,7 +30,7 @@ class SearchPaletteTests : public QObject {
         }
         void press(Qt::Key key) { QTest::keyClick(&words, key); }
         [[nodiscard]] QString current() const { return list.currentIndex().data().toString(); }
-        [[nodiscard]] const Library& library() const { return books.model.library(); }
+        [[nodiscard]] const Library& library() const { return model.library(); }
     };
 
 private slots:
@@ -69,7 +61,7 @@ private slots:
 
         const CatalogItem& item = desk.library().items[1];
         emit desk.palette.chosen(Search::Kind::item, item.id);
-        SettingsSheet settings(&desk.window, desk.library(), testDay, desk.prompts->settingsContext);
+        SettingsSheet settings(&desk.window, desk.library(), testDay, desk.prompts.settingsContext);
         settings.show();
         QVERIFY(settings.findChild<QLineEdit*>(QStringLiteral("itemName"))->isVisible());
         QCOMPARE(settings.findChild<QLineEdit*>(QStringLiteral("itemName"))->text(), toQt(item.name));
@@ -100,7 +92,7 @@ private slots:
         desk.search("zanzibar");
         QVERIFY(!desk.list.isVisible());
         desk.press(Qt::Key_Escape);
-        desk.books.model.perform(QStringLiteral("Client"), [](Library library, Day) {
+        desk.model.perform(QStringLiteral("Client"), [](Library library, Day) {
             library.clients.append(Client::make("Zanzibar Spices"));
             return library;
         });
@@ -118,23 +110,21 @@ private slots:
         QVERIFY(!desk.palette.isVisible());
         QCOMPARE(QApplication::focusWidget(), field);
 
+        const auto choose = [&](const char* title) {
+            while (desk.current() != QLatin1String(title)) {
+                const QModelIndex before = desk.list.currentIndex();
+                desk.press(Qt::Key_Down);
+                QVERIFY(desk.list.currentIndex() != before);
+            }
+            desk.press(Qt::Key_Return);
+        };
         desk.search("credit notes");
-        while (desk.current() != QStringLiteral("Credit Notes")) {
-            const QModelIndex before = desk.list.currentIndex();
-            desk.press(Qt::Key_Down);
-            QVERIFY(desk.list.currentIndex() != before);
-        }
-        desk.press(Qt::Key_Return);
+        choose("Credit Notes");
         QCOMPARE(desk.window.screen(), Screen::invoices);
         QVERIFY(!desk.palette.isVisible());
 
         desk.search("report spending");
-        while (desk.current() != QStringLiteral("Spending")) {
-            const QModelIndex before = desk.list.currentIndex();
-            desk.press(Qt::Key_Down);
-            QVERIFY(desk.list.currentIndex() != before);
-        }
-        desk.press(Qt::Key_Return);
+        choose("Spending");
         QCOMPARE(desk.window.screen(), Screen::reports);
         QCOMPARE(desk.window.findChild<ReportsScreen*>()->choice().kind, ReportKind::spending);
     }

@@ -2,7 +2,6 @@
 #include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "Tamba/TambaApp.h"
-#include "TambaCore/Documents/Books.h"
 #include "tests/app/Support.h"
 
 #include <QComboBox>
@@ -16,21 +15,10 @@ namespace tamba {
 class SheetsTests : public QObject {
     Q_OBJECT
 
-    template <class T>
-    static T& control(QWidget& within, const char* name) {
-        T* found = within.findChild<T*>(QString::fromLatin1(name));
-        if (!found) qFatal("no control %s", name);
-        return *found;
-    }
     static Library booksWithAnInvoice() {
-        Library library = Library::make();
-        library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
-        Client client = Client::make("Monsoon Tea");
-        client.stateCode = "27";
-        library.clients.append(client);
-        Document draft = Books::newDocument(library, DocKind::invoice, client.id, testDay);
-        draft.lines = {Line::make("Design", 1000, 10'000'000, 1800)};
-        return Books::issue(Books::addDraft(std::move(library), draft), draft.id, testDay);
+        Library library = testing::aBook();
+        testing::billed(library, 10'000'000, testDay, 1800);
+        return library;
     }
 
 private slots:
@@ -120,11 +108,8 @@ private slots:
     }
 
     void settingsMarkWhatIsWrongAndKeepWhatCameMeanwhile() {
-        OpenBooks books;
-        auto owned = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *owned;
-        Window window(books.model, std::move(owned));
-        prompts.changeSettings = [&](const Library& library) {
+        OpenWindow books;
+        books.prompts.changeSettings = [&](const Library& library) {
             SettingsSheet sheet(nullptr, library, testDay);
             auto& pattern = control<QLineEdit>(sheet, "pattern1");
             pattern.setText(QStringLiteral("INVOICE/{YYYY}/{####}"));
@@ -141,7 +126,7 @@ private slots:
             books.rename("From elsewhere");
             return sheet.edit();
         };
-        QMetaObject::invokeMethod(window.findChild<QAbstractButton*>(QStringLiteral("settings")), "click");
+        control<QAbstractButton>(books.window, "settings").click();
         const Library& library = books.model.library();
         QCOMPARE(library.business.name, std::string("From elsewhere"));
         QCOMPARE(library.business.upiID, std::string("kagaz@bank"));
@@ -151,12 +136,9 @@ private slots:
     }
 
     void aClientThatOthersReferToIsArchivedInstead() {
-        OpenBooks books;
-        books.model.perform(QStringLiteral("Sample"), [](Library, Day) { return booksWithAnInvoice(); });
-        Window window(books.model, std::make_unique<TestPrompts>());
-        window.show();
-        window.showScreen(Screen::clients);
-        auto& screen = *window.findChild<ClientsScreen*>();
+        OpenWindow books(booksWithAnInvoice());
+        books.window.showScreen(Screen::clients);
+        auto& screen = *books.window.findChild<ClientsScreen*>();
         screen.select(books.model.library().clients[0].id);
         auto& number = control<QLineEdit>(screen, "clientTaxID");
         number.setFocus();

@@ -16,6 +16,7 @@
 #include "Tamba/Sheets/VoidSheet.h"
 #include "Tamba/Window.h"
 #include "TambaCore/Fixtures.h"
+#include "tests/support/Books.h"
 
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -132,6 +133,14 @@ private:
     }
 };
 
+/// The control with this name; without it no test can go on.
+template <class T>
+T& control(const QWidget& within, const char* name) {
+    T* found = within.findChild<T*>(QString::fromLatin1(name));
+    if (!found) qFatal("no control %s", name);
+    return *found;
+}
+
 inline constexpr Day testDay{2026, 11, 21};
 
 /// Books in a folder of their own, on a fixed day.
@@ -152,6 +161,20 @@ struct OpenBooks {
     void openSample() {
         Fixtures::write(LibraryStore(path() / "Studio"), testDay);
         model.open(path() / "Studio");
+    }
+};
+
+/// The window on such books, or on these, in front of everything.
+struct OpenWindow : OpenBooks {
+    TestPrompts& prompts = *new TestPrompts;
+    Window window{model, std::unique_ptr<Prompts>(&prompts)};
+
+    explicit OpenWindow(const std::optional<Library>& library = {}) {
+        if (library) model.perform(QStringLiteral("Sample"), [&library](Library, Day) { return *library; });
+        window.resize(1440, 880);
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window)) qFatal("the window gets no keys");
     }
 };
 

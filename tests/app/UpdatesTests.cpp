@@ -72,10 +72,9 @@ private slots:
     void looksOnlyWithLeave() {
         const QTemporaryDir folder;
         UpdateService updates(aConfiguration(folder.path()));
-        OpenBooks books;
-        auto answers = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *answers;
-        Window window(books.model, std::move(answers));
+        OpenWindow books;
+        TestPrompts& prompts = books.prompts;
+        Window& window = books.window;
         window.setUpdates(updates);
         QCOMPARE(updates.status().stage, Stage::idle);
         for (const bool allowed : {true, false}) {
@@ -84,7 +83,7 @@ private slots:
                 sheet.findChild<QCheckBox*>(QStringLiteral("lookForUpdates"))->setChecked(allowed);
                 return sheet.edit();
             };
-            QMetaObject::invokeMethod(window.findChild<QAbstractButton*>(QStringLiteral("settings")), "click");
+            control<QAbstractButton>(window, "settings").click();
             QCOMPARE(Remembered::looksForUpdates(), allowed);
             QTRY_COMPARE(updates.status().stage, Stage::failed);
         }
@@ -99,10 +98,9 @@ private slots:
         QSettings(folder.filePath(QStringLiteral("updates.ini")), QSettings::IniFormat)
             .setValue(QStringLiteral("problem"), QStringLiteral("The disk has no room."));
         UpdateService updates(configuration);
-        OpenBooks books;
-        auto answers = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *answers;
-        Window window(books.model, std::move(answers));
+        OpenWindow books;
+        TestPrompts& prompts = books.prompts;
+        Window& window = books.window;
         window.setUpdates(updates);
         QCOMPARE(window.findChild<QLabel*>(QStringLiteral("toastText"))->text(),
                  QStringLiteral("The disk has no room."));

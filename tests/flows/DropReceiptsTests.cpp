@@ -34,7 +34,8 @@ class DropReceiptsTests : public QObject {
 private slots:
     void fiveFilesOfDifferentKindsBecomeFiveExpenses() {
         namespace R = Fixtures::Receipts;
-        OpenBooks books;
+        OpenWindow books;
+        Window& window = books.window;
         const auto desk = books.path() / "Desk";
         const std::vector<R::Bill> bills{bill("Chulha & Charcha", 3), bill("Kagaz Stationers", 5),
                                          bill("Naya Print House", 8), bill("Tarang Hosting", 11),
@@ -43,10 +44,7 @@ private slots:
             put(desk, "IMG_2041.jpg", R::tillBillJPEG(bills[0])), put(desk, "invoice.pdf", R::invoicePDF(bills[1])),
             put(desk, "scan.pdf", R::scannedPDF(bills[2])), put(desk, "with-pdf.eml", R::emailWithPDF(bills[3])),
             put(desk, "plain.eml", R::htmlEmail(bills[4]))};
-        Window window(books.model, std::make_unique<TestPrompts>());
         window.showScreen(Screen::expenses);
-        window.resize(1440, 880);
-        window.show();
         QCOMPARE(drop(window, files), QStringLiteral("Drop to add 5 receipts"));
         QVERIFY(window.receipts().isBusy());
         QTRY_VERIFY_WITH_TIMEOUT(books.model.library().expenses.size() >= 2, 60000);
@@ -76,15 +74,12 @@ private slots:
     }
 
     void aFileThatFailsIsNamedAndTheOthersGoOn() {
-        OpenBooks books;
+        OpenWindow books;
+        const TestPrompts& prompts = books.prompts;
         const auto desk = books.path() / "Desk";
-        auto owned = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *owned;
-        Window window(books.model, std::move(owned));
-        window.show();
-        drop(window, {put(desk, "notes.jpg", "no picture at all"), put(desk, "empty.pdf", ""),
-                      put(desk, "good.pdf", Fixtures::Receipts::invoicePDF(bill("Kagaz Stationers", 5)))});
-        waitUntilRead(window);
+        drop(books.window, {put(desk, "notes.jpg", "no picture at all"), put(desk, "empty.pdf", ""),
+                            put(desk, "good.pdf", Fixtures::Receipts::invoicePDF(bill("Kagaz Stationers", 5)))});
+        waitUntilRead(books.window);
         QCOMPARE(books.model.library().expenses.size(), std::size_t(1));
         QCOMPARE(prompts.alerts.size(), 1);
         for (const char* name : {"notes.jpg: ", "empty.pdf: "})
@@ -101,17 +96,13 @@ private slots:
     void theSameBytesAreAskedAboutBeforeTheyAreAddedAgain() {
         QFETCH(bool, again);
         QFETCH(int, expenses);
-        OpenBooks books;
+        OpenWindow books;
         const auto desk = books.path() / "Desk";
         const std::string pdf = Fixtures::Receipts::invoicePDF(bill("Kagaz Stationers", 5));
-        auto owned = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *owned;
-        prompts.again = again;
-        Window window(books.model, std::move(owned));
-        window.show();
-        drop(window, {put(desk, "first.pdf", pdf), put(desk, "same under another name.pdf", pdf)});
-        waitUntilRead(window);
-        QCOMPARE(prompts.held, QStringList{QStringLiteral("same under another name.pdf")});
+        books.prompts.again = again;
+        drop(books.window, {put(desk, "first.pdf", pdf), put(desk, "same under another name.pdf", pdf)});
+        waitUntilRead(books.window);
+        QCOMPARE(books.prompts.held, QStringList{QStringLiteral("same under another name.pdf")});
         QCOMPARE(static_cast<int>(books.model.library().expenses.size()), expenses);
     }
 };

@@ -1,6 +1,5 @@
 #include "Tamba/Screens/ReportsScreen.h"
 #include "TambaCore/Base/Files.h"
-#include "TambaCore/Documents/Books.h"
 #include "tests/app/Support.h"
 
 #include <QComboBox>
@@ -18,28 +17,14 @@ class GSTReturnTests : public QObject {
 
 private slots:
     void fromTheReportsScreenToThePortalsFile() {
-        QTemporaryDir folder, desk;
-        AppModel model([] { return testDay; });
-        model.open(toPath(folder.path()));
-        model.perform(QStringLiteral("Sample"), [](Library library, Day) {
-            library.business.name = "Kagaz Studio";
-            library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
-            Client client = Client::make("Monsoon Tea");
-            client.stateCode = "27";
-            client.taxID = GSTIN::make("27", "AAACR5055K", "1");
-            library.clients.append(client);
-            Document draft = Books::newDocument(library, DocKind::invoice, client.id, {2026, 10, 12});
-            draft.lines = {Line::make("Packaging", 1000, 10'000'000, 1800)};
-            return Books::issue(Books::addDraft(std::move(library), draft), draft.id, {2026, 10, 12});
-        });
-        auto owned = std::make_unique<TestPrompts>();
-        TestPrompts& prompts = *owned;
+        const QTemporaryDir desk;
+        Library library = testing::aBook();
+        testing::billed(library, 10'000'000, {2026, 10, 12}, 1800);
+        OpenWindow open(library);
+        AppModel& model = open.model;
+        TestPrompts& prompts = open.prompts;
+        Window& window = open.window;
         prompts.file = toPath(desk.path());
-        Window window(model, std::move(owned));
-        window.resize(1440, 880);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
 
         window.findChild<QAbstractButton*>(QStringLiteral("screenReports"))->click();
         auto& screen = *window.findChild<ReportsScreen*>();

@@ -40,48 +40,41 @@ class ImportStatementTests : public QObject {
         return all;
     }
 
-    struct Desk {
-        OpenBooks books;
-        TestPrompts* prompts = new TestPrompts;
-        Window window{books.model, std::unique_ptr<Prompts>(prompts)};
-
-        Desk() {
-            prompts->drive = nameAccount;
-            window.show();
-        }
+    struct Desk : OpenWindow {
+        Desk() { prompts.drive = nameAccount; }
         [[nodiscard]] std::string file() {
-            books.model.saveNow();
-            return Files::read(books.path() / "tamba.json");
+            model.saveNow();
+            return Files::read(path() / "tamba.json");
         }
     };
 
 private slots:
     void aStatementComesInOnceAndUndoTakesItBack() {
         Desk desk;
-        desk.books.rename("Studio Tamarind");
+        desk.rename("Studio Tamarind");
         const std::string before = desk.file();
         QCOMPARE(drop(desk.window, {statement("hdfc.csv")}), QStringLiteral("Drop to import this statement"));
         finish(desk.window);
-        const Library after = desk.books.model.library();
+        const Library after = desk.model.library();
         QCOMPARE(amounts(after), (std::vector<std::int64_t>{-45000, 15000000, -1234567}));
         for (const BankTransaction& line : after.transactions)
             QVERIFY(line.accountID && find(after.accounts, *line.accountID));
-        QCOMPARE(desk.books.model.undoTitle(), QStringLiteral("Import Statement"));
+        QCOMPARE(desk.model.undoTitle(), QStringLiteral("Import Statement"));
         QVERIFY(desk.window.findChild<QLabel*>(QStringLiteral("toastText"))
                     ->text()
                     .startsWith(QStringLiteral("3 lines added to ")));
 
         QStringList seen;
-        desk.prompts->drive = [&](QDialog& sheet) {
+        desk.prompts.drive = [&](QDialog& sheet) {
             nameAccount(sheet);
             seen << text(sheet, "importSummary") << QVariant(importButton(sheet).isEnabled()).toString();
         };
         drop(desk.window, {statement("hdfc.csv")});
         finish(desk.window);
         QCOMPARE(seen, (QStringList{QStringLiteral("3 lines, 3 already in the books"), QStringLiteral("false")}));
-        QCOMPARE(desk.books.model.library(), after);
+        QCOMPARE(desk.model.library(), after);
 
-        desk.books.model.undo();
+        desk.model.undo();
         QCOMPARE(desk.file(), before);
     }
 
@@ -89,7 +82,7 @@ private slots:
         Desk desk;
         drop(desk.window, {statement("hdfc.csv")});
         finish(desk.window);
-        desk.prompts->drive = [](QDialog& sheet) {
+        desk.prompts.drive = [](QDialog& sheet) {
             nameAccount(sheet);
             static_cast<ImportSheet&>(sheet).showList(ImportList::held);
             sheet.show();
@@ -100,15 +93,14 @@ private slots:
         };
         drop(desk.window, {statement("hdfc.csv")});
         finish(desk.window);
-        QCOMPARE(amounts(desk.books.model.library()),
-                 (std::vector<std::int64_t>{-45000, 15000000, -1234567, -1234567}));
-        desk.books.model.undo();
-        QCOMPARE(desk.books.model.library().transactions.size(), std::size_t(3));
+        QCOMPARE(amounts(desk.model.library()), (std::vector<std::int64_t>{-45000, 15000000, -1234567, -1234567}));
+        desk.model.undo();
+        QCOMPARE(desk.model.library().transactions.size(), std::size_t(3));
     }
 
     void aChangedColumnIsReadAtOnceAndRemembered() {
         Desk desk;
-        desk.prompts->drive = [](QDialog& sheet) {
+        desk.prompts.drive = [](QDialog& sheet) {
             nameAccount(sheet);
             QVERIFY(text(sheet, "importProof").endsWith(QStringLiteral("= closing ₹2,62,204.33")));
             choose(sheet, 4, ColumnUse::moneyIn);
@@ -120,17 +112,17 @@ private slots:
         drop(desk.window, {statement("hdfc.csv")});
         finish(desk.window);
         const std::vector<std::int64_t> turned{45000, -15000000, 1234567};
-        QCOMPARE(amounts(desk.books.model.library()), turned);
-        desk.books.model.undo();
-        desk.prompts->drive = nameAccount;
+        QCOMPARE(amounts(desk.model.library()), turned);
+        desk.model.undo();
+        desk.prompts.drive = nameAccount;
         drop(desk.window, {statement("hdfc.csv")});
         finish(desk.window);
-        QCOMPARE(amounts(desk.books.model.library()), turned);
+        QCOMPARE(amounts(desk.model.library()), turned);
     }
 
     void datesAndSignsAreTurnedByHand() {
         Desk desk;
-        desk.prompts->drive = [](QDialog& sheet) {
+        desk.prompts.drive = [](QDialog& sheet) {
             nameAccount(sheet);
             QCOMPARE(text(sheet, "importSummary"), QStringLiteral("1 line, 1 row skipped"));
             auto* order = sheet.findChild<QComboBox*>(QStringLiteral("importOrder"));
@@ -141,22 +133,22 @@ private slots:
         };
         drop(desk.window, {statement("charges-positive.csv")});
         finish(desk.window);
-        QCOMPARE(amounts(desk.books.model.library()), (std::vector<std::int64_t>{-22000, -3140}));
-        QCOMPARE(desk.books.model.library().transactions[0].date, (Day{2026, 4, 2}));
+        QCOMPARE(amounts(desk.model.library()), (std::vector<std::int64_t>{-22000, -3140}));
+        QCOMPARE(desk.model.library().transactions[0].date, (Day{2026, 4, 2}));
     }
 
     void whatCannotBeReadIsSaidAndTheNextFileGoesOn() {
         Desk desk;
         drop(desk.window, {statement("binary.xls"), statement("hdfc.csv")});
         finish(desk.window);
-        QCOMPARE(desk.prompts->alerts.size(), 1);
-        QVERIFY(desk.prompts->alerts.front().startsWith(QStringLiteral("That workbook is of an old kind")));
-        QCOMPARE(desk.books.model.library().transactions.size(), std::size_t(3));
+        QCOMPARE(desk.prompts.alerts.size(), 1);
+        QVERIFY(desk.prompts.alerts.front().startsWith(QStringLiteral("That workbook is of an old kind")));
+        QCOMPARE(desk.model.library().transactions.size(), std::size_t(3));
     }
 
     void theOverlaySaysWhatBecomesOfTheFiles() {
         Desk desk;
-        desk.prompts->drive = [](QDialog& sheet) { importButton(sheet).setEnabled(false); };
+        desk.prompts.drive = [](QDialog& sheet) { importButton(sheet).setEnabled(false); };
         QCOMPARE(drop(desk.window, {statement("hdfc.csv"), statement("statement.pdf"), "bill.heic"}),
                  QStringLiteral("Drop to add 2 receipts and import 1 statement"));
         finish(desk.window);
@@ -175,7 +167,7 @@ private slots:
         constexpr int lines = 30000;
         for (int i = 0; i < lines; ++i)
             text += "13/04/2026,UPI/DR/" + std::to_string(i) + "/NORTHWIND TRADERS,-12.50\n";
-        const Path file = desk.books.path() / "large.csv";
+        const Path file = desk.path() / "large.csv";
         Files::writeAtomically(file, text);
         auto& import = *desk.window.findChild<StatementImport*>();
         auto& strip = *desk.window.findChild<ActivityStrip*>();
@@ -184,7 +176,7 @@ private slots:
             shown = strip.isVisible();
             if (cancelled) strip.findChild<QPushButton*>(QStringLiteral("stripCancel"))->click();
         });
-        desk.prompts->drive = [](QDialog& sheet) {
+        desk.prompts.drive = [](QDialog& sheet) {
             nameAccount(sheet);
             // Another use of a column is given up before it is read: all is as it was.
             choose(sheet, 2, ColumnUse::balance);
@@ -200,7 +192,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!import.isBusy() && import.findChildren<QThread*>().isEmpty(), 60000);
         QVERIFY(shown);
         QVERIFY(!strip.isVisible());
-        QCOMPARE(static_cast<int>(desk.books.model.library().transactions.size()), cancelled ? 0 : lines);
+        QCOMPARE(static_cast<int>(desk.model.library().transactions.size()), cancelled ? 0 : lines);
     }
 };
 

@@ -23,6 +23,14 @@ inline Expense anExpense(std::string vendor = "Chai Point", Day date = {2026, 10
     return e;
 }
 
+/// An expense of an amount, and nothing else.
+inline Expense spent(std::string vendor, std::int64_t amount, Day date = {2026, 10, 14}) {
+    Expense e = Expense::make(date);
+    e.vendor = std::move(vendor);
+    e.amount = amount;
+    return e;
+}
+
 inline Document anInvoice(std::string number = "INV/26-27/001") {
     Document d = Document::make(DocKind::invoice, {2026, 10, 1}, {2026, 10, 16});
     d.state = DocState::issued;
@@ -77,6 +85,13 @@ inline UUID issued(Library& l, Document draft) {
     const Day date = draft.issueDate;
     l = Books::issue(Books::addDraft(l, std::move(draft)), id, date);
     return id;
+}
+
+/// Issues an invoice of one line to the first client; gives its id.
+inline UUID billed(Library& l, std::int64_t price, Day date, int taxBP = 0) {
+    Document draft = Books::newDocument(l, DocKind::invoice, l.clients[0].id, date);
+    draft.lines = {Line::make("Design", 1000, price, taxBP)};
+    return issued(l, std::move(draft));
 }
 
 }  // namespace tamba::testing
