@@ -2,6 +2,7 @@
 #include "TambaCore/Documents/Numbering.h"
 #include "TambaCore/Documents/Standing.h"
 #include "tests/support/Books.h"
+#include "tests/support/Refusal.h"
 
 #include <functional>
 
@@ -13,6 +14,7 @@ using testing::aBook;
 using testing::aDraft;
 using testing::anExpense;
 using testing::issued;
+using testing::refusal;
 using Code = BooksError::Code;
 
 const Day day{2026, 10, 14};
@@ -23,15 +25,6 @@ Line work(std::int64_t priceMinor, int taxBP = 1800, std::int64_t qtyMilli = 100
 
 Payment payment(std::int64_t amount, std::int64_t tds = 0, Day date = {2026, 10, 20}) {
     return Payment::make(date, amount, tds, PaymentMethod::bank);
-}
-
-std::optional<Code> refusal(const std::function<void()>& operation) {
-    try {
-        operation();
-    } catch (const BooksError& error) {
-        return error.code();
-    }
-    return {};
 }
 
 /// Books with a document in every state that operations ask for.
@@ -139,7 +132,7 @@ TEST(Books, refuseWhatCannotBe) {
     };
     for (const auto& [what, code, operation] : cases) {
         const Library before = desk.library;
-        EXPECT_EQ(refusal([&] { (void)operation(before); }), code) << what;
+        EXPECT_EQ(refusal<BooksError>([&] { return operation(before); }), code) << what;
         EXPECT_EQ(before, desk.library) << what;
     }
     EXPECT_STREQ(BooksError(Code::creditExceeds).what(),
@@ -160,7 +153,7 @@ TEST(Books, refuseToIssueInTheOrderPeopleMend) {
     draft.dueDate = day.addingDays(-1);
     library.documents.append(draft);
     const auto mend = [&](const std::function<void(Document&)>& change) { library.documents.update(0, change); };
-    const auto next = [&] { return refusal([&] { (void)issue(library, draft.id, {2026, 11, 1}); }); };
+    const auto next = [&] { return refusal<BooksError>([&] { return issue(library, draft.id, {2026, 11, 1}); }); };
     EXPECT_EQ(next(), Code::noClient);
     mend([&](Document& d) { d.clientID = library.clients[0].id; });
     EXPECT_EQ(next(), Code::noLines);
@@ -199,7 +192,7 @@ TEST(Books, leaveNoGapInTheNumbers) {
     const Document note = creditNoteFor(library, first, day);
     library = addDraft(std::move(library), note);
     library = voidDocument(std::move(library), first, "Typing error");
-    EXPECT_EQ(refusal([&] { (void)issue(library, note.id, day); }), Code::notIssued);
+    EXPECT_EQ(refusal<BooksError>([&] { return issue(library, note.id, day); }), Code::notIssued);
     const Document gone = drafted();
     library = deleteDraft(addDraft(std::move(library), gone), gone.id);
     EXPECT_EQ(library.document(issued(library, drafted()))->number, "INV/26-27/002");
@@ -272,17 +265,18 @@ TEST(Books, creditAnInvoiceToItsLastPaisaBeforeTax) {
     EXPECT_EQ(rest.lines[0].priceMinor, 74925);
     EXPECT_EQ(rest.lines[1].priceMinor, 1350000);
     rest.lines[0].priceMinor += 1;
-    EXPECT_EQ(refusal([&] { (void)issued(library, rest); }), Code::creditExceeds) << "a rate has a paisa more";
+    EXPECT_EQ(refusal<BooksError>([&] { return issued(library, rest); }), Code::creditExceeds)
+        << "a rate has a paisa more";
     rest.lines = {work(1350000, 500)};
-    EXPECT_EQ(refusal([&] { (void)issued(library, rest); }), Code::creditExceeds) << "at the other rate";
+    EXPECT_EQ(refusal<BooksError>([&] { return issued(library, rest); }), Code::creditExceeds) << "at the other rate";
 
     const UUID second = issued(library, half());
     EXPECT_EQ(balance(library, *library.document(invoice)), 3343300 - 2 * 1671700) << "a rupee of rounding";
-    EXPECT_EQ(refusal([&] { (void)creditNoteFor(library, invoice, day); }), Code::creditExceeds);
+    EXPECT_EQ(refusal<BooksError>([&] { return creditNoteFor(library, invoice, day); }), Code::creditExceeds);
     library = voidDocument(std::move(library), second, "");
     EXPECT_EQ(credits(library, invoice), 1671700);
     library = recordPayment(std::move(library), invoice, payment(1671600));
-    EXPECT_EQ(refusal([&] { (void)issued(library, half()); }), std::nullopt) << "payments do not count";
+    EXPECT_EQ(refusal<BooksError>([&] { return issued(library, half()); }), std::nullopt) << "payments do not count";
 }
 
 TEST(Books, creditWhatIsLeftOfEachCode) {

@@ -1,9 +1,7 @@
 #include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Reports/Breakdowns.h"
-#include "TambaCore/Reports/Reports.h"
 #include "TambaCore/Reports/TDS.h"
 #include "tests/support/Books.h"
-#include "tests/support/RandomBooks.h"
 
 namespace tamba {
 namespace {
@@ -128,21 +126,6 @@ TEST(Breakdowns, linesCountForTheProjectOfTheirExpenseElseTheClientsOnlyOne) {
         EXPECT_EQ(rows[i].client, expected[i].client);
         EXPECT_EQ(rows[i].income, expected[i].income);
         EXPECT_EQ(rows[i].expenses, expected[i].expenses);
-    }
-}
-
-TEST(Breakdowns, addUpToTheReports) {
-    const Period period{{2026, 1, 15}, {2026, 12, 20}};
-    for (std::uint64_t seed = 1; seed <= 20; ++seed) {
-        const Library library = testing::randomBooks(seed);
-        const Reports reports{library, {2026, 11, 21}};
-        std::int64_t income = 0, expenses = 0, withheld = 0;
-        for (const auto& row : Breakdowns::projects(library, period)) income += row.income, expenses += row.expenses;
-        EXPECT_EQ(income, reports.income(IncomeBasis::accrual, period)) << seed;
-        EXPECT_EQ(expenses, reports.spending(period)) << seed;
-        const TDS::Year year = TDS::year(library, 2026);
-        for (const auto& client : year.clients) withheld += client.total;
-        EXPECT_EQ(withheld, year.total) << seed;
     }
 }
 

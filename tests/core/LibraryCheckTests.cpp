@@ -237,22 +237,3 @@ TEST_F(LibraryCheckTest, leavesAloneWhatMayOutliveItsRecord) {
     })(sound);
     EXPECT_TRUE(problems(sound).empty());
 }
-
-TEST_F(LibraryCheckTest, namesTheRecordByItsID) {
-    expense([](Expense& e) { e.amount = tooMuch; })(sound);
-    sound.rates.update(0, [](FXRate& r) { r.rateMicros = tooMuch; });
-    const auto found = problems(sound);
-    ASSERT_EQ(found.size(), 2U);
-    EXPECT_EQ(found[0].id, sound.expenses[0].id.text());
-    EXPECT_EQ(found[1].id, "USD");
-}
-
-TEST_F(LibraryCheckTest, doesNotFollowALinkOutOfTheFolder) {
-    TemporaryFolder elsewhere;
-    write(elsewhere / "secret.jpg", "secret");
-    std::filesystem::create_directory_symlink(elsewhere.path(), folder / "Receipts/link");
-    expense([](Expense& e) { e.attachments[0].path = "Receipts/link/secret.jpg"; })(sound);
-    const auto found = problems(sound);
-    ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found[0].kind, fileOutside);
-}

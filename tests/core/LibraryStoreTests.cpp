@@ -4,6 +4,7 @@
 #include "TambaCore/Model/LibraryStore.h"
 #include "TambaCore/Model/ModelsJSON.h"
 #include "tests/support/Books.h"
+#include "tests/support/Refusal.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <sys/stat.h>
@@ -15,8 +16,11 @@ namespace {
 
 using testing::aLibrary;
 using testing::contents;
+using testing::refusal;
 using testing::TemporaryFolder;
 using testing::write;
+
+using Code = StoreError::Code;
 
 std::string todaysBackup() { return "tamba-" + Day::today().iso() + ".json"; }
 
@@ -66,7 +70,7 @@ TEST(LibraryStore, aDamagedFileIsReportedAndLeftAlone) {
         (void)store.load();
         FAIL();
     } catch (const StoreError& error) {
-        EXPECT_EQ(error.code(), StoreError::Code::unreadable);
+        EXPECT_EQ(error.code(), Code::unreadable);
         EXPECT_STREQ(error.what(),
                      "Tamba couldn’t read its library: The file is damaged or cut off. A daily backup is in the "
                      "Backups folder.");
@@ -82,7 +86,7 @@ TEST(LibraryStore, aFolderThatCannotBeWrittenIsAFinishedSentence) {
         LibraryStore(folder / "file/books").save(aLibrary());
         FAIL();
     } catch (const StoreError& error) {
-        EXPECT_EQ(error.code(), StoreError::Code::unwritable);
+        EXPECT_EQ(error.code(), Code::unwritable);
         EXPECT_STREQ(error.what(), "Tamba couldn’t save: Not a directory.");
     }
 }
@@ -92,20 +96,12 @@ TEST(LibraryStore, aFolderThatCannotBeReachedIsNoNewBook) {
     std::filesystem::create_directory_symlink(folder / "loop", folder / "loop");
     for (const auto& unreachable : {folder / "loop", folder / std::string(300, 'x')}) {
         const LibraryStore store(unreachable);
-        const auto code = [](auto&& call) -> std::optional<StoreError::Code> {
-            try {
-                call();
-            } catch (const StoreError& error) {
-                return error.code();
-            }
-            return {};
-        };
-        EXPECT_EQ(code([&] { (void)store.load(); }), StoreError::Code::unreadable);
-        EXPECT_EQ(code([&] { store.save(aLibrary()); }), StoreError::Code::unwritable);
-        EXPECT_EQ(code([&] { store.copyTo(folder / "copy"); }), StoreError::Code::unwritable);
+        EXPECT_EQ(refusal<StoreError>([&] { return store.load(); }), Code::unreadable);
+        EXPECT_EQ(refusal<StoreError>([&] { store.save(aLibrary()); }), Code::unwritable);
+        EXPECT_EQ(refusal<StoreError>([&] { store.copyTo(folder / "copy"); }), Code::unwritable);
         using Access = LibrarySession::Access;
-        EXPECT_EQ(code([&] { LibrarySession(unreachable, Access::read); }), StoreError::Code::unreadable);
-        EXPECT_TRUE(code([&] { LibrarySession(unreachable, Access::write); }));
+        EXPECT_EQ(refusal<StoreError>([&] { LibrarySession(unreachable, Access::read); }), Code::unreadable);
+        EXPECT_TRUE(refusal<StoreError>([&] { LibrarySession(unreachable, Access::write); }));
     }
 }
 
@@ -146,14 +142,9 @@ TEST(LibraryStore, filesReceiptsByMonthUnderFreeNames) {
     EXPECT_TRUE(name.ends_with("क्षि-2.dat")) << "cut between characters: " << name;
 
     std::filesystem::create_symlink(folder / "absent", folder / "leads nowhere");
-    for (const char* name : {"absent", "leads nowhere"}) {
-        try {
-            (void)store.importReceipt(folder / name, day, "x");
-            ADD_FAILURE() << name;
-        } catch (const StoreError& error) {
-            EXPECT_EQ(error.code(), StoreError::Code::notAFile) << name;
-        }
-    }
+    for (const char* name : {"absent", "leads nowhere"})
+        EXPECT_EQ(refusal<StoreError>([&] { return store.importReceipt(folder / name, day, "x"); }), Code::notAFile)
+            << name;
     EXPECT_EQ(store.writeAttachment("bytes", "../Facture n°7.pdf", day), "Receipts/2026-04/2026-04-14-facture-n-7.pdf");
     EXPECT_EQ(contents(store.folder() / "Receipts/2026-04/2026-04-14-facture-n-7.pdf"), "bytes");
 }
@@ -243,13 +234,9 @@ TEST(LibraryStore, takesOnlyPicturesForALogo) {
     Files::makeFolders(folder / "folder");
     for (const auto& [file, bytes, name] : cases) {
         if (!bytes.empty() || *file == 'e') write(folder / file, bytes);
-        try {
-            EXPECT_EQ(store.importLogo(folder / file), name ? name : "refused") << file;
-            EXPECT_EQ(contents(store.assetsFolder() / name), bytes) << file;
-        } catch (const StoreError& error) {
-            EXPECT_EQ(error.code(), StoreError::Code::notAFile) << file;
-            EXPECT_EQ(name, nullptr) << file;
-        }
+        const auto refused = refusal<StoreError>([&] { EXPECT_EQ(store.importLogo(folder / file), name) << file; });
+        EXPECT_EQ(refused, name ? std::nullopt : std::optional(Code::notAFile)) << file;
+        EXPECT_EQ(name ? contents(store.assetsFolder() / name) : bytes, bytes) << file;
     }
     EXPECT_THROW((void)store.importLogo(folder / "absent.png"), StoreError);
 

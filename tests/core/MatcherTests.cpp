@@ -21,13 +21,6 @@ BankTransaction line(std::int64_t amount, std::string text, Day date = day) {
     return BankTransaction::make(date, std::move(text), amount);
 }
 
-Expense expense(std::int64_t amount, std::string vendor, Day date = day) {
-    Expense e = Expense::make(date);
-    e.amount = amount;
-    e.vendor = std::move(vendor);
-    return e;
-}
-
 /// An issued invoice of one line without tax.
 Document invoice(std::string number, std::int64_t total, std::string client, Day date = {2026, 10, 1}) {
     Document d = Document::make(DocKind::invoice, date, date.addingDays(15));
@@ -81,7 +74,7 @@ TEST(Matcher, scoresExpenses) {
     };
     for (const auto& c : cases) {
         Library library = aBook();
-        library.expenses.append(expense(c.amount, c.vendor, day.addingDays(c.daysLater)));
+        library.expenses.append(testing::spent(c.vendor, c.amount, day.addingDays(c.daysLater)));
         const auto found = Matcher::suggestions(line(-c.spent, c.text), library, 7);
         ASSERT_EQ(found.size(), c.score == 0 ? 0u : 1u) << c.spent << " " << c.amount << " " << c.daysLater;
         if (c.score == 0) continue;
@@ -242,7 +235,7 @@ Library crowded(std::mt19937& dice) {
     library.accounts.append(BankAccount::make("Euros", "EUR"));
     library.rates = {{"USD", 83'250'000, day, {}}};
     for (int i = 0; i < 14; ++i) {
-        Expense e = expense(amount(), name(), date());
+        Expense e = testing::spent(name(), amount(), date());
         std::tie(e.currency, e.rateMicros) = money();
         library.expenses.append(e);
         Document d = invoice(any("A1", "a 1", "7", "INV/26-27/001", " ", ""), amount(), name(), date());

@@ -4,6 +4,7 @@
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Model/LibraryCheck.h"
 #include "tests/support/Books.h"
+#include "tests/support/Refusal.h"
 
 #include <functional>
 #include <random>
@@ -14,6 +15,7 @@ namespace {
 using Bank::Remainder;
 using testing::aBook;
 using testing::aDraft;
+using testing::refusal;
 using Code = BooksError::Code;
 
 constexpr Day day{2026, 10, 20};
@@ -25,9 +27,7 @@ struct MatchingTest : ::testing::Test {
     UUID expense, refund, bigReceipt, receipt, spending, tiny;
 
     void SetUp() override {
-        for (int i = 0; i < 3; ++i)
-            invoices.push_back(
-                testing::issued(library, aDraft(library, DocKind::invoice, {Line::make("Design", 1000, 100'000, 0)})));
+        for (int i = 0; i < 3; ++i) invoices.push_back(testing::billed(library, 100'000, {2026, 10, 14}));
         expense = added(50'000);
         refund = added(-8'000);
         bigReceipt = line(250'000, "NEFT CR");
@@ -36,11 +36,8 @@ struct MatchingTest : ::testing::Test {
         tiny = line(8'000, "REFUND");
     }
     UUID added(std::int64_t amount) {
-        Expense e = Expense::make(day);
-        e.vendor = "Chai Point";
-        e.amount = amount;
-        library = Expenses::add(library, e);
-        return e.id;
+        library.expenses.append(testing::spent("Chai Point", amount, day));
+        return library.expenses.back().id;
     }
     UUID line(std::int64_t amount, std::string text) {
         BankTransaction txn = BankTransaction::make(day, std::move(text), amount);
@@ -53,15 +50,6 @@ struct MatchingTest : ::testing::Test {
         return Books::balance(library, *library.document(invoices[i]));
     }
 };
-
-std::optional<Code> refusal(const std::function<Library()>& operation) {
-    try {
-        (void)operation();
-    } catch (const BooksError& error) {
-        return error.code();
-    }
-    return {};
-}
 
 TEST_F(MatchingTest, linksBothSidesAndUnlinksThem) {
     const Library before = library;
@@ -104,7 +92,8 @@ TEST_F(MatchingTest, oneReceiptPaysSeveralInvoices) {
     const Library split = library;
     library = Books::removePayment(library, invoices[0], library.document(invoices[0])->payments.at(0).id);
     EXPECT_EQ(Bank::unassigned(library, at(bigReceipt)), 100'000);
-    EXPECT_EQ(refusal([&] { return Bank::splitReceipt(library, bigReceipt, {{invoices[0], 250'000}}); }), Code::split);
+    EXPECT_EQ(refusal<BooksError>([&] { return Bank::splitReceipt(library, bigReceipt, {{invoices[0], 250'000}}); }),
+              Code::split);
     library = Bank::matchToInvoice(library, bigReceipt, invoices[0], Remainder::due);
     EXPECT_EQ(balance(0), 0);
     EXPECT_EQ(Bank::unassigned(library, at(bigReceipt)), 0);
@@ -130,7 +119,7 @@ TEST_F(MatchingTest, aPaymentTypedBeforeIsLinkedInsteadOfMadeTwice) {
     ASSERT_EQ(found.size(), 1u);
     EXPECT_EQ(found[0].payment, near);
     EXPECT_EQ(found[0].days, 3);
-    EXPECT_EQ(refusal([&] { return Bank::matchToPayment(library, money, invoices[0], far); }), Code::split);
+    EXPECT_EQ(refusal<BooksError>([&] { return Bank::matchToPayment(library, money, invoices[0], far); }), Code::split);
 
     const Library before = library;
     library = Bank::matchToPayment(library, money, invoices[0], near);
@@ -138,9 +127,11 @@ TEST_F(MatchingTest, aPaymentTypedBeforeIsLinkedInsteadOfMadeTwice) {
     EXPECT_EQ(at(money).paymentID, near);
     EXPECT_EQ(Bank::unassigned(library, at(money)), 0);
     EXPECT_TRUE(Bank::typedPayments(library, at(line(10'000, "again")), 30).empty());
-    EXPECT_EQ(refusal([&] { return Bank::matchToPayment(library, receipt, invoices[0], near); }), Code::split);
-    EXPECT_EQ(refusal([&] { return Bank::matchToPayment(library, money, invoices[0], other); }), Code::lineMatched);
-    EXPECT_EQ(refusal([&] { return Bank::matchToPayment(library, spending, invoices[0], other); }),
+    EXPECT_EQ(refusal<BooksError>([&] { return Bank::matchToPayment(library, receipt, invoices[0], near); }),
+              Code::split);
+    EXPECT_EQ(refusal<BooksError>([&] { return Bank::matchToPayment(library, money, invoices[0], other); }),
+              Code::lineMatched);
+    EXPECT_EQ(refusal<BooksError>([&] { return Bank::matchToPayment(library, spending, invoices[0], other); }),
               Code::wrongDirection);
     library.transactions.erase(library.transactions.size() - 1);
     EXPECT_EQ(Bank::unmatch(library, money), before) << "what was typed stays";
@@ -247,7 +238,7 @@ TEST_F(MatchingTest, refusesWhatCannotBe) {
     };
     for (const auto& [code, operation] : cases) {
         const auto at = &operation - &cases[0].operation;
-        EXPECT_EQ(refusal(operation), code) << at;
+        EXPECT_EQ(refusal<BooksError>(operation), code) << at;
         EXPECT_TRUE(code || operation() == linked) << at;
     }
 }
@@ -278,7 +269,8 @@ TEST_F(MatchingTest, convertsMoneyOfOtherCurrencies) {
     inDollars(invoices[2], 1'603);  // the whole balance is ₹1.60, which alone would be 998.13
     EXPECT_EQ(paid(received(160, 0), invoices[2]), 100'000);
     library.rates = {};
-    EXPECT_EQ(refusal([&] { return Bank::matchToInvoice(library, received(1'000, 1), invoices[1], Remainder::due); }),
+    EXPECT_EQ(refusal<BooksError>(
+                  [&] { return Bank::matchToInvoice(library, received(1'000, 1), invoices[1], Remainder::due); }),
               Code::missingRate);
     const auto created = Bank::createExpense(library, received(-1'000, 1)).expense.value();
     EXPECT_EQ(created.currency, "USD");
@@ -316,7 +308,7 @@ TEST_F(MatchingTest, aRateThatMovedIsAGainOrALoss) {
         const Library start = library;
         const UUID money = line(one.received, "SWIFT");
         const auto matched = [&] { return Bank::matchToInvoice(library, money, invoices[0], one.remainder); };
-        EXPECT_EQ(refusal(matched), one.refused);
+        EXPECT_EQ(refusal<BooksError>(matched), one.refused);
         if (!one.refused) {
             library = matched();
             EXPECT_EQ(balance(0), one.balance);
@@ -326,8 +318,9 @@ TEST_F(MatchingTest, aRateThatMovedIsAGainOrALoss) {
         }
         library = start;
     }
-    EXPECT_EQ(refusal([&] { return Bank::matchToInvoice(library, receipt, invoices[1], Remainder::asExchange); }),
-              Code::split);
+    EXPECT_EQ(
+        refusal<BooksError>([&] { return Bank::matchToInvoice(library, receipt, invoices[1], Remainder::asExchange); }),
+        Code::split);
 }
 
 TEST_F(MatchingTest, makesExpensesByTheRules) {
@@ -501,8 +494,9 @@ TEST(Rules, keepTheNarrowBeforeTheWide) {
     library = Rules::remove(library, library.rules[1].id);
     library = Rules::move(Rules::remove(library, UUID::random()), UUID::random(), 0);
     EXPECT_EQ(order(), "jio=a amazon=a UBER=b ");
-    EXPECT_EQ(refusal([&] { return Rules::put(library, CategoryRule::make(" ", a, "")); }), Code::rule);
-    EXPECT_EQ(refusal([&] { return Rules::put(library, CategoryRule::make("x", UUID::random(), "")); }), Code::rule);
+    EXPECT_EQ(refusal<BooksError>([&] { return Rules::put(library, CategoryRule::make(" ", a, "")); }), Code::rule);
+    EXPECT_EQ(refusal<BooksError>([&] { return Rules::put(library, CategoryRule::make("x", UUID::random(), "")); }),
+              Code::rule);
 }
 
 }  // namespace

@@ -201,16 +201,6 @@ TEST(PDFCanvas, turnsTextAboutItsCentre) {
         << "positive degrees raise the end of the line";
 }
 
-TEST(PDFCanvas, aBitmapBeginsWhiteWithItsPageOpen) {
-    auto canvas = PDFCanvas::bitmap({20, 10}, 2);
-    EXPECT_TRUE(canvas.pageOpen());
-    const Image image = *canvas.image();
-    EXPECT_EQ(image.width, 40);
-    EXPECT_EQ(image.height, 20);
-    EXPECT_EQ(image, Image::blank(40, 20));
-    EXPECT_FALSE(canvas.finish());
-}
-
 TEST(PDFCanvas, fillsStrokesAndRulesFromTheTopLeft) {
     const std::array white{255, 255, 255}, full{255, 0, 0};
     auto canvas = PDFCanvas::bitmap({100, 100}, 1);
@@ -256,25 +246,6 @@ TEST(PDFCanvas, textIsFoundAgainInTheDocument) {
     const std::string text = readBack("/usr/bin/pdftotext", *canvas.finish(), "-");
     for (const char* expected : {"Total ₹12,34,567.89", "परामर्श सेवाएँ", "வணக்கம்", "broken \uFFFD byte"})
         EXPECT_NE(text.find(expected), std::string::npos) << expected << " in " << text;
-}
-
-TEST(PDFCanvas, namesTitleAuthorMakerAndTheGivenTime) {
-    const std::string info = readBack("TZ=UTC /usr/bin/pdfinfo -isodates", *aDocument().finish(), "");
-    for (const char* expected : {"Title:           Invoice ₹ पुणे", "Author:          Kulkarni", "Creator:         Tamba",
-                                 "CreationDate:    2026-09-21T14:13:20", "595 x 842 pts"})
-        EXPECT_NE(info.find(expected), std::string::npos) << expected << " in " << info;
-}
-
-TEST(PDFCanvas, theSameCallsGiveTheSameBytes) {
-    const auto draw = [] {
-        auto canvas = aDocument();
-        canvas.text("₹1,180.00 पुणे", 40, 40, 500, {});
-        canvas.fill({10, 10, 20, 20}, red, 4);
-        canvas.draw(Image::blank(3, 3), {100, 100, 30, 30});
-        canvas.beginPage();
-        return *canvas.finish();
-    };
-    EXPECT_EQ(draw(), draw());
 }
 
 TEST(PDFCanvas, eachBeginPageMakesAPageEvenAnEmptyOne) {

@@ -1,6 +1,7 @@
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Receipts/ReceiptExpense.h"
+#include "tests/support/Refusal.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -230,12 +231,9 @@ TEST_F(ReceiptExpenseFiling, copiesTheFilesInOrderUnderTheirOwnNames) {
 
 TEST_F(ReceiptExpenseFiling, takesBackItsCopiesWhenALaterOneFails) {
     const ReceiptScanner::Result result{aGuess(), {write("a.jpg", "a"), folder / "missing.pdf"}, {}};
-    try {
-        (void)ReceiptExpense::file(pune(), store, result, Expense::make(today), today);
-        FAIL() << "a missing file was filed";
-    } catch (const StoreError& error) {
-        EXPECT_EQ(error.code(), StoreError::Code::notAFile);
-    }
+    EXPECT_EQ(tamba::testing::refusal<StoreError>(
+                  [&] { return ReceiptExpense::file(pune(), store, result, Expense::make(today), today); }),
+              StoreError::Code::notAFile);
     EXPECT_THAT(Files::names(store.receiptsFolder() / "2026-10"), IsEmpty());
     EXPECT_THAT(Files::names(store.removedFolder()), SizeIs(1));
 }

@@ -264,20 +264,6 @@ TEST(ReceiptParser, doubtsWhatDeservesALook) {
             << testing::PrintToString(lines);
 }
 
-TEST(ReceiptParser, gathersOneGuess) {
-    const Lines lines{"Chai Point", "GSTIN 27AAPFU0939F1ZV", "Date: 14/10/2026", "Grand Total ₹ 118.00"};
-    const ReceiptGuess guess = ReceiptParser::parse(lines, DateOrder::dmy, today);
-    EXPECT_EQ(guess.vendor, "Chai Point");
-    EXPECT_EQ(guess.date, (Day{2026, 10, 14}));
-    EXPECT_EQ(guess.total, 11'800);
-    EXPECT_EQ(guess.tax, std::nullopt);
-    EXPECT_EQ(guess.gstin, "27AAPFU0939F1ZV");
-    EXPECT_EQ(guess.currency, "INR");
-    EXPECT_EQ(guess.text, "Chai Point\nGSTIN 27AAPFU0939F1ZV\nDate: 14/10/2026\nGrand Total ₹ 118.00");
-    EXPECT_TRUE(guess.foundAnything());
-    EXPECT_FALSE(ReceiptParser::parse({}, DateOrder::dmy, today).foundAnything());
-}
-
 TEST(ReceiptParser, looksAtABoundedPartOfAHostileText) {
     Lines long_{"Asha", "Total 12.00"};
     for (const char* pattern : {"1", "1,", "a ", "(", "₹", "\xff", "jan", "1/1/", "O"}) {

@@ -2,6 +2,7 @@
 #include "TambaCore/Receipts/Recogniser.h"
 #include "TambaCore/Receipts/RupeeSign.h"
 #include "tests/support/Print.h"
+#include "tests/support/Refusal.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -27,18 +28,11 @@ ReceiptReader& reader() {
     return shared;
 }
 
-template <class Function>
-std::optional<Code> refusal(Function read) {
-    try {
-        static_cast<void>(read());
-    } catch (const ReceiptReader::ReadError& error) {
-        return error.code();
-    }
-    return std::nullopt;
-}
-
 std::optional<Code> refusal(const std::filesystem::path& file) {
-    return refusal([&] { return reader().lines(file); });
+    return testing::refusal<ReceiptReader::ReadError>([&] { return reader().lines(file); });
+}
+std::optional<Code> refusal(const std::filesystem::path& file, int page) {
+    return testing::refusal<ReceiptReader::ReadError>([&] { return ReceiptReader::picture(file, page, 100); });
 }
 
 TEST(ReceiptReader, joinsBoxesIntoPrintedRows) {
@@ -210,7 +204,7 @@ TEST(ReceiptReader, refusesWhatIsNeitherPictureNorPDF) {
     for (const auto& [name, bytes] : cases) {
         testing::write(folder / name, bytes);
         EXPECT_EQ(refusal(folder / name), Code::unreadable) << name;
-        EXPECT_EQ(refusal([&] { return ReceiptReader::picture(folder / name, 0, 100); }), Code::unreadable) << name;
+        EXPECT_EQ(refusal(folder / name, 0), Code::unreadable) << name;
     }
     EXPECT_EQ(refusal(folder / "missing.jpg"), Code::unreadable);
     EXPECT_EQ(refusal(folder.path()), Code::unreadable);
@@ -240,8 +234,7 @@ TEST(ReceiptReader, readsTheTextOfThreePages) {
                 ElementsAre("Page 1", "Total  100.00", "Page 2", "Total  200.00", "Page 3", "Total  300.00"));
     EXPECT_EQ(ReceiptReader::pageCount(folder / "bill.jpg"), 5);
     EXPECT_EQ(ReceiptReader::picture(folder / "bill.jpg", 4, 300).width, 300);
-    for (int page : {-1, 5})
-        EXPECT_EQ(refusal([&] { return ReceiptReader::picture(folder / "bill.jpg", page, 300); }), Code::unreadable);
+    for (int page : {-1, 5}) EXPECT_EQ(refusal(folder / "bill.jpg", page), Code::unreadable);
 }
 
 TEST(ReceiptReader, recognisesAPageThatIsAScan) {
@@ -279,8 +272,7 @@ TEST(ReceiptReader, refusesALockedPDF) {
     };
     encrypt("secret owner", "locked.pdf");
     EXPECT_EQ(refusal(folder / "locked.pdf"), Code::unreadable);
-    EXPECT_EQ(refusal([&] { return ReceiptReader::pageCount(folder / "locked.pdf"); }), Code::unreadable);
-    EXPECT_EQ(refusal([&] { return ReceiptReader::picture(folder / "locked.pdf", 0, 100); }), Code::unreadable);
+    EXPECT_EQ(refusal(folder / "locked.pdf", 0), Code::unreadable);
     // A password that only guards against changes asks nothing of a reader.
     encrypt("'' owner", "guarded.pdf");
     EXPECT_THAT(reader().lines(folder / "guarded.pdf").lines, Contains("Grand Total  ₹473.00"));

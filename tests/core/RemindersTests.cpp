@@ -3,6 +3,7 @@
 #include "TambaCore/Documents/Reminders.h"
 #include "TambaCore/Receipts/EmailReceipt.h"
 #include "tests/support/Books.h"
+#include "tests/support/Refusal.h"
 
 #include <rapidcheck/gtest.h>
 
@@ -166,12 +167,7 @@ TEST(Reminders, areRefusedWhereThereIsNothingToAskFor) {
     for (const auto& [code, change] : cases) {
         Document document = invoiceOf(library);
         change(document);
-        try {
-            (void)Reminders::reminder(library, document, today);
-            ADD_FAILURE() << static_cast<int>(code);
-        } catch (const BooksError& error) {
-            EXPECT_EQ(error.code(), code);
-        }
+        EXPECT_EQ(testing::refusal<BooksError>([&] { return Reminders::reminder(library, document, today); }), code);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "TambaCore/Bank/BankImport.h"
 #include "TambaCore/Model/Fields.h"
+#include "tests/support/Refusal.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -229,12 +230,8 @@ TEST(StatementFiles, thatCannotBeOpenedSayWhy) {
     const testing::TemporaryFolder empty;
     testing::write(empty / "large.csv", "");
     std::filesystem::resize_file(empty / "large.csv", 70'000'000);
-    try {
-        (void)BankImport::read(empty / "large.csv", DateOrder::dmy, Currency::inr());
-        ADD_FAILURE();
-    } catch (const BankImport::ImportError& error) {
-        EXPECT_EQ(error.code(), BankImport::ImportError::Code::tooLarge);
-    }
+    const auto read = [&] { return BankImport::read(empty / "large.csv", DateOrder::dmy, Currency::inr()); };
+    EXPECT_EQ(testing::refusal<BankImport::ImportError>(read), BankImport::ImportError::Code::tooLarge);
 }
 
 }  // namespace

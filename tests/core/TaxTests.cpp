@@ -87,20 +87,6 @@ RC_GTEST_PROP(GSTIN, noticesOneWrongCharacter, ()) {
     RC_ASSERT(!GSTIN::isValid(bad));
 }
 
-TEST(TaxRules, sortRegimesAndSupplies) {
-    using enum SupplyType;
-    for (const SupplyType supply :
-         {intraState, interState, exportLUT, exportWithIGST, sezLUT, sezWithIGST, simple, noTax}) {
-        SCOPED_TRACE(title(supply));
-        EXPECT_EQ(usesIGST(supply), (std::set{interState, exportWithIGST, sezWithIGST}.contains(supply)));
-        EXPECT_EQ(isZeroRated(supply), (std::set{exportLUT, exportWithIGST, sezLUT, sezWithIGST}.contains(supply)));
-        EXPECT_EQ(chargesNoTax(supply), (std::set{exportLUT, sezLUT, noTax}.contains(supply)));
-    }
-    EXPECT_TRUE(isIndia(TaxRegime::gstComposition) && !chargesTax(TaxRegime::gstComposition));
-    EXPECT_TRUE(!isIndia(TaxRegime::simple) && chargesTax(TaxRegime::simple));
-    EXPECT_TRUE(!isIndia(TaxRegime::none) && !chargesTax(TaxRegime::none));
-}
-
 TEST(TaxSplit, isWorkedOutPerHalf) {
     using enum SupplyType;
     const struct {
