@@ -218,6 +218,8 @@ bool DialogPrompts::openMail(const Reminders::Draft& draft, const Path& pdf) {
     return MailProgram::compose(draft, pdf);
 }
 
-void DialogPrompts::print(const QString& title, const std::string& pdf) { Printing::print(window_, title, pdf); }
+void DialogPrompts::print(const QString& title, const std::string& pdf) {
+    Printing::print(window_, title, pdf, [this, title] { alert(QObject::tr("“%1” couldn’t be printed.").arg(title)); });
+}
 
 }  // namespace tamba

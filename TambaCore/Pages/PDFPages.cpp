@@ -42,21 +42,25 @@ Image rendered(const poppler::page_renderer& renderer, const poppler::page& page
 
 }  // namespace
 
-std::vector<Image> images(std::string_view pdf, int pixelWidth) {
-    if (pdf.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()) || pixelWidth < 1) return {};
+void eachImage(std::string_view pdf, int pixelWidth, const std::function<void(const Image& page)>& take) {
+    if (pdf.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()) || pixelWidth < 1) return;
     poppler::set_debug_error_function([](const std::string&, void*) {}, nullptr);
     const std::unique_ptr<poppler::document> document(
         poppler::document::load_from_raw_data(pdf.data(), static_cast<int>(pdf.size())));
     // Asking a locked document for its pages crashes Poppler 22.12.
-    if (!document || document->is_locked()) return {};
+    if (!document || document->is_locked()) return;
     poppler::page_renderer renderer;
     renderer.set_image_format(poppler::image::format_argb32);
     renderer.set_render_hint(poppler::page_renderer::antialiasing);
     renderer.set_render_hint(poppler::page_renderer::text_antialiasing);
-    std::vector<Image> images;
     for (int i = 0; i < document->pages(); ++i)
         if (const std::unique_ptr<poppler::page> page(document->create_page(i)); page)
-            images.push_back(rendered(renderer, *page, pixelWidth));
+            take(rendered(renderer, *page, pixelWidth));
+}
+
+std::vector<Image> images(std::string_view pdf, int pixelWidth) {
+    std::vector<Image> images;
+    eachImage(pdf, pixelWidth, [&](const Image& page) { images.push_back(page); });
     return images;
 }
 

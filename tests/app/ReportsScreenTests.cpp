@@ -1,3 +1,4 @@
+#include "Tamba/Printing.h"
 #include "Tamba/Screens/RecordsPane.h"
 #include "Tamba/Screens/ReportView.h"
 #include "Tamba/Screens/ReportsScreen.h"
@@ -6,11 +7,13 @@
 #include "Tamba/Widgets/TableView.h"
 #include "TambaCore/Base/Files.h"
 #include "TambaCore/Documents/Books.h"
+#include "TambaCore/Pages/PDFPages.h"
 #include "tests/app/Support.h"
 
 #include <QClipboard>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPrinter>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -245,6 +248,19 @@ private slots:
         press("saveBooks");
         QVERIFY(Files::names(desk / "Books 2026-27").size() > 4);
         QVERIFY2(open.prompts.alerts.isEmpty(), qPrintable(open.prompts.alerts.join(QLatin1Char('\n'))));
+    }
+
+    void aReportGoesOntoPaperPageByPage() {
+        Open open;
+        open.screen.print();
+        QPrinter printer;
+        const auto paper = open.desk.filePath(QStringLiteral("paper.pdf"));
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(paper);
+        QVERIFY(!Printing::draw(printer, "no PDF"));
+        QVERIFY(Printing::draw(printer, open.prompts.printed));
+        QCOMPARE(PDFPages::images(Files::read(toPath(paper)), 200).size(),
+                 PDFPages::images(open.prompts.printed, 200).size());
     }
 
     void whatIsLeftOutIsOneClickAway() {
