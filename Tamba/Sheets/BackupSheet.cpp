@@ -49,17 +49,15 @@ BackupSheet::BackupSheet(QWidget* parent, BackupQuestion question)
     refresh();
 }
 
-const BackupSheet::Words& BackupSheet::words(const std::string& name) {
-    const auto [place, added] = words_.try_emplace(name);
-    if (!added) return place->second;
-    Words& words = place->second;
+BackupSheet::Words BackupSheet::wordsFor(const BackupQuestion& question, const std::string& name) {
+    Words words;
     try {
-        const Library backup = question_.read(name);
+        const Library backup = question.read(name);
         words.good = true;
         words.holds = toQt(countsText(backup));
-        if (!question_.present) return words;
+        if (!question.present) return words;
         QStringList changes;
-        for (const std::string& text : changesText(*question_.present, backup)) changes << toQt(text);
+        for (const std::string& text : changesText(*question.present, backup)) changes << toQt(text);
         words.changes =
             changes.isEmpty() ? tr("The same as the books now.") : tr("Against now: %1.").arg(changes.join(tr("; ")));
     } catch (const std::exception& error) {
@@ -70,10 +68,19 @@ const BackupSheet::Words& BackupSheet::words(const std::string& name) {
 
 void BackupSheet::refresh() {
     const std::string name = chosen();
-    const Words now = name.empty() ? Words() : words(name);
+    const auto known = words_.find(name);
+    const Words now = known == words_.end() ? Words() : known->second;
     holds_->setText(now.holds);
     changes_->setText(now.changes);
     restore_->setEnabled(now.good);
+    if (name.empty() || known != words_.end()) return;
+    changes_->setText(tr("Reading…"));
+    background_.start([this, name, question = question_](const std::atomic<bool>&) {
+        return [this, name, words = wordsFor(question, name)] {
+            words_.emplace(name, words);
+            refresh();
+        };
+    });
 }
 
 std::string BackupSheet::chosen() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tamba/Background.h"
 #include "Tamba/Prompts.h"
 #include "Tamba/Sheets/Sheet.h"
 
@@ -19,6 +20,7 @@ class BackupSheet : public Sheet {
 public:
     BackupSheet(QWidget* parent, BackupQuestion question);
     [[nodiscard]] std::string chosen() const;
+    [[nodiscard]] bool isReading() const { return background_.isBusy(); }
 
 private:
     struct Words {
@@ -26,15 +28,15 @@ private:
         bool good = false;
     };
     void refresh();
-    /// Worked out once for each backup that is looked at.
-    const Words& words(const std::string& name);
+    static Words wordsFor(const BackupQuestion& question, const std::string& name);
 
     const BackupQuestion question_;
-    std::map<std::string, Words> words_;
+    std::map<std::string, Words> words_;  // of the backups that were looked at
     QListWidget* list_;
     QLabel* holds_;
     QLabel* changes_;
     QPushButton* restore_ = nullptr;
+    Background background_;
 };
 
 }  // namespace tamba

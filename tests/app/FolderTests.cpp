@@ -128,9 +128,11 @@ private slots:
                                 },
                                 now};
         BackupSheet sheet(nullptr, question);
-        QVERIFY(control<QLabel>(sheet, "backupChanges").text().contains(QStringLiteral("1 client more")));
+        QVERIFY(!control<QPushButton>(sheet, "sheetMain").isEnabled());
+        QTRY_VERIFY(control<QLabel>(sheet, "backupChanges").text().contains(QStringLiteral("1 client more")));
         QVERIFY(control<QPushButton>(sheet, "sheetMain").isEnabled());
         control<QListWidget>(sheet, "backups").setCurrentRow(1);
+        QTRY_VERIFY(!sheet.isReading());
         QVERIFY(!control<QPushButton>(sheet, "sheetMain").isEnabled());
     }
 

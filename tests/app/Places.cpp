@@ -344,6 +344,7 @@ private:
         less.expenses.erase(0);
         less.business.name = "Before";
         BackupSheet backups(&window, {model.backups(), [&](const std::string&) { return less; }, library});
+        if (!QTest::qWaitFor([&] { return !backups.isReading(); })) qFatal("the backup is not read");
         show(backups, "sheet-backups");
         Library ours = library, theirs = library;
         ours.expenses.update(0, [](Expense& e) { e.vendor = "Chai Point", e.amount = 12'000; });

@@ -73,7 +73,7 @@ struct TestPrompts : Prompts {
     }
     std::optional<std::string> backup(const BackupQuestion& question) override {
         BackupSheet sheet(nullptr, question);
-        if (!accepted(sheet)) return {};
+        if (!QTest::qWaitFor([&] { return !sheet.isReading(); }) || !accepted(sheet)) return {};
         return chosenBackup ? chosenBackup : std::optional(sheet.chosen());
     }
     std::optional<MileageTrip> mileage(const Library&, Day) override { return trip; }
