@@ -13,6 +13,8 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyleOption>
+#include <QStylePainter>
 
 namespace tamba {
 namespace {
@@ -117,6 +119,19 @@ bool Cell::event(QEvent* event) {
         }
     }
     return QLineEdit::event(event);
+}
+
+void Cell::paintEvent(QPaintEvent* event) {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    // QLineEdit leaves two more pixels beside its text.
+    const QRect room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(2, 0, -2, 0);
+    if (hasFocus() || fontMetrics().horizontalAdvance(text()) <= room.width()) return QLineEdit::paintEvent(event);
+    QStylePainter painter(this);
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(room, static_cast<int>(alignment() | Qt::AlignVCenter),
+                     fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }
 
 void Cell::keyPressEvent(QKeyEvent* event) {

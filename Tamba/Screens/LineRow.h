@@ -47,6 +47,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    /// A text that is too long for its cell ends in dots until it is edited.
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     bool takeSuggestion();

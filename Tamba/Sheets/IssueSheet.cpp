@@ -96,8 +96,7 @@ void IssueSheet::refresh() {
         warningRows_->addWidget(row);
     }
     warnings_->setVisible(!warnings.empty());
-    layout()->activate();
-    adjustSize();
+    if (isVisible()) fit();
 }
 
 }  // namespace tamba

@@ -72,10 +72,14 @@ QPushButton* Sheet::addThirdButton(const QString& text) {
     return button;
 }
 
-void Sheet::showEvent(QShowEvent* event) {
+void Sheet::fit() {
+    layout()->activate();
     // Qt asks for the height of wrapped texts at another width, and would spread what is too much between the lines.
-    if (!testAttribute(Qt::WA_Resized) && layout()->hasHeightForWidth())
-        resize(width(), layout()->totalHeightForWidth(width()));
+    if (layout()->hasHeightForWidth()) resize(width(), layout()->totalHeightForWidth(width()));
+}
+
+void Sheet::showEvent(QShowEvent* event) {
+    if (!testAttribute(Qt::WA_Resized)) fit();
     QDialog::showEvent(event);
 }
 

@@ -32,6 +32,8 @@ public:
     void end();
 
 protected:
+    /// As high as what it holds now.
+    void fit();
     void showEvent(QShowEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
