@@ -29,10 +29,12 @@ private slots:
             auto* window = qobject_cast<Window*>(&widget);
             if (!window) return;
             const QSize size = window->size();
+            const QPointer<QWidget> focus = window->focusWidget();
             window->resize(960, 620);
             settle(*window);
             picture(*window, name + QStringLiteral("-small") + palette);
             window->resize(size);
+            if (focus) focus->setFocus();
             if (dark || !name.startsWith(QLatin1String("report-"))) return;
             window->findChild<ReportsScreen*>()->print();
             Files::writeAtomically(toPath(picturesFolder() + QLatin1Char('/') + name + QStringLiteral(".pdf")),
