@@ -52,6 +52,10 @@
         <translation>%1 छापें</translation>
     </message>
     <message>
+        <source>“%1” couldn’t be printed.</source>
+        <translation>“%1” नहीं छापी जा सकी।</translation>
+    </message>
+    <message>
         <source>… and %1 more</source>
         <translation>… और %1 अन्य</translation>
     </message>
@@ -1973,6 +1977,10 @@
         <translation>बैकअप से लौटाएँ</translation>
     </message>
     <message>
+        <source>Reading…</source>
+        <translation>पढ़ा जा रहा है…</translation>
+    </message>
+    <message>
         <source>The books go back to how they were then. The present file is kept beside the backups, and receipts stay where they are.</source>
         <translation>बहीखाता वैसा हो जाता है जैसा तब था। अभी की फ़ाइल बैकअप के साथ रखी जाती है, और रसीदें जहाँ हैं वहीं रहती हैं।</translation>
     </message>
@@ -2015,6 +2023,10 @@
     <message>
         <source>; </source>
         <translation>; </translation>
+    </message>
+    <message>
+        <source>before it was replaced</source>
+        <translation>बदले जाने से पहले</translation>
     </message>
 </context>
 <context>
