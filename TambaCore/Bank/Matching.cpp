@@ -120,11 +120,9 @@ UUID paymentID(const BankTransaction& line, const UUID& invoice, bool again) {
     return UUID::derived(line.id, (again ? "further payment on " : "payment on ") + invoice.text());
 }
 
-/// Whether the line made the payment. One that says no more than the line is as good as made by it.
+/// Whether the line made the payment. Any other was recorded by somebody, however much it says the same.
 bool isMadeBy(const BankTransaction& line, const UUID& invoice, const Payment& payment) {
-    if (payment.id == paymentID(line, invoice, false) || payment.id == paymentID(line, invoice, true)) return true;
-    return !payment.bankTxnID ||
-           (payment.date == line.date && (payment.reference.empty() || payment.reference == line.reference));
+    return payment.id == paymentID(line, invoice, false) || payment.id == paymentID(line, invoice, true);
 }
 
 /// Whether no line that is in the books is linked to the payment.

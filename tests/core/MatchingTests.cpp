@@ -134,7 +134,13 @@ TEST_F(MatchingTest, aPaymentTypedBeforeIsLinkedInsteadOfMadeTwice) {
     EXPECT_EQ(refusal<BooksError>([&] { return Bank::matchToPayment(library, spending, invoices[0], other); }),
               Code::wrongDirection);
     library.transactions.erase(library.transactions.size() - 1);
-    EXPECT_EQ(Bank::unmatch(library, money), before) << "what was typed stays";
+    library = Bank::unmatch(library, money);
+    EXPECT_EQ(library, before) << "what was typed stays";
+
+    const UUID same = typed(0, 5'000, 0), cash = line(5'000, "UPI/SAFFRON");
+    const Library typedThatDay = library;
+    library = Bank::matchToPayment(library, cash, invoices[0], same);
+    EXPECT_EQ(Bank::unmatch(library, cash), typedThatDay) << "also what says no more than the line";
 }
 
 TEST_F(MatchingTest, obviousLinesSeeTheLinksBeforeThem) {
