@@ -163,13 +163,15 @@ Bank::Remainder remainderOf(const MatchOptions& options) {
     return options.restAsTDS ? Bank::Remainder::asTDS : Bank::Remainder::due;
 }
 
-/// Each line that is in the books already, with the one it equals, and each row that is no line, with the reason.
+/// Each line that is in the books or in the file already, with the one it equals, and each row that is no line, with
+/// the reason.
 void addLeftOut(JSON& object, const BankImport::Parsed& read, const std::vector<Bank::SkippedLine>& lines,
                 const std::unordered_map<UUID, std::size_t>& rows) {
     const auto number = [](std::size_t row) { return static_cast<std::int64_t>(row); };
-    JSON held = JSON::array(), skipped = JSON::array(), breaks = JSON::array();
-    for (const auto& [line, equal] : lines)
-        held.append(JSON::object()
+    JSON held = JSON::array(), repeated = JSON::array(), skipped = JSON::array(), breaks = JSON::array();
+    for (const auto& [line, equal, isRepeated] : lines)
+        (isRepeated ? repeated : held)
+            .append(JSON::object()
                         .add("row", number(rows.at(line.id)))
                         .add("date", line.date.iso())
                         .add("amount", line.amount)
@@ -179,7 +181,10 @@ void addLeftOut(JSON& object, const BankImport::Parsed& read, const std::vector<
         skipped.append(JSON::object().add("row", number(row.row)).add("reason", row.reason));
     for (const auto& one : read.balanceBreaks)
         breaks.append(JSON::object().add("row", number(one.row)).add("expected", one.expected).add("found", one.found));
-    object.add("inBooksLines", held).add("skippedRows", skipped).add("balanceBreakRows", breaks);
+    object.add("inBooksLines", held)
+        .add("repeatedLines", repeated)
+        .add("skippedRows", skipped)
+        .add("balanceBreakRows", breaks);
 }
 
 BankImport::Parsed statementOf(const std::string& file, DateOrder order, const Currency& currency) {
@@ -218,17 +223,19 @@ int importStatement(const Context& context, const ImportOptions& options) {
     for (std::size_t i = 0; i < read.rows.size(); ++i) rows.emplace(read.transactions[i].id, read.rows[i]);
     auto result = Bank::addTransactions(std::move(library), std::move(read.transactions), account);
     if (options.anyway)
-        for (const auto& [line, equal] : std::exchange(result.skippedLines, {})) {
-            result.library = Bank::addAnyway(std::move(result.library), line, account);
+        for (const auto& skipped : std::exchange(result.skippedLines, {})) {
+            result.library = Bank::addAnyway(std::move(result.library), skipped.line, account);
             ++result.added;
             --result.skipped;
+            if (skipped.repeated) --result.repeated;
         }
     if (result.added > 0) save(session, result.library);
     if (context.json) {
         JSON object = JSON::object()
                           .add("format", read.format)
                           .add("added", std::int64_t{result.added})
-                          .add("inBooks", std::int64_t{result.skipped})
+                          .add("inBooks", std::int64_t{result.skipped} - result.repeated)
+                          .add("repeated", std::int64_t{result.repeated})
                           .add("skipped", std::int64_t{read.skipped})
                           .add("balanceBreaks", static_cast<std::int64_t>(read.balanceBreaks.size()));
         if (isNew && result.added > 0) object.add("newAccount", destination->name);
@@ -241,11 +248,13 @@ int importStatement(const Context& context, const ImportOptions& options) {
                   << ".\n";
     const auto lines = [](std::int64_t count) { return counted(static_cast<std::size_t>(count), "line", "lines"); };
     std::cout << "Added " << lines(result.added) << ".";
-    if (result.skipped > 0)
-        std::cout << " " << lines(result.skipped) << (result.skipped == 1 ? " was" : " were")
-                  << " in the books already.";
+    if (const int inBooks = result.skipped - result.repeated; inBooks > 0)
+        std::cout << " " << lines(inBooks) << (inBooks == 1 ? " was" : " were") << " in the books already.";
+    if (result.repeated > 0)
+        std::cout << " " << lines(result.repeated) << (result.repeated == 1 ? " repeats another" : " repeat others")
+                  << " of this file.";
     std::cout << "\n";
-    for (const auto& [line, equal] : result.skippedLines)
+    for (const auto& [line, equal, repeated] : result.skippedLines)
         std::cout << "  Left out: " << line.date.formatted("d MMM yyyy") << ", "
                   << MoneyFormat::string(line.amount, currency) << ", " << oneLine(line.text) << "\n";
     for (const auto& row : read.skippedRows) std::cerr << "Row " << row.row << " was left out: " << row.reason << "\n";

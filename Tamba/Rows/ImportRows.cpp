@@ -235,12 +235,17 @@ std::size_t ImportTable::count() const {
                               std::count_if(held.begin(), held.end(), [](const ImportRow& row) { return row.anyway; }));
 }
 
+std::size_t ImportTable::repeated() const {
+    return static_cast<std::size_t>(
+        std::count_if(held.begin(), held.end(), [](const ImportRow& row) { return row.repeated; }));
+}
+
 ImportTable importTable(const Library& library, const Parsed& parsed, const Currency& currency) {
     const auto money = [&](std::int64_t minor) { return MoneyFormat::string(minor, currency); };
     ImportTable result;
     const Bank::Added added = Bank::addTransactions(library, parsed.transactions, {});
     std::unordered_map<UUID, UUID> equals;
-    for (const auto& [line, equal] : added.skippedLines) equals.emplace(line.id, equal);
+    for (const auto& skipped : added.skippedLines) equals.emplace(skipped.line.id, skipped.equal);
     std::unordered_map<UUID, const BankTransaction*> books;
     for (const BankTransaction& line : library.transactions) books.emplace(line.id, &line);
     std::unordered_map<UUID, std::size_t> rows;
@@ -260,9 +265,11 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const Curr
             const BankTransaction& held = *inBooks->second;
             const BankAccount* account = held.accountID ? find(library.accounts, *held.accountID) : nullptr;
             row.why = (account ? account->name + ": " : std::string()) + dayText(held) + " · " + held.text;
-        } else
+        } else {
+            row.repeated = true;
             row.why = RowText::filled(RowText::translate("Rows", "The same as row %1 of this file"),
                                       {std::to_string(rows[equal->second])});
+        }
         result.held.push_back(std::move(row));
     }
     for (const auto& skipped : parsed.skippedRows) {
@@ -286,9 +293,13 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const Curr
     }
     result.summary = RowText::counted(parsed.transactions.size(), RowText::marked("Rows", "1 line"),
                                       RowText::marked("Rows", "%1 lines"));
-    if (!result.held.empty())
-        result.summary += ", " + RowText::filled(RowText::translate("Rows", "%1 already in the books"),
-                                                 {std::to_string(result.held.size())});
+    const std::size_t repeated = result.repeated(), inBooks = result.held.size() - repeated;
+    if (inBooks > 0)
+        result.summary +=
+            ", " + RowText::filled(RowText::translate("Rows", "%1 already in the books"), {std::to_string(inBooks)});
+    if (repeated > 0)
+        result.summary +=
+            ", " + RowText::filled(RowText::translate("Rows", "%1 repeated in this file"), {std::to_string(repeated)});
     if (parsed.skipped > 0)
         result.summary +=
             ", " + RowText::counted(static_cast<std::size_t>(parsed.skipped), RowText::marked("Rows", "1 row skipped"),
@@ -303,12 +314,12 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const Curr
 Imported importStatement(Library library, const StatementEdit& edit) {
     if (!find(library.accounts, edit.account.id)) library.accounts.append(edit.account);
     Bank::Added added = Bank::addTransactions(std::move(library), edit.lines, edit.account.id);
-    Imported result{std::move(added.library), added.added, added.skipped};
-    for (const auto& [line, equal] : added.skippedLines) {
-        if (!edit.anyway.contains(line.id)) continue;
-        result.library = Bank::addAnyway(std::move(result.library), line, edit.account.id);
+    Imported result{std::move(added.library), added.added, added.skipped - added.repeated, added.repeated};
+    for (const auto& skipped : added.skippedLines) {
+        if (!edit.anyway.contains(skipped.line.id)) continue;
+        result.library = Bank::addAnyway(std::move(result.library), skipped.line, edit.account.id);
         ++result.added;
-        --result.held;
+        --(skipped.repeated ? result.repeated : result.held);
     }
     return result;
 }
@@ -321,6 +332,10 @@ std::string outcomeText(const Imported& imported, const BankAccount& account) {
         text += " · " + RowText::counted(static_cast<std::size_t>(imported.held),
                                          RowText::marked("Rows", "1 was already in the books"),
                                          RowText::marked("Rows", "%1 were already in the books"));
+    if (imported.repeated > 0)
+        text += " · " + RowText::counted(static_cast<std::size_t>(imported.repeated),
+                                         RowText::marked("Rows", "1 was repeated in the file"),
+                                         RowText::marked("Rows", "%1 were repeated in the file"));
     return text;
 }
 

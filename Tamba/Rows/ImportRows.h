@@ -79,21 +79,23 @@ enum class ImportList { added, held, skipped, breaks };
 struct ImportRow {
     UUID id;  ///< of the line; of rows without one made up from their number
     std::string row, date, text, moneyOut, moneyIn, balance;
-    std::string why;      ///< the line it equals, why it was skipped, what the balance should be
-    bool anyway = false;  ///< comes in although the books hold its equal
+    std::string why;        ///< the line it equals, why it was skipped, what the balance should be
+    bool repeated = false;  ///< its equal is in the same file
+    bool anyway = false;    ///< comes in although the books hold its equal
     bool operator==(const ImportRow&) const = default;
 };
 
 struct ImportTable {
     std::vector<ImportRow> added, held, skipped, breaks;
-    std::string summary;  ///< "42 lines, 3 already in the books, 1 row skipped"
+    std::string summary;  ///< "42 lines, 3 already in the books, 1 repeated in this file, 1 row skipped"
     /// "Opening ₹100.00 + lines ₹50.00 = closing ₹150.00"; empty where the file has no balances.
     std::string proof;
     bool closes = true;
 
     [[nodiscard]] const std::vector<ImportRow>& list(ImportList which) const;
     [[nodiscard]] std::set<UUID> anyway() const;
-    [[nodiscard]] std::size_t count() const;  ///< lines that come in
+    [[nodiscard]] std::size_t count() const;     ///< lines that come in
+    [[nodiscard]] std::size_t repeated() const;  ///< those of `held` that the file repeats
 };
 [[nodiscard]] ImportTable importTable(const Library& library, const BankImport::Parsed& parsed,
                                       const Currency& currency);
@@ -106,10 +108,10 @@ struct StatementEdit {
 };
 struct Imported {
     Library library;
-    int added = 0, held = 0;
+    int added = 0, held = 0, repeated = 0;
 };
 [[nodiscard]] Imported importStatement(Library library, const StatementEdit& edit);
-/// "42 lines added to HDFC Bank · 3 were already in the books"
+/// "42 lines added to HDFC Bank · 3 were already in the books · 1 was repeated in the file"
 [[nodiscard]] std::string outcomeText(const Imported& imported, const BankAccount& account);
 
 }  // namespace tamba

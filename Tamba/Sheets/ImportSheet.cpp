@@ -480,7 +480,10 @@ void ImportSheet::refreshTexts() {
         lists_->setTabVisible(index, count > 0 || list == ImportList::added);
     };
     tab(ImportList::added, tr("Will be added"));
-    tab(ImportList::held, tr("Already in the books"));
+    const std::size_t repeated = table.repeated();
+    tab(ImportList::held, repeated == 0                   ? tr("Already in the books")
+                          : repeated == table.held.size() ? tr("Repeated in this file")
+                                                          : tr("Already there"));
     tab(ImportList::skipped, tr("Skipped rows"));
     tab(ImportList::breaks, tr("Balance breaks"));
     proof_->setVisible(!table.proof.empty());
@@ -503,7 +506,7 @@ void ImportSheet::refreshList() {
     view_->setColumnHidden(anyway, list != ImportList::held);
     view_->setColumnWidth(why, skipped ? 480 : list == ImportList::breaks ? 400 : 300);
     rows_.setTitle(narration, skipped ? tr("Row as printed") : tr("Narration"));
-    rows_.setTitle(why, list == ImportList::held ? tr("In the books as") : tr("Why"));
+    rows_.setTitle(why, list == ImportList::held && outcome_.table.repeated() == 0 ? tr("In the books as") : tr("Why"));
     rows_.setRows(outcome_.table.list(list));
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <memory>
+#include <unordered_set>
 #include <utility>
 
 namespace tamba::Bank {
@@ -98,7 +99,7 @@ Added addTransactions(Library library, std::vector<BankTransaction> lines, std::
     });
     known.look(lines, [&](BankTransaction& line, const BankTransaction*& equal) {
         if (equal) {
-            result.skippedLines.push_back({std::move(line), equal->id});
+            result.skippedLines.push_back({std::move(line), equal->id, false});
             return;
         }
         line.accountID = account;
@@ -107,6 +108,13 @@ Added addTransactions(Library library, std::vector<BankTransaction> lines, std::
     });
     result.added = static_cast<int>(all.size() - ofBooks);
     result.skipped = static_cast<int>(result.skippedLines.size());
+    if (result.skipped > 0) {
+        std::unordered_set<UUID> fresh;
+        for (std::size_t i = ofBooks; i < all.size(); ++i) fresh.insert(all[i].second->id);
+        for (SkippedLine& skipped : result.skippedLines) skipped.repeated = fresh.contains(skipped.equal);
+        result.repeated = static_cast<int>(std::count_if(result.skippedLines.begin(), result.skippedLines.end(),
+                                                         [](const SkippedLine& one) { return one.repeated; }));
+    }
     if (result.added > 0 || !std::is_sorted(all.begin(), all.end(), isEarlier))
         library.transactions = sorted(std::move(all), ofBooks);
     result.library = std::move(library);

@@ -12,13 +12,15 @@ namespace tamba::Bank {
 /// A line that was left out because the books, or an earlier line of the same batch, hold its equal.
 struct SkippedLine {
     BankTransaction line;
-    UUID equal;  ///< the line in the books
+    UUID equal;             ///< the line in the books
+    bool repeated = false;  ///< that line came with the same batch
 };
 
 struct Added {
     Library library;
     int added = 0;
     int skipped = 0;
+    int repeated = 0;  ///< those of `skipped` that the batch itself repeats
     std::vector<SkippedLine> skippedLines;
 };
 

@@ -38,7 +38,7 @@ private slots:
         library.transactions.append(held);
         const auto parsed = tamba::parsed(file, reading(file), Currency::inr());
         ImportTable table = importTable(library, parsed, Currency::inr());
-        QCOMPARE(table.summary, std::string("4 lines, 2 already in the books, 1 row skipped"));
+        QCOMPARE(table.summary, std::string("4 lines, 1 already in the books, 1 repeated in this file, 1 row skipped"));
         QCOMPARE(table.added.size(), std::size_t(2));
         QCOMPARE(table.added[0].moneyOut, std::string("₹20.00"));
         QCOMPARE(table.added[1].moneyIn, std::string("₹100.00"));

@@ -34,6 +34,8 @@ TEST(Bank, addsWhatTheBooksDoNotHoldSortedByDate) {
     EXPECT_EQ(first.library.transactions[0].accountID, account);
     EXPECT_EQ(first.library.transactions[1].accountID, std::nullopt);
     ASSERT_EQ(first.skippedLines.size(), 2u);
+    EXPECT_EQ(first.repeated, 1);
+    EXPECT_TRUE(!first.skippedLines[0].repeated && first.skippedLines[1].repeated);
     EXPECT_EQ(first.skippedLines[0].equal, books.transactions[0].id);
     EXPECT_EQ(first.skippedLines[1].line.text, "A!");
     EXPECT_EQ(first.skippedLines[1].equal, lines[3].id);
