@@ -36,7 +36,7 @@ public:
     explicit Steps(QWidget* parent) : QWidget(parent) { setFixedSize(stepCount * 44 - 8, 4); }
     void set(int step) {
         step_ = step;
-        setAccessibleName(tr("Step %1 of %2").arg(step + 1).arg(stepCount));
+        setAccessibleName(QObject::tr("Step %1 of %2").arg(step + 1).arg(stepCount));
         update();
     }
     [[nodiscard]] int step() const { return step_; }
@@ -62,7 +62,7 @@ class WelcomeScreen::Sample : public QWidget {
 public:
     explicit Sample(QWidget* parent) : QWidget(parent) {
         setFixedSize(300, qRound(300 * InvoicePDF::pageSize.height / InvoicePDF::pageSize.width));
-        setAccessibleName(tr("How an invoice will look"));
+        setAccessibleName(QObject::tr("How an invoice will look"));
         wait_.setSingleShot(true);
         wait_.setInterval(120);
         wait_.callOnTimeout(this, [this] {
@@ -242,6 +242,7 @@ QWidget* WelcomeScreen::makeButtons() {
     back_ = Controls::button(tr("Back"), "welcomeBack", Controls::Kind::plain, box);
     skip_ = Controls::button(tr("Skip to My First Invoice"), "welcomeSkip", Controls::Kind::link, box);
     sampleBooks_ = Controls::button(tr("Explore the Sample Books"), "welcomeSample", Controls::Kind::link, box);
+    sampleBooks_->setToolTip(tr("Opens sample books for a made-up studio, in a folder of their own."));
     for (QPushButton* button : {next_, lookAround_, back_, skip_, sampleBooks_}) row->addWidget(button);
     row->addStretch(1);
     first_.back() = next_;

@@ -1,5 +1,6 @@
 #include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Sheets/ConflictSheet.h"
 #include "Tamba/Sheets/SettingsSheet.h"
 #include "TambaCore/Base/Files.h"
 #include "tests/app/Places.h"
@@ -31,7 +32,7 @@ QStringList textsOf(const QWidget& place) {
         if (!widget->isVisible()) continue;
         if (const auto* label = qobject_cast<const QLabel*>(widget)) texts << label->text();
         if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-            texts << button->text().remove(QLatin1Char('&')) << button->accessibleName();
+            texts << button->text().remove(QLatin1Char('&')) << button->accessibleName() << button->toolTip();
         if (const auto* field = qobject_cast<const QLineEdit*>(widget)) texts << field->text();
         if (const auto* field = qobject_cast<const QPlainTextEdit*>(widget)) texts << field->toPlainText();
         if (const auto* combo = qobject_cast<const QComboBox*>(widget)) addModel(*combo->model());
@@ -64,7 +65,10 @@ const std::vector<Fixed>& fixedTexts() {
           "Tokens: {FY} 26-27, {YYYY}, {YY}, {MM}, and {###} for the counter (one # per digit). With a year token the "
           "count restarts each year. Drafts get a number only when issued, and issued documents can only be voided, so "
           "the series never has gaps."}},
-        {"settings-Invoices", {"Round totals to whole", "(shows a round-off line)", "Thank you for your business."}},
+        {"welcome-1", {"sample books for a made-up studio"}},
+        {"settings-Invoices",
+         {"Each line can carry its own rate. Tax is worked out per line and rounded half-up.", "Round totals to whole",
+          "(shows a round-off line)", "Thank you for your business."}},
         {"settings-Categories",
          {"Software & subscriptions", "Equipment", "Travel", "Local transport", "Meals", "Office & supplies",
           "Rent & utilities", "Internet & phone", "Professional fees", "Marketing", "Bank & payment fees", "Mileage",
@@ -212,6 +216,7 @@ private slots:
         QTest::newRow("taxed abroad") << "US" << false << "Export with IGST paid";
         QTest::newRow("zone") << "SEZ" << true << "SEZ unit under LUT (no IGST)";
         QTest::newRow("taxed zone") << "SEZ" << false << "SEZ unit with IGST";
+        QTest::newRow("under the scheme") << "scheme" << true << "No tax charged";
     }
     void aDraftSaysWhatKindOfSupplyItIs() {
         QFETCH(QString, client);
@@ -221,6 +226,7 @@ private slots:
         InvoicesScreen screen(papers.model, papers.prompts, papers.actions);
         papers.change([&](Library& library) {
             library.business.lutReference = "AD270326000417X";
+            if (client == QStringLiteral("scheme")) library.business.regime = TaxRegime::gstComposition;
             library.clients.update(0, [&](Client& c) {
                 c.sez = client == QStringLiteral("SEZ");
                 if (client == QStringLiteral("US")) c.country = "US", c.stateCode.reset();
@@ -238,6 +244,21 @@ private slots:
         if (box.isVisible() && box.isChecked() != lut) box.click();
         QVERIFY2(textsOf(screen).contains(title),
                  qPrintable(screen.findChild<QLabel*>(QStringLiteral("supply"))->text()));
+    }
+
+    void aConflictNamesTheSupplies() {
+        Papers papers;
+        const auto with = [&](SupplyType supply) {
+            Library library = papers.model.library();
+            library.documents.update(0, [supply](Document& d) { d.supply = supply; });
+            return library;
+        };
+        const Library ours = with(SupplyType::simple), theirs = with(SupplyType::noTax);
+        Merged merged = merge(papers.model.library(), ours, theirs);
+        ConflictSheet sheet(nullptr, {merged.library, ours, theirs, merged.conflicts});
+        sheet.show();
+        for (const char* title : {"Standard", "No tax charged"})
+            QVERIFY2(textsOf(sheet).contains(QString::fromUtf8(title)), title);
     }
 
     void issuingSaysWhyNot() {
@@ -295,6 +316,13 @@ private slots:
              }},
             {"Issued documents keep their number. Void it instead, so the series has no gaps.",
              [](Papers& p) { p.actions.run(Action::deleteDraft, p.invoice); }},
+            {"That’s already void.",
+             [](Papers& p) {
+                 p.prompts.drive = [&](QDialog&) {
+                     p.change([&](Library& l) { l = Books::voidDocument(std::move(l), p.invoice, ""); });
+                 };
+                 p.actions.run(Action::voidDocument, p.invoice);
+             }},
             {"That works on invoices only.", [](Papers& p) { p.actions.run(Action::remind, p.estimate); }},
             {"A credit note can’t be more than what’s left on the invoice.",
              [](Papers& p) {
@@ -375,7 +403,7 @@ private slots:
 
     void suggestionsSayWhy() {
         OpenBooks books;
-        UUID spent, paid, part, tds;
+        UUID spent, near, paid, part, tds, whole;
         books.model.perform(QStringLiteral("Books"), [&](Library library, Day today) {
             library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
             Client client = Client::make("Monsoon Tea");
@@ -387,13 +415,20 @@ private slots:
             expense.vendor = "Chai Point";
             expense.amount = 250'000;
             library.expenses.append(expense);
-            const auto line = [&](std::int64_t amount, const char* text) {
-                BankTransaction made = BankTransaction::make(today, text, amount);
+            Document second = Books::newDocument(library, DocKind::invoice, client.id, today);
+            second.lines = {Line::make("Print", 1000, 900'000, 1800)};
+            library = Books::issue(Books::addDraft(std::move(library), second), second.id, today);
+            library = Books::recordPayment(std::move(library), second.id,
+                                           Payment::make(today, 500'000, 0, PaymentMethod::cash));
+            const auto line = [&](std::int64_t amount, const char* text, int later = 0) {
+                BankTransaction made = BankTransaction::make(today.addingDays(later), text, amount);
                 made.accountID = library.accounts[0].id;
                 library.transactions.append(made);
                 return made.id;
             };
             spent = line(-250'000, "UPI CHAI 4471");
+            near = line(-249'000, "UPI 4471", 1);
+            whole = line(1'062'000, "NEFT N4472");
             paid = line(118'000, "NEFT MONSOON INV/26-27/001");
             part = line(50'000, "NEFT INV/26-27/001");
             tds = line(107'000, "NEFT N4471");
@@ -405,6 +440,8 @@ private slots:
         screen.show();
         const std::pair<UUID, const char*> cases[] = {
             {spent, "same amount, same day, mentions chai"},
+            {near, "amount within 1%, 1 day apart"},
+            {whole, "same as invoice total"},
             {paid, "pays the balance, mentions INV/26-27/001, from Monsoon Tea"},
             {part, "part payment, mentions INV/26-27/001"},
             {tds, "close to the balance (TDS?)"}};
