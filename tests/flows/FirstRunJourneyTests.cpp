@@ -1,6 +1,7 @@
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/WelcomeScreen.h"
 #include "Tamba/StartUp.h"
+#include "Tamba/Translations.h"
 #include "TambaCore/Base/Files.h"
 #include "tests/flows/Person.h"
 
@@ -82,7 +83,7 @@ private slots:
         QVERIFY(!welcome.isVisible());
         QCOMPARE(model.library().business.name, std::string("Kagaz"));
         QCOMPARE(LibraryStore(toPath(place.path())).load()->business.name, std::string("Kagaz"));
-        QCOMPARE(model.undoTitle(), QStringLiteral("New Invoice"));
+        QCOMPARE(model.undoTitle(), DocumentActions::tr("New %1").arg(Translations::shown("Invoice")));
     }
 };
 
