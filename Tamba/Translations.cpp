@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/Sentences.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
@@ -11,7 +12,7 @@
 namespace tamba::Translations {
 namespace {
 
-/// Titles of the core, which knows nothing of translations, for lupdate to find.
+/// Titles and names of the core, which knows nothing of translations, for lupdate to find.
 [[maybe_unused]] constexpr const char* titles[] = {
     QT_TRANSLATE_NOOP("Rows", "Invoice"),
     QT_TRANSLATE_NOOP("Rows", "Estimate"),
@@ -44,6 +45,61 @@ namespace {
     QT_TRANSLATE_NOOP("Rows", "SEZ unit with IGST"),
     QT_TRANSLATE_NOOP("Rows", "Standard"),
     QT_TRANSLATE_NOOP("Rows", "No tax charged"),
+    QT_TRANSLATE_NOOP("Rows", "Indian rupee"),
+    QT_TRANSLATE_NOOP("Rows", "US dollar"),
+    QT_TRANSLATE_NOOP("Rows", "Euro"),
+    QT_TRANSLATE_NOOP("Rows", "Pound sterling"),
+    QT_TRANSLATE_NOOP("Rows", "UAE dirham"),
+    QT_TRANSLATE_NOOP("Rows", "Singapore dollar"),
+    QT_TRANSLATE_NOOP("Rows", "Australian dollar"),
+    QT_TRANSLATE_NOOP("Rows", "Canadian dollar"),
+    QT_TRANSLATE_NOOP("Rows", "New Zealand dollar"),
+    QT_TRANSLATE_NOOP("Rows", "Swiss franc"),
+    QT_TRANSLATE_NOOP("Rows", "Japanese yen"),
+    QT_TRANSLATE_NOOP("Rows", "Kuwaiti dinar"),
+    QT_TRANSLATE_NOOP("Rows", "Bahraini dinar"),
+    QT_TRANSLATE_NOOP("Rows", "Saudi riyal"),
+    QT_TRANSLATE_NOOP("Rows", "South African rand"),
+    QT_TRANSLATE_NOOP("Rows", "Sri Lankan rupee"),
+    QT_TRANSLATE_NOOP("Rows", "Nepalese rupee"),
+    QT_TRANSLATE_NOOP("Rows", "Bangladeshi taka"),
+    QT_TRANSLATE_NOOP("Rows", "Jammu and Kashmir"),
+    QT_TRANSLATE_NOOP("Rows", "Himachal Pradesh"),
+    QT_TRANSLATE_NOOP("Rows", "Punjab"),
+    QT_TRANSLATE_NOOP("Rows", "Chandigarh"),
+    QT_TRANSLATE_NOOP("Rows", "Uttarakhand"),
+    QT_TRANSLATE_NOOP("Rows", "Haryana"),
+    QT_TRANSLATE_NOOP("Rows", "Delhi"),
+    QT_TRANSLATE_NOOP("Rows", "Rajasthan"),
+    QT_TRANSLATE_NOOP("Rows", "Uttar Pradesh"),
+    QT_TRANSLATE_NOOP("Rows", "Bihar"),
+    QT_TRANSLATE_NOOP("Rows", "Sikkim"),
+    QT_TRANSLATE_NOOP("Rows", "Arunachal Pradesh"),
+    QT_TRANSLATE_NOOP("Rows", "Nagaland"),
+    QT_TRANSLATE_NOOP("Rows", "Manipur"),
+    QT_TRANSLATE_NOOP("Rows", "Mizoram"),
+    QT_TRANSLATE_NOOP("Rows", "Tripura"),
+    QT_TRANSLATE_NOOP("Rows", "Meghalaya"),
+    QT_TRANSLATE_NOOP("Rows", "Assam"),
+    QT_TRANSLATE_NOOP("Rows", "West Bengal"),
+    QT_TRANSLATE_NOOP("Rows", "Jharkhand"),
+    QT_TRANSLATE_NOOP("Rows", "Odisha"),
+    QT_TRANSLATE_NOOP("Rows", "Chhattisgarh"),
+    QT_TRANSLATE_NOOP("Rows", "Madhya Pradesh"),
+    QT_TRANSLATE_NOOP("Rows", "Gujarat"),
+    QT_TRANSLATE_NOOP("Rows", "Dadra and Nagar Haveli and Daman and Diu"),
+    QT_TRANSLATE_NOOP("Rows", "Maharashtra"),
+    QT_TRANSLATE_NOOP("Rows", "Karnataka"),
+    QT_TRANSLATE_NOOP("Rows", "Goa"),
+    QT_TRANSLATE_NOOP("Rows", "Lakshadweep"),
+    QT_TRANSLATE_NOOP("Rows", "Kerala"),
+    QT_TRANSLATE_NOOP("Rows", "Tamil Nadu"),
+    QT_TRANSLATE_NOOP("Rows", "Puducherry"),
+    QT_TRANSLATE_NOOP("Rows", "Andaman and Nicobar Islands"),
+    QT_TRANSLATE_NOOP("Rows", "Telangana"),
+    QT_TRANSLATE_NOOP("Rows", "Andhra Pradesh"),
+    QT_TRANSLATE_NOOP("Rows", "Ladakh"),
+    QT_TRANSLATE_NOOP("Rows", "Other Territory"),
 };
 
 std::string translateRow(const char* context, const char* text) {
@@ -52,7 +108,12 @@ std::string translateRow(const char* context, const char* text) {
 
 }  // namespace
 
-QString shown(std::string_view title) { return toQt(RowText::translate("Rows", title)); }
+QString shown(std::string_view text) { return toQt(Sentences::shown(text)); }
+
+QLocale locale() {
+    return RowText::isTranslated() ? QLocale(QLocale::Hindi, QLocale::India)
+                                   : QLocale(QLocale::English, QLocale::UnitedKingdom);
+}
 
 QString codeOf(Remembered::Appearance::Language language, const QLocale& desktop) {
     using Language = Remembered::Appearance::Language;

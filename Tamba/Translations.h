@@ -13,8 +13,10 @@ namespace tamba::Translations {
 
 /// "hi" for Hindi; empty for English, in which the texts are written.
 [[nodiscard]] QString codeOf(Remembered::Appearance::Language language, const QLocale& desktop);
-/// A title of the core or of the row builders, in the language of the windows.
-[[nodiscard]] QString shown(std::string_view title);
+/// A title or sentence of the core, the row builders or the updates, in the language of the windows.
+[[nodiscard]] QString shown(std::string_view text);
+/// For months and weekdays where the toolkit writes them.
+[[nodiscard]] QLocale locale();
 /// Has the application speak that language, as far as it is translated. Before the first window.
 void install(QCoreApplication& application, Remembered::Appearance::Language language);
 

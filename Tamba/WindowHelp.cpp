@@ -1,5 +1,6 @@
 #include "CorvexKit/LiveRecorder.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/RecorderBar.h"
 #include "Tamba/Window.h"
@@ -23,7 +24,7 @@ void Window::recordDemonstration() {
     try {
         recorder = new LiveRecorder(*this, *file, this);
     } catch (const DemoError& error) {
-        return prompts_->alert(error.sentence());
+        return prompts_->alert(Translations::shown(toStd(error.sentence())));
     }
     record_->setEnabled(false);
     auto* bar = new RecorderBar(this);
@@ -52,7 +53,7 @@ void Window::recordDemonstration() {
     });
     connect(recorder, &LiveRecorder::failed, this, [this, over](const DemoError& error) {
         over();
-        prompts_->alert(error.sentence());
+        prompts_->alert(Translations::shown(toStd(error.sentence())));
     });
     bar->adjustSize();
     bar->move(mapToGlobal(QPoint((width() - bar->width()) / 2, height() - bar->height() - 48)));

@@ -1,5 +1,7 @@
 #include "CorvexKit/UpdateService.h"
+#include "Tamba/QtText.h"
 #include "Tamba/Remembered.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Window.h"
 
@@ -26,10 +28,11 @@ void Window::tellOfUpdates() {
                       status.stage == Stage::ready || (status.stage == Stage::failed && fetching);
     if (!news || toldOfUpdate_ == status.sentence) return;
     toldOfUpdate_ = status.sentence;
+    const QString sentence = Translations::shown(toStd(status.sentence));
     // Who has the settings open reads it there.
     if (QApplication::activeModalWidget()) return;
-    if (model_.state() != AppModel::State::open) return toast_->show(status.sentence);
-    toast_->show(status.sentence, status.stage == Stage::offered ? tr("What’s New") : tr("Show"),
+    if (model_.state() != AppModel::State::open) return toast_->show(sentence);
+    toast_->show(sentence, status.stage == Stage::offered ? tr("What’s New") : tr("Show"),
                  [this] { editSettings(SettingsPlace::updates); });
 }
 

@@ -2,6 +2,7 @@
 
 #include "Tamba/Rows/DocumentRows.h"
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Bank/Rules.h"
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Base/Text.h"
@@ -277,7 +278,7 @@ BankLineFacts factsOf(const Library& library, const BankTransaction& line) {
     facts.name = nameOf(line);
     facts.narration = narrationOf(line);
     facts.amount = MoneyFormat::string(line.amount, currency);
-    facts.day = line.date.formatted("EEE, d MMM yyyy");
+    facts.day = Sentences::months(line.date.formatted("EEE")) + ", " + line.date.formatted(dayPattern);
     if (account) facts.account = account->name;
     facts.status = RowText::translate("Rows", statusOf(list));
     facts.tone = toneOf(list);
@@ -295,7 +296,8 @@ BankLineFacts factsOf(const Library& library, const BankTransaction& line) {
             facts.status = RowText::translate("Rows", "Partly matched");
             facts.tone = Tone::warning;
         }
-    if (const auto difference = Bank::exchangeDifference(library, line)) facts.exchange = difference->sentence;
+    if (const auto difference = Bank::exchangeDifference(library, line))
+        facts.exchange = Sentences::shown(difference->sentence);
     return facts;
 }
 
@@ -339,7 +341,7 @@ std::vector<MatchChoice> choicesFor(const Library& library, const BankTransactio
         MatchChoice choice;
         choice.target = suggestion.target;
         choice.score = suggestion.score;
-        choice.reason = suggestion.reason;
+        choice.reason = Sentences::reasons(suggestion.reason);
         if (suggestion.target.kind == Kind::expense) {
             const Expense* expense = library.expense(suggestion.target.id);
             if (!expense) continue;

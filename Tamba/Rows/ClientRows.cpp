@@ -31,7 +31,7 @@ std::string placeOf(const Client& client) {
     if (client.isForeign()) return client.country;
     const auto byNumber = GSTIN::isValid(client.taxID) ? GSTIN::stateCode(client.taxID) : std::nullopt;
     const auto state = IndianState::of(byNumber ? byNumber : client.stateCode);
-    return state ? std::string(state->name) : std::string();
+    return state ? RowText::translate("Rows", state->name) : std::string();
 }
 
 const char* draftTitle(DocKind kind) {

@@ -3,6 +3,7 @@
 #include "Tamba/Rows/RowText.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/DocMath.h"
+#include "TambaCore/Reports/Reports.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -321,6 +322,11 @@ std::string clientName(const Library& library, const Document& document) {
     if (document.billTo) return document.billTo->name;
     const Client* client = document.clientID ? library.client(*document.clientID) : nullptr;
     return client ? client->name : "";
+}
+
+std::string clientTitle(const Library& library, const Document& document) {
+    const std::string name = clientNameOf(library, document);
+    return name == "No client" ? RowText::translate("Rows", "No client") : name;
 }
 
 std::vector<TotalLine> totalLines(const Library& library, const Document& document) {

@@ -56,6 +56,8 @@ struct DocumentTable {
 [[nodiscard]] Tone toneOf(DocStatus status);
 /// The client frozen on the document, on a draft the present one; empty without.
 [[nodiscard]] std::string clientName(const Library& library, const Document& document);
+/// The client as reports name it, for people: “No client” in the language of the windows where there is none.
+[[nodiscard]] std::string clientTitle(const Library& library, const Document& document);
 
 /// A line of the totals below a document's lines.
 struct TotalLine {

@@ -1,6 +1,7 @@
 #include "Tamba/Rows/ExpenseRows.h"
 
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Expenses.h"
 
@@ -40,10 +41,10 @@ Status statusOf(const Library& library, const Expense& expense) {
     if (lacksRate(library, expense))
         return {RowText::translate("Rows", "No rate"),
                 RowText::translate("Rows", "Add the exchange rate to include this in reports."), Tone::danger};
-    if (expense.check) return {RowText::translate("Rows", "Check"), *attention, Tone::warning};
+    if (expense.check) return {RowText::translate("Rows", "Check"), Sentences::shown(*attention), Tone::warning};
     if (lacksCategory(library, expense) && expense.amount != 0)
-        return {RowText::translate("Rows", "No category"), *attention, Tone::neutral};
-    return {RowText::translate("Rows", "Check"), *attention, Tone::warning};
+        return {RowText::translate("Rows", "No category"), Sentences::shown(*attention), Tone::neutral};
+    return {RowText::translate("Rows", "Check"), Sentences::shown(*attention), Tone::warning};
 }
 
 /// One expense with what it is compared and searched by.
@@ -313,9 +314,9 @@ std::string titleOf(Span span, Day day, int fyStartMonth) {
     const auto days = daysOf(span, day, fyStartMonth);
     switch (span) {
         case Span::month:
-            return day.formatted("MMMM yyyy");
+            return Sentences::months(day.formatted("MMMM yyyy"));
         case Span::quarter:
-            return days->from.formatted("MMM") + "–" + days->to.formatted("MMM yyyy");
+            return Sentences::months(days->from.formatted("MMM") + "–" + days->to.formatted("MMM yyyy"));
         case Span::year:
             return RowText::filled(RowText::translate("Rows", "FY %1"), {day.financialYear(fyStartMonth).label()});
         case Span::all:

@@ -1,6 +1,7 @@
 #include "Tamba/Rows/ImportRows.h"
 
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Fields.h"
 
@@ -279,7 +280,7 @@ ImportTable importTable(const Library& library, const Parsed& parsed, const Curr
         std::vector<std::string> filled = skipped.cells;
         std::erase(filled, std::string());
         row.text = Text::join(filled, " · ");
-        row.why = skipped.reason;
+        row.why = Sentences::shown(skipped.reason);
         result.skipped.push_back(std::move(row));
     }
     for (const auto& one : parsed.balanceBreaks) {

@@ -1,7 +1,9 @@
 #include "Tamba/Rows/OverviewRows.h"
 
 #include "Tamba/Rows/BankRows.h"
+#include "Tamba/Rows/DocumentRows.h"
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Base/Check.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/Reports.h"
@@ -129,7 +131,7 @@ private:
                 continue;
             }
             OverviewItem item{.icon = "document",
-                              .title = clientNameOf(library_, invoice) + " · " + invoice.displayNumber(),
+                              .title = clientTitle(library_, invoice) + " · " + invoice.displayNumber(),
                               .tone = Tone::danger};
             item.detail =
                 RowText::filled(RowText::translate("Rows", "%1 late"), {days(invoice.dueDate.daysUntil(today_))});
@@ -246,13 +248,13 @@ private:
             const std::int64_t away = today_.daysUntil(each.due);
             OverviewDate date;
             date.day = each.due.formatted("d");
-            date.month = each.due.formatted("MMM");
+            date.month = Sentences::months(each.due.formatted("MMM"));
             date.when = away == 0   ? RowText::translate("Rows", "today")
                         : away == 1 ? RowText::translate("Rows", "tomorrow")
                                     : RowText::filled(RowText::translate("Rows", "in %1"), {days(away)});
-            date.title = each.title;
-            date.holds = each.holds;
-            date.note = each.note;
+            date.title = Sentences::shown(each.title);
+            date.holds = Sentences::shown(each.holds);
+            date.note = Sentences::shown(each.note);
             if (each.problems > 0)
                 date.problems =
                     RowText::counted(static_cast<std::size_t>(each.problems), RowText::marked("Rows", "1 problem"),

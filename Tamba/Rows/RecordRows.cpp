@@ -1,5 +1,6 @@
 #include "Tamba/Rows/RecordRows.h"
 
+#include "Tamba/Rows/DocumentRows.h"
 #include "Tamba/Rows/RowText.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/Sum.h"
@@ -101,7 +102,7 @@ RecordTable recordTable(const Library& library, const ReportRecords& records) {
         const auto found = byID.find(id);
         if (found == byID.end()) continue;
         const Document& document = *found->second;
-        add({id, true, document.issueDate, {}, clientNameOf(library, document), whatOf(document, records), {}},
+        add({id, true, document.issueDate, {}, clientTitle(library, document), whatOf(document, records), {}},
             worth.of(document), worth.own(document));
     }
     std::unordered_map<UUID, const Expense*> expenses;

@@ -1,11 +1,13 @@
 #include "Tamba/Rows/ReportRows.h"
 
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Reports/GSTReturns.h"
 #include "TambaCore/Reports/ReportTables.h"
 #include "TambaCore/Reports/TDS.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_set>
 
 namespace tamba {
@@ -18,6 +20,11 @@ constexpr const char* checkOnThePortal = RowText::marked(
 
 std::string amountText(const Library& library, std::int64_t minor) {
     return MoneyFormat::string(minor, library.home());
+}
+
+/// What stands in reports in place of a name that somebody gave.
+bool withoutName(std::string_view text) {
+    return text == "Uncategorised" || text == "No client" || text == "No project";
 }
 
 void removeDoubles(std::vector<UUID>& ids) {
@@ -99,7 +106,7 @@ void addProblems(ReportPage& page, const Library& library, const GSTReturns::GST
         if (problem.recordID) ids.push_back(*problem.recordID);
         const bool refused = problem.severity == GSTReturns::Problem::Severity::refused;
         page.remarks.push_back(
-            remark(refused ? Tone::danger : Tone::warning, problem.sentence, {}, std::move(ids), {}));
+            remark(refused ? Tone::danger : Tone::warning, Sentences::shown(problem.sentence), {}, std::move(ids), {}));
     }
 }
 
@@ -107,10 +114,10 @@ void fillSpending(ReportPage& page, const Reports& reports, const Period& period
     page.tables = {ReportTables::spending(reports, period)};
     for (const CategoryRow& row : reports.byCategory(period)) {
         ReportRecords records = recordsFor(page, period);
-        records.title = row.name;
+        records.title = row.categoryID ? row.name : Sentences::shown(row.name);
         records.expenseIDs = row.expenseIDs;
-        page.shares.push_back(
-            {row.name, amountText(reports.lib, row.amount), row.colorHex, Tone::none, row.amount, std::move(records)});
+        page.shares.push_back({records.title, amountText(reports.lib, row.amount), row.colorHex, Tone::none, row.amount,
+                               std::move(records)});
     }
     addLeftOut(page, {}, reports.leftOut(period).expenses);
 }
@@ -119,10 +126,10 @@ void fillClients(ReportPage& page, const Reports& reports, const Period& period)
     page.tables = {ReportTables::clients(reports, period)};
     for (const ClientRow& row : reports.byClient(period)) {
         ReportRecords records = recordsFor(page, period);
-        records.title = row.name;
+        records.title = withoutName(row.name) ? Sentences::shown(row.name) : row.name;
         records.documentIDs = row.documentIDs;
         page.shares.push_back(
-            {row.name, amountText(reports.lib, row.amount), {}, Tone::none, row.amount, std::move(records)});
+            {records.title, amountText(reports.lib, row.amount), {}, Tone::none, row.amount, std::move(records)});
     }
     addLeftOut(page, reports.leftOut(period).documents, {});
 }
@@ -133,11 +140,11 @@ void fillOwed(ReportPage& page, const Reports& reports) {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const AgingRow& row = rows[i];
         ReportRecords records = recordsFor(page, page.period);
-        records.title = row.label;
+        records.title = Sentences::shown(row.label);
         records.documentIDs = row.documentIDs;
         const Tone tone = i == 0 ? Tone::none : i + 1 < rows.size() ? Tone::warning : Tone::danger;
         page.shares.push_back(
-            {row.label, amountText(reports.lib, row.amount), {}, tone, row.amount, std::move(records)});
+            {records.title, amountText(reports.lib, row.amount), {}, tone, row.amount, std::move(records)});
     }
     addLeftOut(page, reports.leftOut().documents, {});
 }
@@ -372,16 +379,31 @@ ReportPage reportPage(const Library& library, const ReportChoice& choice, Day to
     return page;
 }
 
+std::string cellText(const Table& table, std::size_t row, std::size_t column) {
+    const Table::Row& line = table.rows[row];
+    if (column >= line.cells.size()) return {};
+    const Table::Column& title = table.columns[column];
+    std::string text = Tables::shown(line.cells[column], title.kind);
+    if (title.kind == Table::Kind::month && !line.isSum) return Sentences::months(text);
+    if (!std::holds_alternative<std::string>(line.cells[column])) return text;
+    if (title.title == "Quarter") return Sentences::months(text);
+    static constexpr std::array<std::string_view, 7> ofFixedWords{"Past due",  "Supplies", "Supply",         "To",
+                                                                  "Documents", "Credit",   "Place of supply"};
+    const bool fixed = line.isSum || withoutName(text) ||
+                       std::find(ofFixedWords.begin(), ofFixedWords.end(), title.title) != ofFixedWords.end();
+    return fixed ? Sentences::shown(text) : text;
+}
+
 ReportRecords recordsOf(const ReportPage& page, const Table& table, std::size_t row, std::size_t column) {
     if (row >= table.rows.size() || column >= table.columns.size()) return {};
     const Table::Row& chosen = table.rows[row];
     Period period = page.period;
-    std::string name = chosen.cells.empty() ? "" : Tables::shown(chosen.cells[0], table.columns[0].kind);
+    std::string name = cellText(table, row, 0);
     if (!chosen.cells.empty() && table.columns[0].kind == Table::Kind::month)
         if (const Day* month = std::get_if<Day>(&chosen.cells[0])) period = Period::month(*month);
     ReportRecords records = recordsFor(page, period);
     if (chosen.isSum) {
-        name = table.title;
+        name = Sentences::shown(table.title);
         std::size_t first = row;
         while (first > 0 && !table.rows[first - 1].isSum) --first;
         for (std::size_t i = first; i < row; ++i) {
@@ -397,7 +419,7 @@ ReportRecords recordsOf(const ReportPage& page, const Table& table, std::size_t 
     removeDoubles(records.expenseIDs);
     if (table.columns[column].from == Table::From::documents) records.expenseIDs.clear();
     if (table.columns[column].from == Table::From::expenses) records.documentIDs.clear();
-    records.title = column == 0 ? name : name + " · " + table.columns[column].title;
+    records.title = column == 0 ? name : name + " · " + Sentences::shown(table.columns[column].title);
     return records;
 }
 
@@ -405,7 +427,7 @@ ReportRecords recordsOf(const ReportPage& page, std::size_t month, std::size_t s
     if (month >= page.months.size()) return {};
     const MonthRow& row = page.months[month];
     ReportRecords records = recordsFor(page, Period::month(row.month));
-    records.title = row.month.formatted("MMMM yyyy") + " · " +
+    records.title = Sentences::months(row.month.formatted("MMMM yyyy")) + " · " +
                     (series == 0 ? RowText::translate("Rows", "Income") : RowText::translate("Rows", "Spending"));
     (series == 0 ? records.documentIDs : records.expenseIDs) = series == 0 ? row.documentIDs : row.expenseIDs;
     return records;

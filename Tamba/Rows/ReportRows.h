@@ -88,6 +88,8 @@ struct ReportPage {
 };
 [[nodiscard]] ReportPage reportPage(const Library& library, const ReportChoice& choice, Day today);
 
+/// The cell for people, fixed words in the language of the windows; empty where the row is shorter.
+[[nodiscard]] std::string cellText(const Table& table, std::size_t row, std::size_t column);
 /// The records behind a cell; for a sum, those of the rows that it sums up. None where nothing made the figure.
 [[nodiscard]] ReportRecords recordsOf(const ReportPage& page, const Table& table, std::size_t row, std::size_t column);
 /// Those behind a bar of the chart. `series` 0: income, 1: spending.

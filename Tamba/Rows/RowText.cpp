@@ -9,6 +9,8 @@ Translator installed = nullptr;
 
 void install(Translator translator) { installed = translator; }
 
+bool isTranslated() { return installed != nullptr; }
+
 std::string translate(const char* context, std::string_view text) {
     std::string english(text);
     return installed ? installed(context, english.c_str()) : english;

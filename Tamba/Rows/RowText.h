@@ -14,6 +14,7 @@ namespace tamba::RowText {
 using Translator = std::string (*)(const char* context, const char* text);
 /// Once, before the first row is built. Until then all texts are English.
 void install(Translator translator);
+[[nodiscard]] bool isTranslated();
 
 [[nodiscard]] std::string translate(const char* context, std::string_view text);
 /// The text with each of %1, %2 … replaced by its value; what a value itself holds stays as it is.

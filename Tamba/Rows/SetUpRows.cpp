@@ -1,6 +1,7 @@
 #include "Tamba/Rows/SetUpRows.h"
 
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/Numbering.h"
@@ -47,7 +48,7 @@ FieldNote taxIDNote(TaxRegime regime, std::string_view typed) {
     if (id.empty()) return {RowText::translate("Rows", "Leave empty while you are not registered."), Kind::plain};
     if (const auto problem = GSTIN::validate(id)) return {std::string(GSTIN::problemText(*problem)), Kind::problem};
     const auto state = IndianState::of(GSTIN::stateCode(id));
-    return {state ? state->label() : std::string(), Kind::good};
+    return {state ? Sentences::shown(state->label()) : std::string(), Kind::good};
 }
 
 FieldNote firstNumberNote(const Library& library, Day today) {

@@ -132,10 +132,11 @@ void ExpenseInspector::fill(const Expense& e) {
 
     const auto attention = Expenses::attention(library, e);
     banner_->setVisible(e.check.has_value());
-    bannerText_->setText(Controls::wrapped(toQt(e.check.value_or(std::string())), *bannerText_, 184));
-    bannerText_->setAccessibleName(toQt(e.check.value_or(std::string())));
+    const QString check = Translations::shown(e.check.value_or(std::string()));
+    bannerText_->setText(Controls::wrapped(check, *bannerText_, 184));
+    bannerText_->setAccessibleName(check);
     // A figure that is missing is named where it is to be entered.
-    category_->setToolTip(attention && !e.check ? toQt(*attention) : QString());
+    category_->setToolTip(attention && !e.check ? Translations::shown(*attention) : QString());
     receipt_->setVisible(beside_ || !e.attachments.empty());
     fillAttachments(e);
 }
@@ -173,7 +174,7 @@ void ExpenseInspector::showGSTINState() {
     QString note;
     if (!text.empty()) {
         const auto state = IndianState::of(GSTIN::stateCode(text));
-        note = problem ? toQt(GSTIN::problemText(*problem)) : state ? toQt(state->label()) : tr("Valid");
+        note = problem ? toQt(GSTIN::problemText(*problem)) : state ? Translations::shown(state->label()) : tr("Valid");
     }
     const char* role = problem ? "problem" : "good";
     gstinNote_->setText(Controls::wrapped(note, *gstinNote_, 212));

@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/BarChart.h"
 #include "Tamba/Widgets/Controls.h"
@@ -197,7 +198,7 @@ void OverviewScreen::compute() {
 
 void OverviewScreen::present(const Overview& overview) {
     stale_ = false;
-    today_->setText(toQt(model_.today().formatted("EEEE, d MMMM yyyy")));
+    today_->setText(toQt(Sentences::months(model_.today().formatted("EEEE, d MMMM yyyy"))));
     pages_->setCurrentWidget(overview.empty ? static_cast<QWidget*>(empty_) : scroll_);
     addReceipts_->setVisible(!overview.empty);
     if (overview.empty) return;
@@ -226,8 +227,8 @@ void OverviewScreen::showChart(const Overview& overview) {
     months_ = overview.months;
     std::vector<BarChart::Group> groups;
     for (const OverviewMonth& month : months_)
-        groups.push_back({toQt(month.month.formatted("MMM")),
-                          toQt(month.month.formatted("MMMM yyyy")),
+        groups.push_back({toQt(Sentences::months(month.month.formatted("MMM"))),
+                          toQt(Sentences::months(month.month.formatted("MMMM yyyy"))),
                           {month.income, month.spent}});
     chart_->set({{tr("Income"), &Colors::accent}, {tr("Spending"), &Colors::faint}}, std::move(groups),
                 model_.library().home());

@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Screens/YearEndCard.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/BarChart.h"
@@ -115,7 +116,7 @@ void ReportView::addNote(const std::string& sentence, QVBoxLayout& to) {
     // What a remark says already is not said twice.
     for (const ReportRemark& remark : page_.remarks)
         if (remark.note == sentence) return;
-    to.addWidget(wrapping(toQt(sentence), "field", content_));
+    to.addWidget(wrapping(toQt(Sentences::shown(sentence)), "field", content_));
 }
 
 void ReportView::addRemarks() {
@@ -177,8 +178,9 @@ void ReportView::addChart(const Library& library) {
     Controls::name(*chart, "reportChart", tr("Income and spending by month"));
     std::vector<BarChart::Group> groups;
     for (const MonthRow& row : page_.months)
-        groups.push_back(
-            {toQt(row.month.formatted("MMM")), toQt(row.month.formatted("MMMM yyyy")), {row.income, row.expenses}});
+        groups.push_back({toQt(Sentences::months(row.month.formatted("MMM"))),
+                          toQt(Sentences::months(row.month.formatted("MMMM yyyy"))),
+                          {row.income, row.expenses}});
     chart->set({{tr("Income"), &Colors::accent}, {tr("Spending"), &Colors::faint}}, std::move(groups), library.home());
     chart->setFixedHeight(230);
     addCard()->addWidget(chart);
@@ -195,7 +197,7 @@ void ReportView::addShares() {
         bars.push_back({toQt(share.label), toQt(share.figure), colorOf(share, colors), share.amount});
     }
     auto* widget = new ShareBars(content_);
-    Controls::name(*widget, "reportShares", toQt(page_.tables.front().title));
+    Controls::name(*widget, "reportShares", toQt(Sentences::shown(page_.tables.front().title)));
     widget->set(std::move(bars));
     addCard()->addWidget(widget);
     connect(widget, &ShareBars::chosen, this,
@@ -203,13 +205,13 @@ void ReportView::addShares() {
 }
 
 void ReportView::addTable(const Table& table) {
-    QVBoxLayout* card = addCard(toQt(table.title));
+    QVBoxLayout* card = addCard(toQt(Sentences::shown(table.title)));
     card->setContentsMargins(1, 12, 1, 10);
     card->setSpacing(4);
     // As far in as the texts of the rows.
     constexpr int indent = 11;
     card->itemAt(0)->widget()->setContentsMargins(indent, 0, indent, 0);
-    QLabel* subtitle = wrapping(toQt(table.subtitle), "field", content_);
+    QLabel* subtitle = wrapping(toQt(Sentences::shown(table.subtitle)), "field", content_);
     subtitle->setContentsMargins(indent, 0, indent, 4);
     card->addWidget(subtitle);
     if (table.rows.empty()) {

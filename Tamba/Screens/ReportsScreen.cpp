@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Screens/RecordsPane.h"
 #include "Tamba/Screens/ReportView.h"
 #include "Tamba/Translations.h"
@@ -230,7 +231,7 @@ void ReportsScreen::refreshHeader() {
         period_->choose(choice_.span, choice_.day);
     }
     period_->setVisible(!spans.empty());
-    asOf_->setText(tr("As of %1").arg(toQt(model_.today().formatted("d MMMM yyyy"))));
+    asOf_->setText(tr("As of %1").arg(toQt(Sentences::months(model_.today().formatted("d MMMM yyyy")))));
     asOf_->setVisible(spans.empty());
     basis_->setVisible(choice_.kind == ReportKind::profit);
     basis_->choose(static_cast<int>(choice_.basis));

@@ -2,6 +2,7 @@
 
 #include "Tamba/QtText.h"
 #include "Tamba/Rows/BackupRows.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 
@@ -23,7 +24,8 @@ BackupSheet::BackupSheet(QWidget* parent, BackupQuestion question)
     for (const auto& backup : question_.backups)
         list_->addItem(
             tr("%1 · %2 · %3")
-                .arg(toQt(backup.day.formatted("EEEE d MMMM yyyy")), kinds[static_cast<std::size_t>(backup.kind)],
+                .arg(toQt(Sentences::months(backup.day.formatted("EEEE d MMMM yyyy"))),
+                     kinds[static_cast<std::size_t>(backup.kind)],
                      QLocale(QLocale::English)
                          .formattedDataSize(static_cast<qint64>(backup.size), 0, QLocale::DataSizeSIFormat)));
     list_->setMinimumHeight(200);

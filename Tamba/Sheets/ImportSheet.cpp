@@ -2,6 +2,7 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Translations.h"
 #include "Tamba/Widgets/ColumnChoices.h"
 #include "Tamba/Widgets/Controls.h"
@@ -434,7 +435,7 @@ void ImportSheet::take(Outcome outcome) {
     if (fileModel_) fileModel_->setUsed(outcome_.parsed.rows);
     const bool dated = !outcome_.parsed.orderReason.empty();
     order_->setCurrentIndex(order_->findData(static_cast<int>(dated ? outcome_.parsed.order : reading_.order)));
-    orderReason_->setText(toQt(outcome_.parsed.orderReason));
+    orderReason_->setText(Translations::shown(outcome_.parsed.orderReason));
     order_->parentWidget()->setVisible(dated || file_.table.has_value());
     refreshTexts();
     if (first) focusFirst();
@@ -469,7 +470,7 @@ void ImportSheet::refreshTexts() {
     setRole(*summary_, outcome_.problem.empty() ? "sum" : "problem");
     summary_->setText(toQt(outcome_.problem.empty() ? table.summary : outcome_.problem));
     QStringList notes;
-    for (const std::string& note : outcome_.parsed.notes) notes << toQt(note);
+    for (const std::string& note : outcome_.parsed.notes) notes << toQt(Sentences::shown(note));
     if (notes.size() > 3) notes = notes.mid(0, 3) << tr("… and %1 more").arg(notes.size() - 3);
     notes_->setText(notes.join(QLatin1Char('\n')));
     notes_->setVisible(!notes.isEmpty());

@@ -27,7 +27,8 @@ PaymentSheet::PaymentSheet(QWidget* parent, const Library& library, const Docume
       balance_(Books::balance(library, invoice)) {
     const std::string who = invoice.billTo ? invoice.billTo->name : std::string();
     body().addWidget(Controls::label(
-        toQt(invoice.displayNumber() + " · " + who + " · " + MoneyFormat::string(balance_, currency_) + " due"),
+        tr("%1 · %2 · %3 due")
+            .arg(toQt(invoice.displayNumber()), toQt(who), toQt(MoneyFormat::string(balance_, currency_))),
         "field", this));
     auto* form = new Form(*this);
     amount_ = form->amount(tr("Received"), "paymentAmount");

@@ -1,6 +1,7 @@
 #include "Tamba/Sheets/VoidSheet.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "TambaCore/Base/Text.h"
@@ -23,7 +24,7 @@ QString meaning(const Library& library, const Document& document, Day today) {
         document.issueDate.lastOfMonth() < today)
         text += QStringLiteral("\n\n") +
                 QObject::tr("%1 has ended. If its GST return is filed already, make a credit note instead.")
-                    .arg(toQt(document.issueDate.formatted("MMMM yyyy")));
+                    .arg(toQt(Sentences::months(document.issueDate.formatted("MMMM yyyy"))));
     return text;
 }
 

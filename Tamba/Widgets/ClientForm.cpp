@@ -1,6 +1,7 @@
 #include "Tamba/Widgets/ClientForm.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "TambaCore/Base/Text.h"
@@ -164,7 +165,8 @@ void ClientForm::refresh() {
     if (problem)
         form_->setNote(*taxIDNote_, toQt(*problem), "problem");
     else
-        form_->setNote(*taxIDNote_, state && !now.taxID.empty() ? toQt(state->label()) : QString(), "good");
+        form_->setNote(*taxIDNote_, state && !now.taxID.empty() ? Translations::shown(state->label()) : QString(),
+                       "good");
     // The number tells the state; nobody has to choose it as well.
     if (!filling_ && state && !problem && !now.stateCode && GSTIN::isValid(now.taxID))
         chooseData(*state_, toQt(state->code));

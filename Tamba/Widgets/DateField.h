@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tamba/Translations.h"
 #include "TambaCore/Model/Day.h"
 
 #include <QCalendarWidget>
@@ -19,7 +20,7 @@ public:
         setLocale(QLocale(QLocale::English, QLocale::UnitedKingdom));
         setDisplayFormat(QStringLiteral("d MMM yyyy"));
         setCalendarPopup(true);
-        calendarWidget()->setLocale(locale());
+        calendarWidget()->setLocale(Translations::locale());
         calendarWidget()->setFirstDayOfWeek(Qt::Monday);
         calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     }

@@ -2,9 +2,12 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/RowText.h"
 #include "Tamba/Rows/SetUpRows.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/DateField.h"
+#include "TambaCore/Base/Countries.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Tax.h"
 
@@ -137,7 +140,8 @@ void chooseData(QComboBox& combo, const QString& data) { combo.setCurrentIndex(s
 
 void fillStates(QComboBox& combo, const QString& none) {
     combo.addItem(none, QString());
-    for (const IndianState& state : IndianState::all()) combo.addItem(toQt(state.label()), toQt(state.code));
+    for (const IndianState& state : IndianState::all())
+        combo.addItem(Translations::shown(state.label()), toQt(state.code));
 }
 
 void fillCountries(QComboBox& combo, const std::string& present) {
@@ -146,7 +150,7 @@ void fillCountries(QComboBox& combo, const std::string& present) {
         const auto territory = static_cast<QLocale::Territory>(number);
         const QString code = QLocale::territoryToCode(territory);
         // Continents have numbers for codes.
-        if (code.size() == 2 && code != QLatin1String("IN")) codes.emplace(QLocale::territoryToString(territory), code);
+        if (code.size() == 2 && code != QLatin1String("IN")) codes.emplace(countryName(code), code);
     }
     combo.addItem(QObject::tr("India"), QStringLiteral("IN"));
     for (const auto& [name, code] : codes) combo.addItem(name, code);
@@ -156,7 +160,10 @@ void fillCountries(QComboBox& combo, const std::string& present) {
 
 QString countryName(const QString& code) {
     const QLocale::Territory territory = code.size() == 2 ? QLocale::codeToTerritory(code) : QLocale::AnyTerritory;
-    return territory == QLocale::AnyTerritory ? code : QLocale::territoryToString(territory);
+    if (territory == QLocale::AnyTerritory) return code;
+    // The toolkit knows English names only.
+    return RowText::isTranslated() ? toQt(tamba::countryName(toStd(code), "hi"))
+                                   : QLocale::territoryToString(territory);
 }
 
 void fillCategories(QComboBox& combo, const Library& library) {
@@ -169,7 +176,7 @@ void fillCategories(QComboBox& combo, const Library& library) {
 
 void fillCurrencies(QComboBox& combo, const std::string& present) {
     for (const Currency& currency : Currency::all())
-        combo.addItem(toQt(currency.code + " · " + currency.name), toQt(currency.code));
+        combo.addItem(Translations::shown(currency.code + " · " + currency.name), toQt(currency.code));
     if (combo.findData(toQt(present)) < 0) combo.addItem(toQt(present), toQt(present));
     chooseData(combo, toQt(present));
 }

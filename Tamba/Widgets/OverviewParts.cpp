@@ -137,7 +137,7 @@ void DateTile::set(const OverviewDate& date) {
     date_ = date;
     goal_ = date.goal;
     setToolTip(toQt(date.note));
-    describe(toQt(date.title + ", due " + date.day + " " + date.month + ", " + date.when),
+    describe(tr("%1, due %2, %3").arg(toQt(date.title), toQt(date.day + " " + date.month), toQt(date.when)),
              toQt(date.holds + ". " + (date.problems.empty() ? "" : date.problems + ". ") + date.note));
 }
 

@@ -2,6 +2,8 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/ReportRows.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/RowDelegate.h"
 
@@ -59,9 +61,7 @@ void TableModel::setTable(Table table) {
 }
 
 std::string TableModel::text(int row, int column) const {
-    const auto& cells = table_.rows.at(static_cast<std::size_t>(row)).cells;
-    const auto at = static_cast<std::size_t>(column);
-    return at < cells.size() ? Tables::shown(cells[at], table_.columns.at(at).kind) : std::string();
+    return cellText(table_, static_cast<std::size_t>(row), static_cast<std::size_t>(column));
 }
 
 QString TableModel::details(int row, int column) const {
@@ -117,7 +117,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     const Table::Column& column = table_.columns[static_cast<std::size_t>(section)];
-    if (role == Qt::DisplayRole) return toQt(column.title);
+    if (role == Qt::DisplayRole) return toQt(Sentences::shown(column.title));
     if (role == Qt::TextAlignmentRole)
         return QVariant((isAtLeft(column.kind) ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     return {};
@@ -183,7 +183,7 @@ TableView::TableView(QWidget* parent) : QTableView(parent) {
 void TableView::setTable(const Table& table) {
     horizontalHeader()->setSortIndicatorShown(false);
     model_.setTable(table);
-    setAccessibleName(toQt(table.title));
+    setAccessibleName(toQt(Sentences::shown(table.title)));
     measure();
     arrange();
     updateGeometry();
@@ -285,17 +285,18 @@ void TableView::measure() {
     asked_.clear();
     askedStacked_.clear();
     for (int column = 0; column < model_.columnCount(); ++column) {
-        int width = title.horizontalAdvance(toQt(table().columns[static_cast<std::size_t>(column)].title)) + indicator;
+        int width = title.horizontalAdvance(model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        width += indicator;
         // Most rows are shorter than the widest by far: only those that come near it are measured.
-        std::size_t longest = 0;
+        qsizetype longest = 0;
         int below = 0;
         for (int row = 0; row < model_.rowCount(); ++row) {
-            const std::string text = model_.text(row, column);
+            const QString text = toQt(model_.text(row, column));
             below = std::max(below, detail.horizontalAdvance(model_.details(row, column)));
             if (text.size() + 4 < longest) continue;
             longest = std::max(longest, text.size());
             const bool sum = table().rows[static_cast<std::size_t>(row)].isSum;
-            width = std::max(width, (sum ? strong : plain).horizontalAdvance(toQt(text)));
+            width = std::max(width, (sum ? strong : plain).horizontalAdvance(text));
         }
         asked_.push_back(width + padding);
         askedStacked_.push_back(std::max(width, below) + padding);

@@ -219,6 +219,14 @@
         <source>Order By</source>
         <translation>क्रम चुनें</translation>
     </message>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>चरण %1, कुल %2</translation>
+    </message>
+    <message>
+        <source>How an invoice will look</source>
+        <translation>इनवॉइस कैसा दिखेगा</translation>
+    </message>
 </context>
 <context>
     <name>Rows</name>
@@ -1846,6 +1854,1354 @@
         <source>No tax charged</source>
         <translation>कोई कर नहीं लगाया</translation>
     </message>
+    <message>
+        <source>No client</source>
+        <translation>कोई ग्राहक नहीं</translation>
+    </message>
+    <message>
+        <source>GSTR-1 for %1</source>
+        <translation>%1 का GSTR-1</translation>
+    </message>
+    <message>
+        <source>GSTR-3B for %1</source>
+        <translation>%1 का GSTR-3B</translation>
+    </message>
+    <message>
+        <source>CMP-08 for %1</source>
+        <translation>%1 का CMP-08</translation>
+    </message>
+    <message>
+        <source>GSTR-4 for %1</source>
+        <translation>%1 का GSTR-4</translation>
+    </message>
+    <message>
+        <source>Advance tax for %1, up to %2 %</source>
+        <translation>%1 का अग्रिम कर, %2 % तक</translation>
+    </message>
+    <message>
+        <source>Letter of undertaking for %1</source>
+        <translation>%1 का LUT (वचन पत्र)</translation>
+    </message>
+    <message>
+        <source>Where quarterly returns were chosen (QRMP), due on the 13th after the quarter.</source>
+        <translation>जहाँ तिमाही रिटर्न (QRMP) चुना गया हो, वहाँ तिमाही के बाद की 13 तारीख़ तक।</translation>
+    </message>
+    <message>
+        <source>With this month’s input tax by the books; compare it with GSTR-2B.</source>
+        <translation>बहीखाते के अनुसार इस महीने के इनपुट टैक्स के साथ; इसे GSTR-2B से मिला लें।</translation>
+    </message>
+    <message>
+        <source>At the 6 % of services; restaurants pay 5 %, traders and makers of goods 1 %.</source>
+        <translation>सेवाओं की 6 % दर पर; रेस्तराँ 5 %, और माल के व्यापारी व निर्माता 1 % देते हैं।</translation>
+    </message>
+    <message>
+        <source>The year’s tax was paid with CMP-08.</source>
+        <translation>साल का कर CMP-08 के साथ चुकाया जा चुका है।</translation>
+    </message>
+    <message>
+        <source>Presumptive income: the whole tax at once. None below ₹10,000 after TDS.</source>
+        <translation>अनुमानित आय पर: पूरा कर एक साथ। TDS के बाद ₹10,000 से कम हो तो कुछ नहीं।</translation>
+    </message>
+    <message>
+        <source>Presumptive income: only on 15 March. None below ₹10,000 after TDS.</source>
+        <translation>अनुमानित आय पर: केवल 15 मार्च को। TDS के बाद ₹10,000 से कम हो तो कुछ नहीं।</translation>
+    </message>
+    <message>
+        <source>Form RFD-11, before the year’s first export or supply to an SEZ without tax.</source>
+        <translation>फ़ॉर्म RFD-11, साल के पहले निर्यात या SEZ को बिना कर की पहली आपूर्ति से पहले।</translation>
+    </message>
+    <message>
+        <source>%1 so far</source>
+        <translation>अब तक %1</translation>
+    </message>
+    <message>
+        <source>Nil return</source>
+        <translation>शून्य रिटर्न</translation>
+    </message>
+    <message>
+        <source>nothing to pay</source>
+        <translation>कुछ नहीं देना</translation>
+    </message>
+    <message>
+        <source>1 invoice this year under %1</source>
+        <translation>इस साल 1 इनवॉइस, %1 के तहत</translation>
+    </message>
+    <message>
+        <source>%1 invoices this year under %2</source>
+        <translation>इस साल %1 इनवॉइस, %2 के तहत</translation>
+    </message>
+    <message>
+        <source>a letter without its number in Settings</source>
+        <translation>ऐसा LUT जिसका नंबर सेटिंग में नहीं है</translation>
+    </message>
+    <message>
+        <source>same amount</source>
+        <translation>रक़म वही</translation>
+    </message>
+    <message>
+        <source>amount within 1%</source>
+        <translation>रक़म में 1% से कम अंतर</translation>
+    </message>
+    <message>
+        <source>same day</source>
+        <translation>उसी दिन</translation>
+    </message>
+    <message>
+        <source>1 day apart</source>
+        <translation>1 दिन का अंतर</translation>
+    </message>
+    <message>
+        <source>%1 days apart</source>
+        <translation>%1 दिन का अंतर</translation>
+    </message>
+    <message>
+        <source>mentions %1</source>
+        <translation>%1 का ज़िक्र</translation>
+    </message>
+    <message>
+        <source>pays the balance</source>
+        <translation>बकाया के बराबर</translation>
+    </message>
+    <message>
+        <source>part payment</source>
+        <translation>आंशिक भुगतान</translation>
+    </message>
+    <message>
+        <source>close to the balance (TDS?)</source>
+        <translation>बकाया के क़रीब (TDS?)</translation>
+    </message>
+    <message>
+        <source>same as invoice total</source>
+        <translation>इनवॉइस के कुल के बराबर</translation>
+    </message>
+    <message>
+        <source>from %1</source>
+        <translation>%1 से</translation>
+    </message>
+    <message>
+        <source>%1 more than at the rate of %2: an exchange gain.</source>
+        <translation>%2 की दर से %1 ज़्यादा: विनिमय लाभ।</translation>
+    </message>
+    <message>
+        <source>%1 less than at the rate of %2: an exchange loss.</source>
+        <translation>%2 की दर से %1 कम: विनिमय हानि।</translation>
+    </message>
+    <message>
+        <source>Income is the taxable value of invoices issued in each month, less credit notes. Expenses count net of tax you reclaim.</source>
+        <translation>आय हर महीने जारी इनवॉइस का कर योग्य मूल्य है, क्रेडिट नोट घटाकर। ख़र्च में से वह कर घटा है जिसका क्रेडिट आप लेते हैं।</translation>
+    </message>
+    <message>
+        <source>Income is the taxable share of payments received (TDS included) in each month.</source>
+        <translation>आय हर महीने मिले भुगतानों (TDS सहित) का कर योग्य हिस्सा है।</translation>
+    </message>
+    <message>
+        <source>Taxable value of the invoices dated in this time. Credit notes are not taken off.</source>
+        <translation>इस अवधि की तारीख़ वाले इनवॉइस का कर योग्य मूल्य। क्रेडिट नोट नहीं घटाए गए।</translation>
+    </message>
+    <message>
+        <source>%1 more than invoiced has come in or was credited. It is not taken off here.</source>
+        <translation>इनवॉइस से %1 ज़्यादा मिला है या क्रेडिट हुआ है। यहाँ उसे घटाया नहीं गया।</translation>
+    </message>
+    <message>
+        <source>Compare with the certificates (Form 16A, from April 2026 Form 131). A client may have booked the tax at the date of the invoice, in another quarter or year.</source>
+        <translation>प्रमाणपत्रों (फ़ॉर्म 16A, अप्रैल 2026 से फ़ॉर्म 131) से मिला लें। हो सकता है ग्राहक ने कर इनवॉइस की तारीख़ पर, किसी और तिमाही या साल में दर्ज किया हो।</translation>
+    </message>
+    <message>
+        <source>Income by invoice date. A line that bills an expense counts for the expense’s project, any other for its client’s project where the client has just one.</source>
+        <translation>आय इनवॉइस की तारीख़ से। जो पंक्ति कोई ख़र्च बिल करती है, वह उस ख़र्च के प्रोजेक्ट में गिनी जाती है; बाकी पंक्तियाँ ग्राहक के प्रोजेक्ट में, जब उसका एक ही प्रोजेक्ट हो।</translation>
+    </message>
+    <message>
+        <source>Credit counts only where the vendor’s invoice is in GSTR-2B.</source>
+        <translation>क्रेडिट तभी मिलता है जब विक्रेता का इनवॉइस GSTR-2B में हो।</translation>
+    </message>
+    <message>
+        <source>%1 of tax on expenses is not claimed.</source>
+        <translation>ख़र्चों पर %1 कर का क्रेडिट नहीं लिया गया।</translation>
+    </message>
+    <message>
+        <source>With the credit of this period alone: what was left of earlier ones is not in the books.</source>
+        <translation>केवल इस अवधि के क्रेडिट से: पहले की अवधियों का बचा क्रेडिट बहीखाते में नहीं है।</translation>
+    </message>
+    <message>
+        <source>On %1</source>
+        <translation>%1 को</translation>
+    </message>
+    <message>
+        <source>Tax year %1, by the day of payment</source>
+        <translation>कर वर्ष %1, भुगतान के दिन से</translation>
+    </message>
+    <message>
+        <source>Tax year %1</source>
+        <translation>कर वर्ष %1</translation>
+    </message>
+    <message>
+        <source>An invoice of %1</source>
+        <translation>%1 का एक इनवॉइस</translation>
+    </message>
+    <message>
+        <source>A credit note of %1</source>
+        <translation>%1 का एक क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>%1 is still a draft. Only what is issued counts.</source>
+        <translation>%1: अभी ड्राफ़्ट है। केवल जारी दस्तावेज़ गिने जाते हैं।</translation>
+    </message>
+    <message>
+        <source>This return is for businesses under the regular GST regime.</source>
+        <translation>यह रिटर्न सामान्य GST व्यवस्था वाले व्यवसायों के लिए है।</translation>
+    </message>
+    <message>
+        <source>Your business details have no GSTIN.</source>
+        <translation>आपके व्यवसाय के ब्योरे में GSTIN नहीं है।</translation>
+    </message>
+    <message>
+        <source>Your own GSTIN is wrong. %1</source>
+        <translation>आपका अपना GSTIN ग़लत है। %1</translation>
+    </message>
+    <message>
+        <source>The return is in rupees, and the home currency of these books is %1.</source>
+        <translation>रिटर्न रुपये में है, और इस बहीखाते की घरेलू मुद्रा %1 है।</translation>
+    </message>
+    <message>
+        <source>%1 has no number.</source>
+        <translation>%1: नंबर नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 has a number the portal refuses: at most 16 letters, digits, “-” and “/”, and not only zeros.</source>
+        <translation>%1: यह नंबर पोर्टल नहीं लेगा: ज़्यादा से ज़्यादा 16 अक्षर, अंक, “-” और “/”, और केवल शून्य नहीं।</translation>
+    </message>
+    <message>
+        <source>%1 has the number of another document; capitals make no difference.</source>
+        <translation>%1: यही नंबर किसी और दस्तावेज़ का है; बड़े-छोटे अक्षरों से फ़र्क़ नहीं पड़ता।</translation>
+    </message>
+    <message>
+        <source>%1 is dated before GST began.</source>
+        <translation>%1: तारीख़ GST शुरू होने से पहले की है।</translation>
+    </message>
+    <message>
+        <source>%1 is no supply under GST, so it is not in this return.</source>
+        <translation>%1: GST के तहत आपूर्ति नहीं है, इसलिए इस रिटर्न में नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 is to an SEZ without a valid GSTIN of the buyer, so it is left out.</source>
+        <translation>%1: SEZ के लिए है पर ख़रीदार का सही GSTIN नहीं है, इसलिए शामिल नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 comes to nothing, so no table holds it.</source>
+        <translation>%1: कुल शून्य है, इसलिए किसी तालिका में नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 has no exchange rate, so it is left out.</source>
+        <translation>%1: विनिमय दर नहीं है, इसलिए शामिल नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 has a figure that is too large to be right, so it is left out.</source>
+        <translation>%1: कोई आँकड़ा इतना बड़ा है कि सही नहीं हो सकता, इसलिए शामिल नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 has “%2” as the client’s GSTIN, which is not valid. It is reported as a sale to a consumer, and the client gets no credit.</source>
+        <translation>%1: ग्राहक का GSTIN “%2” सही नहीं है। यह उपभोक्ता को बिक्री के रूप में जाएगा, और ग्राहक को क्रेडिट नहीं मिलेगा।</translation>
+    </message>
+    <message>
+        <source>%1 has no place of supply.</source>
+        <translation>%1: आपूर्ति का स्थान नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 charges CGST and SGST, but its place of supply is another state.</source>
+        <translation>%1: CGST और SGST लगाया है, पर आपूर्ति का स्थान दूसरा राज्य है।</translation>
+    </message>
+    <message>
+        <source>%1 charges IGST, but its place of supply is your own state.</source>
+        <translation>%1: IGST लगाया है, पर आपूर्ति का स्थान आपका अपना राज्य है।</translation>
+    </message>
+    <message>
+        <source>%1 has lines at %2, a rate the portal doesn’t know.</source>
+        <translation>%1: कुछ पंक्तियों की दर %2 है, जिसे पोर्टल नहीं जानता।</translation>
+    </message>
+    <message>
+        <source>%1 adds up its tax at %2 line by line, which differs by %3 from the tax on their sum. The portal has refused such differences.</source>
+        <translation>%1: %2 पर कर हर पंक्ति का जोड़ा गया है, जो कुल पर लगे कर से %3 अलग है। पोर्टल ऐसे अंतर ठुकरा चुका है।</translation>
+    </message>
+    <message>
+        <source>%1 has lines without an HSN or SAC code.</source>
+        <translation>%1: कुछ पंक्तियों में HSN या SAC कोड नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 has the HSN or SAC code “%2”, which the portal refuses: %3 to 8 digits, and 4 or 6 for services.</source>
+        <translation>%1: HSN या SAC कोड “%2” पोर्टल नहीं लेगा: %3 से 8 अंक, और सेवाओं के लिए 4 या 6।</translation>
+    </message>
+    <message>
+        <source>%1 came after %2, when the tax of %3 could last be reduced.</source>
+        <translation>%1: %2 के बाद का है, जो %3 का कर घटाने की आख़िरी तारीख़ थी।</translation>
+    </message>
+    <message>
+        <source>1 number between %1 and %2 belongs to no document of this period.</source>
+        <translation>%1 और %2 के बीच 1 नंबर इस अवधि के किसी दस्तावेज़ का नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 numbers between %2 and %3 belong to no document of this period.</source>
+        <translation>%2 और %3 के बीच के %1 नंबर इस अवधि के किसी दस्तावेज़ के नहीं हैं।</translation>
+    </message>
+    <message>
+        <source>Every date in this file can be read in one way only.</source>
+        <translation>इस फ़ाइल की हर तारीख़ एक ही तरह से पढ़ी जा सकती है।</translation>
+    </message>
+    <message>
+        <source>Dates were read as %1: %2 of them are no days when read as %3.</source>
+        <translation>तारीख़ें %1 के क्रम में पढ़ी गईं: %3 के क्रम में इनमें से %2 तारीख़ें होतीं ही नहीं।</translation>
+    </message>
+    <message>
+        <source>Dates were read as %1.</source>
+        <translation>तारीख़ें %1 के क्रम में पढ़ी गईं।</translation>
+    </message>
+    <message>
+        <source>The dates may be meant as %1: then all are days, run in one direction and lie close together.</source>
+        <translation>शायद तारीख़ें %1 के क्रम में हों: तब सभी सही तारीख़ें हैं, एक ही दिशा में चलती हैं और पास-पास हैं।</translation>
+    </message>
+    <message>
+        <source>day, month, year</source>
+        <translation>दिन, महीना, साल</translation>
+    </message>
+    <message>
+        <source>month, day, year</source>
+        <translation>महीना, दिन, साल</translation>
+    </message>
+    <message>
+        <source>year, month, day</source>
+        <translation>साल, महीना, दिन</translation>
+    </message>
+    <message>
+        <source>Day and month may be swapped in some dates: those with days up to the 12th are written in another way than the later ones, as after a pass through a spreadsheet program of another country.</source>
+        <translation>कुछ तारीख़ों में दिन और महीना आपस में बदले हो सकते हैं: 12 तक के दिनों वाली तारीख़ें बाकी से अलग ढंग से लिखी हैं, जैसा दूसरे देश के स्प्रेडशीट प्रोग्राम से गुज़रने पर होता है।</translation>
+    </message>
+    <message>
+        <source>Nothing in this file says which way the money went: all amounts were read as money in.</source>
+        <translation>इस फ़ाइल में कहीं नहीं लिखा कि पैसा आया या गया: सारी रक़में जमा के रूप में पढ़ी गईं।</translation>
+    </message>
+    <message>
+        <source>This looks like a card whose charges are printed as positive amounts: the signs may have to be turned.</source>
+        <translation>यह ऐसा कार्ड लगता है जिसके ख़र्च धनात्मक रक़म के रूप में छपे हैं: शायद चिह्न उलटने हों।</translation>
+    </message>
+    <message>
+        <source>Some amounts are negative but marked as money in; the sign was taken, not the mark.</source>
+        <translation>कुछ रक़में ऋणात्मक हैं पर उन पर जमा लिखा है; चिह्न माना गया, लिखा हुआ नहीं।</translation>
+    </message>
+    <message>
+        <source>The column “%1” holds amounts too, which were not read.</source>
+        <translation>कॉलम “%1” में भी रक़में हैं, जो पढ़ी नहीं गईं।</translation>
+    </message>
+    <message>
+        <source>Two columns could say which way the money went; “%1”, column %2, was taken.</source>
+        <translation>दो कॉलम बता सकते थे कि पैसा आया या गया; “%1”, कॉलम %2, माना गया।</translation>
+    </message>
+    <message>
+        <source>Updates are off: this copy was built without a place to get them from.</source>
+        <translation>अपडेट बंद हैं: यह प्रति ऐसी बनी है कि उसे अपडेट लाने की जगह नहीं बताई गई।</translation>
+    </message>
+    <message>
+        <source>Looking for updates…</source>
+        <translation>अपडेट देखे जा रहे हैं…</translation>
+    </message>
+    <message>
+        <source>Fetching %1…</source>
+        <translation>%1 लाया जा रहा है…</translation>
+    </message>
+    <message>
+        <source>%1 is ready. It is installed when you quit.</source>
+        <translation>%1 तैयार है। बंद करते समय लगाया जाएगा।</translation>
+    </message>
+    <message>
+        <source>%1 is available. It comes with the updates of your system.</source>
+        <translation>%1 उपलब्ध है। यह आपके सिस्टम के अपडेट के साथ आता है।</translation>
+    </message>
+    <message>
+        <source>%1 is available, but not for this kind of computer.</source>
+        <translation>%1 उपलब्ध है, पर इस तरह के कंप्यूटर के लिए नहीं।</translation>
+    </message>
+    <message>
+        <source>%1 is available.</source>
+        <translation>%1 उपलब्ध है।</translation>
+    </message>
+    <message>
+        <source>%1 is the latest version.</source>
+        <translation>%1 सबसे नया संस्करण है।</translation>
+    </message>
+    <message>
+        <source>%1 is installed; it is there when the program starts again.</source>
+        <translation>%1 लगा दिया गया है; प्रोग्राम फिर शुरू होने पर वही चलेगा।</translation>
+    </message>
+    <message>
+        <source>%1 didn’t start on this computer, so %2 stays in use until a later version is out.</source>
+        <translation>%1 इस कंप्यूटर पर शुरू नहीं हुआ, इसलिए आगे का संस्करण आने तक %2 चलता रहेगा।</translation>
+    </message>
+    <message>
+        <source>The server of the updates couldn’t prove who it is, so nothing was fetched.</source>
+        <translation>अपडेट का सर्वर अपनी पहचान साबित नहीं कर सका, इसलिए कुछ नहीं लाया गया।</translation>
+    </message>
+    <message>
+        <source>The server of the updates leads to a place that isn’t safe, so nothing was fetched.</source>
+        <translation>अपडेट का सर्वर असुरक्षित जगह ले जाता है, इसलिए कुछ नहीं लाया गया।</translation>
+    </message>
+    <message>
+        <source>The server of the updates leads round in circles, so nothing was fetched.</source>
+        <translation>अपडेट का सर्वर गोल-गोल घुमाता है, इसलिए कुछ नहीं लाया गया।</translation>
+    </message>
+    <message>
+        <source>The server of the updates doesn’t have what was asked for at the moment.</source>
+        <translation>जो माँगा गया, वह अपडेट के सर्वर पर अभी नहीं है।</translation>
+    </message>
+    <message>
+        <source>The server of the updates can’t be reached at the moment.</source>
+        <translation>अपडेट का सर्वर अभी नहीं मिल रहा है।</translation>
+    </message>
+    <message>
+        <source>The server of the updates sent more than a list of updates can be.</source>
+        <translation>अपडेट के सर्वर ने अपडेट की सूची से कहीं ज़्यादा भेजा।</translation>
+    </message>
+    <message>
+        <source>The list of updates isn’t signed by the makers of %1, so nothing in it was used.</source>
+        <translation>अपडेट की सूची पर %1 बनाने वालों के हस्ताक्षर नहीं हैं, इसलिए उसमें से कुछ नहीं लिया गया।</translation>
+    </message>
+    <message>
+        <source>The list of updates can’t be read.</source>
+        <translation>अपडेट की सूची पढ़ी नहीं जा सकती।</translation>
+    </message>
+    <message>
+        <source>The list of updates can’t be read: “%1” is missing or makes no sense.</source>
+        <translation>अपडेट की सूची पढ़ी नहीं जा सकती: “%1” नहीं है या उसका कोई अर्थ नहीं।</translation>
+    </message>
+    <message>
+        <source>The list of updates is dated after today. Set this computer’s date, then look again.</source>
+        <translation>अपडेट की सूची पर आज के बाद की तारीख़ है। इस कंप्यूटर की तारीख़ ठीक करें, फिर देखें।</translation>
+    </message>
+    <message>
+        <source>The list of updates is out of date, and a newer one may be held back. Nothing in it was used.</source>
+        <translation>अपडेट की सूची पुरानी हो चुकी है, और हो सकता है नई रोकी गई हो। उसमें से कुछ नहीं लिया गया।</translation>
+    </message>
+    <message>
+        <source>The list of updates is older than one that was here before, so nothing in it was used.</source>
+        <translation>अपडेट की सूची पहले आ चुकी सूची से पुरानी है, इसलिए उसमें से कुछ नहीं लिया गया।</translation>
+    </message>
+    <message>
+        <source>%1 took too long to fetch; what is here already stays for the next time.</source>
+        <translation>%1 लाने में बहुत देर लगी; जितना आ चुका है, वह अगली बार के लिए रहेगा।</translation>
+    </message>
+    <message>
+        <source>%1 isn’t as long as announced, so it was thrown away.</source>
+        <translation>%1 उतना बड़ा नहीं है जितना बताया गया था, इसलिए हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>%1 is longer than announced, so it was thrown away.</source>
+        <translation>%1 बताए गए आकार से बड़ा है, इसलिए हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>%1 isn’t what its makers signed, so it was thrown away.</source>
+        <translation>%1 वह नहीं है जिस पर बनाने वालों ने हस्ताक्षर किए थे, इसलिए हटा दिया गया।</translation>
+    </message>
+    <message>
+        <source>%1 can’t be kept on the disk: %2.</source>
+        <translation>%1 डिस्क पर नहीं रखा जा सकता: %2.</translation>
+    </message>
+    <message>
+        <source>The disk has no room for %1. %2 stays in use.</source>
+        <translation>डिस्क पर %1 के लिए जगह नहीं है। %2 चलता रहेगा।</translation>
+    </message>
+    <message>
+        <source>The disk has no room for %1.</source>
+        <translation>डिस्क पर %1 के लिए जगह नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 is being installed from another window already.</source>
+        <translation>%1 पहले से किसी दूसरी विंडो से लगाया जा रहा है।</translation>
+    </message>
+    <message>
+        <source>%1 can’t be installed: the version in use can’t be found.</source>
+        <translation>%1 नहीं लगाया जा सकता: चालू संस्करण नहीं मिल रहा।</translation>
+    </message>
+    <message>
+        <source>%1 has to wait until %2 was started once.</source>
+        <translation>%2 के एक बार शुरू होने तक %1 को रुकना होगा।</translation>
+    </message>
+    <message>
+        <source>The file of %1 isn’t the one its makers signed, so it wasn’t unpacked.</source>
+        <translation>%1 की फ़ाइल वह नहीं है जिस पर बनाने वालों ने हस्ताक्षर किए थे, इसलिए खोली नहीं गई।</translation>
+    </message>
+    <message>
+        <source>The file of %1 holds %2, so it wasn’t installed. %3 stays in use.</source>
+        <translation>%1 की फ़ाइल में यह मिला, इसलिए नहीं लगाई गई: %2. %3 चलता रहेगा।</translation>
+    </message>
+    <message>
+        <source>%1 couldn’t be put in its place: %2. %3 stays in use.</source>
+        <translation>%1 अपनी जगह नहीं रखा जा सका: %2. %3 चलता रहेगा।</translation>
+    </message>
+    <message>
+        <source>The film “%1” could not be made: %2.</source>
+        <translation>वीडियो “%1” नहीं बन सका: %2.</translation>
+    </message>
+    <message>
+        <source>The name of a film ends in .mp4 or .webm.</source>
+        <translation>वीडियो के नाम के अंत में .mp4 या .webm होना चाहिए।</translation>
+    </message>
+    <message>
+        <source>The film was given up.</source>
+        <translation>वीडियो बनाना छोड़ दिया गया।</translation>
+    </message>
+    <message>
+        <source>this computer has no encoder for it</source>
+        <translation>इस कंप्यूटर में इसका एनकोडर नहीं है</translation>
+    </message>
+    <message>
+        <source>it has no pictures</source>
+        <translation>इसमें कोई चित्र नहीं है</translation>
+    </message>
+    <message>
+        <source>Spending by category</source>
+        <translation>श्रेणी के हिसाब से ख़र्च</translation>
+    </message>
+    <message>
+        <source>Income by client</source>
+        <translation>ग्राहक के हिसाब से आय</translation>
+    </message>
+    <message>
+        <source>Unpaid invoices</source>
+        <translation>बकाया इनवॉइस</translation>
+    </message>
+    <message>
+        <source>Tax deducted at source</source>
+        <translation>स्रोत पर काटा गया कर (TDS)</translation>
+    </message>
+    <message>
+        <source>Tax deducted at source, by client</source>
+        <translation>स्रोत पर काटा गया कर (TDS), ग्राहक के हिसाब से</translation>
+    </message>
+    <message>
+        <source>Tax on expenses</source>
+        <translation>ख़र्चों पर कर</translation>
+    </message>
+    <message>
+        <source>3.1 Outward supplies</source>
+        <translation>3.1 बाहरी आपूर्ति</translation>
+    </message>
+    <message>
+        <source>3.2 Inter-state supplies to unregistered persons</source>
+        <translation>3.2 अपंजीकृत व्यक्तियों को अंतरराज्यीय आपूर्ति</translation>
+    </message>
+    <message>
+        <source>4 Input tax credit</source>
+        <translation>4 इनपुट टैक्स क्रेडिट</translation>
+    </message>
+    <message>
+        <source>6.1 Payment of tax</source>
+        <translation>6.1 कर का भुगतान</translation>
+    </message>
+    <message>
+        <source>4A, 6B Registered buyers and SEZ</source>
+        <translation>4A, 6B पंजीकृत ख़रीदार और SEZ</translation>
+    </message>
+    <message>
+        <source>5 Large invoices to consumers</source>
+        <translation>5 उपभोक्ताओं को बड़े इनवॉइस</translation>
+    </message>
+    <message>
+        <source>6A Exports</source>
+        <translation>6A निर्यात</translation>
+    </message>
+    <message>
+        <source>7 Other consumers</source>
+        <translation>7 अन्य उपभोक्ता</translation>
+    </message>
+    <message>
+        <source>8 Nil-rated or exempt</source>
+        <translation>8 शून्य दर या छूट वाली</translation>
+    </message>
+    <message>
+        <source>9B Credit notes to registered buyers</source>
+        <translation>9B पंजीकृत ख़रीदारों को क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>9B Credit notes on exports and large invoices</source>
+        <translation>9B निर्यात और बड़े इनवॉइस पर क्रेडिट नोट</translation>
+    </message>
+    <message>
+        <source>12 HSN summary, registered buyers</source>
+        <translation>12 HSN सारांश, पंजीकृत ख़रीदार</translation>
+    </message>
+    <message>
+        <source>12 HSN summary, other buyers</source>
+        <translation>12 HSN सारांश, अन्य ख़रीदार</translation>
+    </message>
+    <message>
+        <source>12 HSN summary</source>
+        <translation>12 HSN सारांश</translation>
+    </message>
+    <message>
+        <source>13 Documents issued</source>
+        <translation>13 जारी दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>महीना</translation>
+    </message>
+    <message>
+        <source>Profit</source>
+        <translation>लाभ</translation>
+    </message>
+    <message>
+        <source>Share</source>
+        <translation>हिस्सा</translation>
+    </message>
+    <message>
+        <source>Invoiced</source>
+        <translation>इनवॉइस की रक़म</translation>
+    </message>
+    <message>
+        <source>Past due</source>
+        <translation>कितनी देर</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>देय तारीख़</translation>
+    </message>
+    <message>
+        <source>Days late</source>
+        <translation>देर के दिन</translation>
+    </message>
+    <message>
+        <source>Quarter</source>
+        <translation>तिमाही</translation>
+    </message>
+    <message>
+        <source>Invoice date</source>
+        <translation>इनवॉइस की तारीख़</translation>
+    </message>
+    <message>
+        <source>Taxable</source>
+        <translation>कर योग्य</translation>
+    </message>
+    <message>
+        <source>Received</source>
+        <translation>मिला</translation>
+    </message>
+    <message>
+        <source>Not claimed</source>
+        <translation>क्रेडिट नहीं लिया</translation>
+    </message>
+    <message>
+        <source>Trips</source>
+        <translation>यात्राएँ</translation>
+    </message>
+    <message>
+        <source>Distance, %1</source>
+        <translation>दूरी, %1</translation>
+    </message>
+    <message>
+        <source>Recipient</source>
+        <translation>पाने वाला</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>मूल्य</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>किसे / तक</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>से</translation>
+    </message>
+    <message>
+        <source>Nil-rated or exempt</source>
+        <translation>शून्य दर या छूट</translation>
+    </message>
+    <message>
+        <source>HSN/SAC</source>
+        <translation>HSN/SAC</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>विवरण</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>मात्रा</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>दस्तावेज़</translation>
+    </message>
+    <message>
+        <source>Used</source>
+        <translation>इस्तेमाल हुए</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>नहीं मिले</translation>
+    </message>
+    <message>
+        <source>Supplies</source>
+        <translation>आपूर्तियाँ</translation>
+    </message>
+    <message>
+        <source>Credit</source>
+        <translation>क्रेडिट</translation>
+    </message>
+    <message>
+        <source>Payable</source>
+        <translation>देय कर</translation>
+    </message>
+    <message>
+        <source>Paid by credit</source>
+        <translation>क्रेडिट से चुकाया</translation>
+    </message>
+    <message>
+        <source>Paid in cash</source>
+        <translation>नक़द चुकाया</translation>
+    </message>
+    <message>
+        <source>Credit left</source>
+        <translation>बचा क्रेडिट</translation>
+    </message>
+    <message>
+        <source>Turnover</source>
+        <translation>कारोबार</translation>
+    </message>
+    <message>
+        <source>Year</source>
+        <translation>साल</translation>
+    </message>
+    <message>
+        <source>Not yet due</source>
+        <translation>अभी देय नहीं</translation>
+    </message>
+    <message>
+        <source>1–30 days</source>
+        <translation>1–30 दिन</translation>
+    </message>
+    <message>
+        <source>31–60 days</source>
+        <translation>31–60 दिन</translation>
+    </message>
+    <message>
+        <source>61–90 days</source>
+        <translation>61–90 दिन</translation>
+    </message>
+    <message>
+        <source>Over 90 days</source>
+        <translation>90 दिन से ज़्यादा</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>कोई प्रोजेक्ट नहीं</translation>
+    </message>
+    <message>
+        <source>Registered persons</source>
+        <translation>पंजीकृत व्यक्ति</translation>
+    </message>
+    <message>
+        <source>Unregistered persons</source>
+        <translation>अपंजीकृत व्यक्ति</translation>
+    </message>
+    <message>
+        <source>96 · Outside India</source>
+        <translation>96 · भारत से बाहर</translation>
+    </message>
+    <message>
+        <source>(a) Taxable, other than zero-rated</source>
+        <translation>(a) कर योग्य, शून्य-दर वाली छोड़कर</translation>
+    </message>
+    <message>
+        <source>(b) Zero-rated: exports and SEZ</source>
+        <translation>(b) शून्य-दर: निर्यात और SEZ</translation>
+    </message>
+    <message>
+        <source>(c) Nil-rated or exempt</source>
+        <translation>(c) शून्य दर या छूट वाली</translation>
+    </message>
+    <message>
+        <source>(A)(5) All other credit, by the books</source>
+        <translation>(A)(5) बाकी सारा क्रेडिट, बहीखाते से</translation>
+    </message>
+    <message>
+        <source>Outward supplies, exempt ones included</source>
+        <translation>बाहरी आपूर्ति, छूट वाली सहित</translation>
+    </message>
+    <message>
+        <source>%1 taxable</source>
+        <translation>%1 कर योग्य</translation>
+    </message>
+    <message>
+        <source>%1 to pay</source>
+        <translation>%1 देना है</translation>
+    </message>
+    <message>
+        <source>%1 turnover</source>
+        <translation>%1 कारोबार</translation>
+    </message>
+    <message>
+        <source>%1 TDS</source>
+        <translation>%1 TDS</translation>
+    </message>
+    <message>
+        <source>January</source>
+        <translation>जनवरी</translation>
+    </message>
+    <message>
+        <source>February</source>
+        <translation>फ़रवरी</translation>
+    </message>
+    <message>
+        <source>March</source>
+        <translation>मार्च</translation>
+    </message>
+    <message>
+        <source>April</source>
+        <translation>अप्रैल</translation>
+    </message>
+    <message>
+        <source>May</source>
+        <translation>मई</translation>
+    </message>
+    <message>
+        <source>June</source>
+        <translation>जून</translation>
+    </message>
+    <message>
+        <source>July</source>
+        <translation>जुलाई</translation>
+    </message>
+    <message>
+        <source>August</source>
+        <translation>अगस्त</translation>
+    </message>
+    <message>
+        <source>September</source>
+        <translation>सितंबर</translation>
+    </message>
+    <message>
+        <source>October</source>
+        <translation>अक्टूबर</translation>
+    </message>
+    <message>
+        <source>November</source>
+        <translation>नवंबर</translation>
+    </message>
+    <message>
+        <source>December</source>
+        <translation>दिसंबर</translation>
+    </message>
+    <message>
+        <source>Jan</source>
+        <translation>जन॰</translation>
+    </message>
+    <message>
+        <source>Feb</source>
+        <translation>फ़र॰</translation>
+    </message>
+    <message>
+        <source>Mar</source>
+        <translation>मार्च</translation>
+    </message>
+    <message>
+        <source>Apr</source>
+        <translation>अप्रैल</translation>
+    </message>
+    <message>
+        <source>Jun</source>
+        <translation>जून</translation>
+    </message>
+    <message>
+        <source>Jul</source>
+        <translation>जुल॰</translation>
+    </message>
+    <message>
+        <source>Aug</source>
+        <translation>अग॰</translation>
+    </message>
+    <message>
+        <source>Sept</source>
+        <translation>सित॰</translation>
+    </message>
+    <message>
+        <source>Oct</source>
+        <translation>अक्टू॰</translation>
+    </message>
+    <message>
+        <source>Nov</source>
+        <translation>नव॰</translation>
+    </message>
+    <message>
+        <source>Dec</source>
+        <translation>दिस॰</translation>
+    </message>
+    <message>
+        <source>Monday</source>
+        <translation>सोमवार</translation>
+    </message>
+    <message>
+        <source>Tuesday</source>
+        <translation>मंगलवार</translation>
+    </message>
+    <message>
+        <source>Wednesday</source>
+        <translation>बुधवार</translation>
+    </message>
+    <message>
+        <source>Thursday</source>
+        <translation>गुरुवार</translation>
+    </message>
+    <message>
+        <source>Friday</source>
+        <translation>शुक्रवार</translation>
+    </message>
+    <message>
+        <source>Saturday</source>
+        <translation>शनिवार</translation>
+    </message>
+    <message>
+        <source>Sunday</source>
+        <translation>रविवार</translation>
+    </message>
+    <message>
+        <source>Mon</source>
+        <translation>सोम</translation>
+    </message>
+    <message>
+        <source>Tue</source>
+        <translation>मंगल</translation>
+    </message>
+    <message>
+        <source>Wed</source>
+        <translation>बुध</translation>
+    </message>
+    <message>
+        <source>Thu</source>
+        <translation>गुरु</translation>
+    </message>
+    <message>
+        <source>Fri</source>
+        <translation>शुक्र</translation>
+    </message>
+    <message>
+        <source>Sat</source>
+        <translation>शनि</translation>
+    </message>
+    <message>
+        <source>Sun</source>
+        <translation>रवि</translation>
+    </message>
+    <message>
+        <source>%1 repeated in this file</source>
+        <translation>%1 इसी फ़ाइल में दोहराई गईं</translation>
+    </message>
+    <message>
+        <source>1 was repeated in the file</source>
+        <translation>1 फ़ाइल में दोहराई गई थी</translation>
+    </message>
+    <message>
+        <source>%1 were repeated in the file</source>
+        <translation>%1 फ़ाइल में दोहराई गई थीं</translation>
+    </message>
+    <message>
+        <source>The amounts in this file are in %1, and were read as %2.</source>
+        <translation>इस फ़ाइल की रक़में %1 में हैं, और %2 मानकर पढ़ी गईं।</translation>
+    </message>
+    <message>
+        <source>This file holds lines of %1 accounts.</source>
+        <translation>इस फ़ाइल में %1 खातों की पंक्तियाँ हैं।</translation>
+    </message>
+    <message>
+        <source>Lines marked as money out have no minus in this file; they were read as money in.</source>
+        <translation>इस फ़ाइल में निकासी लिखी पंक्तियों पर ऋण का चिह्न नहीं है; वे जमा मानकर पढ़ी गईं।</translation>
+    </message>
+    <message>
+        <source>Only the first sheet of the workbook was read; other sheets hold transactions too.</source>
+        <translation>वर्कबुक की केवल पहली शीट पढ़ी गई; दूसरी शीटों में भी लेन-देन हैं।</translation>
+    </message>
+    <message>
+        <source>A quotation mark in this file has no partner: rows behind it may be missing or misread.</source>
+        <translation>इस फ़ाइल में एक उद्धरण चिह्न अकेला है: उसके बाद की पंक्तियाँ छूटी या ग़लत पढ़ी गई हो सकती हैं।</translation>
+    </message>
+    <message>
+        <source>The columns change in row %1 of the file.</source>
+        <translation>फ़ाइल की पंक्ति %1 में कॉलम बदल जाते हैं।</translation>
+    </message>
+    <message>
+        <source>A quotation mark in this row is not closed and has drawn other rows into it.</source>
+        <translation>इस पंक्ति का उद्धरण चिह्न बंद नहीं हुआ और दूसरी पंक्तियाँ इसी में आ गईं।</translation>
+    </message>
+    <message>
+        <source>This row has more cells than the others: one of them holds the mark that separates cells.</source>
+        <translation>इस पंक्ति में बाकी से ज़्यादा खाने हैं: किसी एक में वही चिह्न है जो खानों को अलग करता है।</translation>
+    </message>
+    <message>
+        <source>This row has fewer cells than the others: one of them is missing.</source>
+        <translation>इस पंक्ति में बाकी से कम खाने हैं: कोई एक नहीं है।</translation>
+    </message>
+    <message>
+        <source>The bank marks this row as %1.</source>
+        <translation>बैंक ने इस पंक्ति पर %1 लिखा है।</translation>
+    </message>
+    <message>
+        <source>This row is in %1, the others are in %2.</source>
+        <translation>यह पंक्ति %1 में है, बाकी %2 में।</translation>
+    </message>
+    <message>
+        <source>This line is in %1, the others are in %2.</source>
+        <translation>यह पंक्ति %1 में है, बाकी %2 में।</translation>
+    </message>
+    <message>
+        <source>There is no date in this row.</source>
+        <translation>इस पंक्ति में तारीख़ नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no date in this line.</source>
+        <translation>इस पंक्ति में तारीख़ नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no amount in this row.</source>
+        <translation>इस पंक्ति में रक़म नहीं है।</translation>
+    </message>
+    <message>
+        <source>There is no amount in this line.</source>
+        <translation>इस पंक्ति में रक़म नहीं है।</translation>
+    </message>
+    <message>
+        <source>Both money out and money in are filled in.</source>
+        <translation>निकासी और जमा दोनों भरे हैं।</translation>
+    </message>
+    <message>
+        <source>The mark beside the amount contradicts its column.</source>
+        <translation>रक़म के साथ का चिह्न उसके कॉलम से मेल नहीं खाता।</translation>
+    </message>
+    <message>
+        <source>A minus in this column can mean two things.</source>
+        <translation>इस कॉलम में ऋण के चिह्न के दो अर्थ हो सकते हैं।</translation>
+    </message>
+    <message>
+        <source>The amount stands in another column than those of the other rows.</source>
+        <translation>रक़म बाकी पंक्तियों से अलग कॉलम में है।</translation>
+    </message>
+    <message>
+        <source>The amount is zero.</source>
+        <translation>रक़म शून्य है।</translation>
+    </message>
+    <message>
+        <source>The mark beside the amount contradicts the column that says which way the money went.</source>
+        <translation>रक़म के साथ का चिह्न उस कॉलम से मेल नहीं खाता जो बताता है कि पैसा आया या गया।</translation>
+    </message>
+    <message>
+        <source>The amount is negative, but marked as money in.</source>
+        <translation>रक़म ऋणात्मक है, पर उस पर जमा लिखा है।</translation>
+    </message>
+    <message>
+        <source>Nothing says which way the money went.</source>
+        <translation>कहीं नहीं लिखा कि पैसा आया या गया।</translation>
+    </message>
+    <message>
+        <source>This row is a balance or a total, not a transaction.</source>
+        <translation>यह पंक्ति शेष या कुल है, लेन-देन नहीं।</translation>
+    </message>
+    <message>
+        <source>%1 is not a date.</source>
+        <translation>%1 तारीख़ नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 is not an amount.</source>
+        <translation>%1 रक़म नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 can be read as two different amounts.</source>
+        <translation>%1 को दो अलग रक़मों की तरह पढ़ा जा सकता है।</translation>
+    </message>
+    <message>
+        <source>%1 is too large to be an amount.</source>
+        <translation>%1 इतना बड़ा है कि रक़म नहीं हो सकता।</translation>
+    </message>
+    <message>
+        <source>Indian rupee</source>
+        <translation>भारतीय रुपया</translation>
+    </message>
+    <message>
+        <source>US dollar</source>
+        <translation>अमेरिकी डॉलर</translation>
+    </message>
+    <message>
+        <source>Euro</source>
+        <translation>यूरो</translation>
+    </message>
+    <message>
+        <source>Pound sterling</source>
+        <translation>पाउंड स्टर्लिंग</translation>
+    </message>
+    <message>
+        <source>UAE dirham</source>
+        <translation>यूएई दिरहम</translation>
+    </message>
+    <message>
+        <source>Singapore dollar</source>
+        <translation>सिंगापुर डॉलर</translation>
+    </message>
+    <message>
+        <source>Australian dollar</source>
+        <translation>ऑस्ट्रेलियाई डॉलर</translation>
+    </message>
+    <message>
+        <source>Canadian dollar</source>
+        <translation>कनाडाई डॉलर</translation>
+    </message>
+    <message>
+        <source>New Zealand dollar</source>
+        <translation>न्यूज़ीलैंड डॉलर</translation>
+    </message>
+    <message>
+        <source>Swiss franc</source>
+        <translation>स्विस फ़्रैंक</translation>
+    </message>
+    <message>
+        <source>Japanese yen</source>
+        <translation>जापानी येन</translation>
+    </message>
+    <message>
+        <source>Kuwaiti dinar</source>
+        <translation>कुवैती दिनार</translation>
+    </message>
+    <message>
+        <source>Bahraini dinar</source>
+        <translation>बहरीनी दिनार</translation>
+    </message>
+    <message>
+        <source>Saudi riyal</source>
+        <translation>सऊदी रियाल</translation>
+    </message>
+    <message>
+        <source>South African rand</source>
+        <translation>दक्षिण अफ़्रीकी रैंड</translation>
+    </message>
+    <message>
+        <source>Sri Lankan rupee</source>
+        <translation>श्रीलंकाई रुपया</translation>
+    </message>
+    <message>
+        <source>Nepalese rupee</source>
+        <translation>नेपाली रुपया</translation>
+    </message>
+    <message>
+        <source>Bangladeshi taka</source>
+        <translation>बांग्लादेशी टका</translation>
+    </message>
+    <message>
+        <source>Jammu and Kashmir</source>
+        <translation>जम्मू और कश्मीर</translation>
+    </message>
+    <message>
+        <source>Himachal Pradesh</source>
+        <translation>हिमाचल प्रदेश</translation>
+    </message>
+    <message>
+        <source>Punjab</source>
+        <translation>पंजाब</translation>
+    </message>
+    <message>
+        <source>Chandigarh</source>
+        <translation>चंडीगढ़</translation>
+    </message>
+    <message>
+        <source>Uttarakhand</source>
+        <translation>उत्तराखंड</translation>
+    </message>
+    <message>
+        <source>Haryana</source>
+        <translation>हरियाणा</translation>
+    </message>
+    <message>
+        <source>Delhi</source>
+        <translation>दिल्ली</translation>
+    </message>
+    <message>
+        <source>Rajasthan</source>
+        <translation>राजस्थान</translation>
+    </message>
+    <message>
+        <source>Uttar Pradesh</source>
+        <translation>उत्तर प्रदेश</translation>
+    </message>
+    <message>
+        <source>Bihar</source>
+        <translation>बिहार</translation>
+    </message>
+    <message>
+        <source>Sikkim</source>
+        <translation>सिक्किम</translation>
+    </message>
+    <message>
+        <source>Arunachal Pradesh</source>
+        <translation>अरुणाचल प्रदेश</translation>
+    </message>
+    <message>
+        <source>Nagaland</source>
+        <translation>नागालैंड</translation>
+    </message>
+    <message>
+        <source>Manipur</source>
+        <translation>मणिपुर</translation>
+    </message>
+    <message>
+        <source>Mizoram</source>
+        <translation>मिज़ोरम</translation>
+    </message>
+    <message>
+        <source>Tripura</source>
+        <translation>त्रिपुरा</translation>
+    </message>
+    <message>
+        <source>Meghalaya</source>
+        <translation>मेघालय</translation>
+    </message>
+    <message>
+        <source>Assam</source>
+        <translation>असम</translation>
+    </message>
+    <message>
+        <source>West Bengal</source>
+        <translation>पश्चिम बंगाल</translation>
+    </message>
+    <message>
+        <source>Jharkhand</source>
+        <translation>झारखंड</translation>
+    </message>
+    <message>
+        <source>Odisha</source>
+        <translation>ओडिशा</translation>
+    </message>
+    <message>
+        <source>Chhattisgarh</source>
+        <translation>छत्तीसगढ़</translation>
+    </message>
+    <message>
+        <source>Madhya Pradesh</source>
+        <translation>मध्य प्रदेश</translation>
+    </message>
+    <message>
+        <source>Gujarat</source>
+        <translation>गुजरात</translation>
+    </message>
+    <message>
+        <source>Dadra and Nagar Haveli and Daman and Diu</source>
+        <translation>दादरा और नगर हवेली तथा दमन और दीव</translation>
+    </message>
+    <message>
+        <source>Maharashtra</source>
+        <translation>महाराष्ट्र</translation>
+    </message>
+    <message>
+        <source>Karnataka</source>
+        <translation>कर्नाटक</translation>
+    </message>
+    <message>
+        <source>Goa</source>
+        <translation>गोवा</translation>
+    </message>
+    <message>
+        <source>Lakshadweep</source>
+        <translation>लक्षद्वीप</translation>
+    </message>
+    <message>
+        <source>Kerala</source>
+        <translation>केरल</translation>
+    </message>
+    <message>
+        <source>Tamil Nadu</source>
+        <translation>तमिलनाडु</translation>
+    </message>
+    <message>
+        <source>Puducherry</source>
+        <translation>पुदुच्चेरी</translation>
+    </message>
+    <message>
+        <source>Andaman and Nicobar Islands</source>
+        <translation>अंडमान और निकोबार द्वीपसमूह</translation>
+    </message>
+    <message>
+        <source>Telangana</source>
+        <translation>तेलंगाना</translation>
+    </message>
+    <message>
+        <source>Andhra Pradesh</source>
+        <translation>आंध्र प्रदेश</translation>
+    </message>
+    <message>
+        <source>Ladakh</source>
+        <translation>लद्दाख</translation>
+    </message>
+    <message>
+        <source>Other Territory</source>
+        <translation>अन्य क्षेत्र</translation>
+    </message>
+    <message>
+        <source>No date was found.</source>
+        <translation>कोई तारीख़ नहीं मिली।</translation>
+    </message>
+    <message>
+        <source>The date fits only another order of day and month.</source>
+        <translation>तारीख़ दिन और महीने के दूसरे क्रम में ही बैठती है।</translation>
+    </message>
+    <message>
+        <source>The date lies in the future or more than ten years back.</source>
+        <translation>तारीख़ आगे की है या दस साल से ज़्यादा पुरानी।</translation>
+    </message>
+    <message>
+        <source>No total was found.</source>
+        <translation>कुल रक़म नहीं मिली।</translation>
+    </message>
+    <message>
+        <source>The total is the largest amount; no line was labelled as the total.</source>
+        <translation>कुल सबसे बड़ी रक़म मानी गई; किसी पंक्ति पर कुल नहीं लिखा था।</translation>
+    </message>
+    <message>
+        <source>The total does not agree with the subtotal and the tax.</source>
+        <translation>कुल, उप-योग और कर से मेल नहीं खाता।</translation>
+    </message>
+    <message>
+        <source>A figure is too large to be right, so the reports leave this expense out.</source>
+        <translation>कोई आँकड़ा इतना बड़ा है कि सही नहीं हो सकता, इसलिए यह ख़र्च रिपोर्ट में नहीं है।</translation>
+    </message>
+    <message>
+        <source>The exchange rate is too large to be right, so the reports leave this expense out.</source>
+        <translation>विनिमय दर इतनी बड़ी है कि सही नहीं हो सकती, इसलिए यह ख़र्च रिपोर्ट में नहीं है।</translation>
+    </message>
+    <message>
+        <source>The amount is missing.</source>
+        <translation>रक़म नहीं लिखी है।</translation>
+    </message>
+    <message>
+        <source>The tax is more than the amount.</source>
+        <translation>कर रक़म से ज़्यादा है।</translation>
+    </message>
+    <message>
+        <source>The parts of the tax don’t add up to the tax.</source>
+        <translation>कर के हिस्सों का जोड़ कर के बराबर नहीं है।</translation>
+    </message>
+    <message>
+        <source>The category is missing.</source>
+        <translation>श्रेणी नहीं चुनी है।</translation>
+    </message>
+    <message>
+        <source>Apr–Jun</source>
+        <translation>अप्रैल–जून</translation>
+    </message>
+    <message>
+        <source>Jul–Sep</source>
+        <translation>जुल॰–सित॰</translation>
+    </message>
+    <message>
+        <source>Oct–Dec</source>
+        <translation>अक्टू॰–दिस॰</translation>
+    </message>
+    <message>
+        <source>Jan–Mar</source>
+        <translation>जन॰–मार्च</translation>
+    </message>
 </context>
 <context>
     <name>tamba::AccentField</name>
@@ -2818,6 +4174,10 @@
     <message>
         <source>%1 to mend before it is sent</source>
         <translation>%1: भेजने से पहले ठीक करें</translation>
+    </message>
+    <message>
+        <source>%1, due %2, %3</source>
+        <translation>%1, देय %2, %3</translation>
     </message>
 </context>
 <context>
@@ -3892,6 +5252,14 @@
         <source>Say which account this statement is of.</source>
         <translation>बताएँ कि यह किस खाते का स्टेटमेंट है।</translation>
     </message>
+    <message>
+        <source>Repeated in this file</source>
+        <translation>इसी फ़ाइल में दोहराई गईं</translation>
+    </message>
+    <message>
+        <source>Already there</source>
+        <translation>पहले से मौजूद</translation>
+    </message>
 </context>
 <context>
     <name>tamba::InvoicesPage</name>
@@ -4613,6 +5981,10 @@
     <message>
         <source>Leaves %1 open</source>
         <translation>%1 बाकी रहते हैं</translation>
+    </message>
+    <message>
+        <source>%1 · %2 · %3 due</source>
+        <translation>%1 · %2 · %3 बकाया</translation>
     </message>
 </context>
 <context>
@@ -5856,14 +7228,6 @@
         <translation>इन्हें खोलें</translation>
     </message>
     <message>
-        <source>Step %1 of %2</source>
-        <translation>चरण %1 / %2</translation>
-    </message>
-    <message>
-        <source>How an invoice will look</source>
-        <translation>इनवॉइस कैसा दिखेगा</translation>
-    </message>
-    <message>
         <source>GSTIN</source>
         <translation>GSTIN</translation>
     </message>
@@ -5878,6 +7242,10 @@
     <message>
         <source>Set Up</source>
         <translation>तैयार करें</translation>
+    </message>
+    <message>
+        <source>Opens sample books for a made-up studio, in a folder of their own.</source>
+        <translation>एक काल्पनिक स्टूडियो का नमूना बहीखाता खोलता है, उसके अपने फ़ोल्डर में।</translation>
     </message>
 </context>
 <context>

@@ -18,20 +18,6 @@ Use use(const Library& library, const UUID& category) {
             count(library.rules, [&](const CategoryRule& r) { return r.categoryID == category; })};
 }
 
-std::string useText(const Use& use) {
-    std::vector<std::string> parts;
-    const auto add = [&](std::size_t number, const char* one, const char* many) {
-        if (number > 0) parts.push_back(std::to_string(number) + " " + (number == 1 ? one : many));
-    };
-    add(use.expenses, "expense", "expenses");
-    add(use.recurring, "recurring expense", "recurring expenses");
-    add(use.rules, "rule", "rules");
-    std::string text;
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        text += (i == 0 ? "" : i + 1 == parts.size() ? " and " : ", ") + parts[i];
-    return text;
-}
-
 Library remove(Library library, const UUID& category, const std::optional<UUID>& instead) {
     const std::size_t index = indexOf(library.categories, category);
     const bool toItself = instead == category;

@@ -14,8 +14,6 @@ struct Use {
     bool operator==(const Use&) const = default;
 };
 [[nodiscard]] Use use(const Library& library, const UUID& category);
-/// "12 expenses, 1 recurring expense and 2 rules"; empty when nothing uses it.
-[[nodiscard]] std::string useText(const Use& use);
 
 /// The books without the category. What was filed under it is filed under `instead`, or under none; its rules then go,
 /// since a rule must name a category. Unchanged where there is no such category.

@@ -20,8 +20,8 @@ TEST(Categories, whatIsFiledUnderOneGoesWhereItIsSent) {
     const Library empty = Library::make();
     const UUID gone = empty.categories[4].id, other = empty.categories[0].id;
     const Library library = booksThatUse(gone, empty);
-    EXPECT_EQ(Categories::useText(Categories::use(library, gone)), "2 expenses, 1 recurring expense and 1 rule");
-    EXPECT_EQ(Categories::useText(Categories::use(library, other)), "");
+    EXPECT_EQ(Categories::use(library, gone), (Categories::Use{2, 1, 1}));
+    EXPECT_EQ(Categories::use(library, other), Categories::Use());
 
     const Library moved = Categories::remove(library, gone, other);
     EXPECT_EQ(moved.category(gone), nullptr);

@@ -1,6 +1,7 @@
 #include "Tamba/Sheets/Settings/BusinessPages.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/Sentences.h"
 #include "Tamba/Rows/SetUpRows.h"
 #include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
@@ -34,7 +35,8 @@ BusinessPage::BusinessPage(const Business& business, QWidget* parent) : Settings
     currency_ = form.combo(tr("Home currency"), "homeCurrency");
     fillCurrencies(*currency_, business.homeCurrency);
     yearStart_ = form.combo(tr("Year begins in"), "yearStart");
-    for (int month = 1; month <= 12; ++month) yearStart_->addItem(toQt(Day{2026, month, 1}.formatted("MMMM")), month);
+    for (int month = 1; month <= 12; ++month)
+        yearStart_->addItem(toQt(Sentences::months(Day{2026, month, 1}.formatted("MMMM"))), month);
     yearStart_->setCurrentIndex(yearStart_->findData(business.fyStartMonth));
 }
 

@@ -2,9 +2,11 @@
 
 #include "Tamba/Icons.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/RowText.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "Tamba/Widgets/LookFields.h"
+#include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Categories.h"
 
 #include <QCheckBox>
@@ -42,6 +44,22 @@ constexpr Symbol symbols[] = {
     {"tray", QT_TRANSLATE_NOOP("tamba::CategoriesPage", "Tray")},
     {"tag", QT_TRANSLATE_NOOP("tamba::CategoriesPage", "Tag")},
 };
+
+/// "12 expenses, 1 recurring expense and 2 rules"; empty when nothing uses the category.
+std::string useText(const Categories::Use& use) {
+    std::vector<std::string> parts;
+    const auto add = [&](std::size_t count, const char* one, const char* many) {
+        if (count > 0) parts.push_back(RowText::counted(count, one, many));
+    };
+    add(use.expenses, RowText::marked("Rows", "1 expense"), RowText::marked("Rows", "%1 expenses"));
+    add(use.recurring, RowText::marked("Rows", "1 recurring expense"),
+        RowText::marked("Rows", "%1 recurring expenses"));
+    add(use.rules, RowText::marked("Rows", "1 rule"), RowText::marked("Rows", "%1 rules"));
+    if (parts.size() < 2) return parts.empty() ? std::string() : parts.front();
+    const std::string last = parts.back();
+    parts.pop_back();
+    return RowText::filled(RowText::translate("Rows", "%1 and %2"), {Text::join(parts, ", "), last});
+}
 
 }  // namespace
 
@@ -120,7 +138,7 @@ void CategoriesPage::choose(int row) {
     color_->setHex(category.colorHex);
     claims_->setChecked(category.claimsTax);
     Controls::markProblem(*name_, category.name.empty() ? tr("A category needs a name.") : QString());
-    const std::string use = Categories::useText(Categories::use(library_, category.id));
+    const std::string use = useText(Categories::use(library_, category.id));
     fieldsForm_->setNote(*use_, use.empty() ? tr("Nothing is filed under it.") : tr("Used by %1.").arg(toQt(use)));
     fieldsForm_->setRowVisible(instead_, !use.empty());
     refreshInstead();

@@ -1,6 +1,7 @@
 #include "Tamba/Sheets/Settings/ListPages.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 #include "TambaCore/Documents/Clients.h"
@@ -171,7 +172,8 @@ RatesPage::RatesPage(const Library& library, Day today, QWidget* parent) : Setti
     more->setFixedWidth(260);
     more->addItem(tr("Add a currency…"));
     for (const Currency& currency : Currency::all())
-        if (currency.code != home) more->addItem(toQt(currency.code + " · " + currency.name), toQt(currency.code));
+        if (currency.code != home)
+            more->addItem(Translations::shown(currency.code + " · " + currency.name), toQt(currency.code));
     form.addRow(more);
     connect(more, &QComboBox::activated, this, [this, more](int index) {
         const std::string code = toStd(more->itemData(index).toString());
@@ -197,7 +199,7 @@ void RatesPage::add(const std::string& currency, const QString& rate, const QStr
     field->setAccessibleName(tr("Rate of %1").arg(toQt(currency)));
     row->addWidget(field);
     row->addWidget(Controls::label(kept.isEmpty() ? QString() : tr("since %1").arg(kept), "caption", box), 1);
-    auto* label = Controls::label(toQt(currency + " · " + Currency::of(currency).name), "field", this);
+    auto* label = Controls::label(Translations::shown(currency + " · " + Currency::of(currency).name), "field", this);
     label->setFixedWidth(170);
     label->setMinimumHeight(30);
     rates_->addRow(label, box);

@@ -1,6 +1,7 @@
 #include "Tamba/Sheets/Settings/UpdatesPage.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Translations.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
 
@@ -55,7 +56,8 @@ void UpdatesPage::show(const UpdateStatus& status) {
     const Stage stage = status.stage;
     form.setRowVisible(allowed_, stage != Stage::off);
     form.setRowVisible(promise_, stage != Stage::off);
-    form.setNote(*sentence_, status.sentence, stage == Stage::failed ? "problem" : "caption");
+    form.setNote(*sentence_, Translations::shown(toStd(status.sentence)),
+                 stage == Stage::failed ? "problem" : "caption");
     form.setRowVisible(progress_, stage == Stage::downloading);
     // A bar of Qt counts in ints.
     constexpr std::uint64_t unit = 1024;
