@@ -140,7 +140,7 @@ std::string reminderText(const Subject& subject, Day today, Tone tone) {
     return {};
 }
 
-std::string sendingText(const Subject& subject) {
+std::string sendingText(const Subject& subject, Day today) {
     const Document& document = subject.document;
     const std::string of = " " + subject.number + " of " + subject.date, total = subject.amount(subject.totals.total);
     switch (document.kind) {
@@ -149,7 +149,8 @@ std::string sendingText(const Subject& subject) {
             if (subject.balance < 1) return text + "It is settled, so there is nothing to pay.\n\n";
             if (subject.balance < subject.totals.total)
                 text += "Of this, " + subject.amount(subject.balance) + " is open. ";
-            return text + "It is due on " + dayText(document.dueDate) + ".\n\n" + waysToPay(subject);
+            return text + (document.dueDate < today ? "It was due on " : "It is due on ") + dayText(document.dueDate) +
+                   ".\n\n" + waysToPay(subject);
         }
         case DocKind::estimate:
             return "Here is estimate" + of + " for " + total + ". It holds until " + dayText(document.dueDate) +
@@ -187,12 +188,12 @@ std::string_view title(Tone tone) {
     return tone == Tone::friendly ? "Friendly" : tone == Tone::firm ? "Firm" : "Final";
 }
 
-Draft sending(const Library& library, const Document& document, Day) {
+Draft sending(const Library& library, const Document& document, Day today) {
     const Subject subject(library, document);
     return {recipient(subject),
             std::string(Books::title(document.kind)) + " " + subject.number + " from " + subject.seller,
-            greeting(subject) + sendingText(subject) + "If anything is unclear, just reply to this message.\n\n" +
-                closing(subject),
+            greeting(subject) + sendingText(subject, today) +
+                "If anything is unclear, just reply to this message.\n\n" + closing(subject),
             Books::fileName(library, document)};
 }
 

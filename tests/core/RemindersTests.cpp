@@ -125,11 +125,14 @@ TEST(Reminders, sendEachKindOfDocument) {
     };
     const UUID client = library.clients[0].id, invoice = invoiceOf(library).id;
     EXPECT_EQ(body([&](Document& d) { d.clientID = client; }),
-              "Invoice X/1 from Studio Tamarind | Here is invoice X/1 of 1 Oct 2026 for ₹1,00,000.00. It is due on 16 "
+              "Invoice X/1 from Studio Tamarind | Here is invoice X/1 of 1 Oct 2026 for ₹1,00,000.00. It was due on 16 "
               "Oct 2026.");
-    EXPECT_EQ(body([](Document& d) { d.payments = {Payment::make(today, 1, 0, PaymentMethod::upi)}; }),
+    EXPECT_EQ(body([](Document& d) {
+                  d.payments = {Payment::make(today, 1, 0, PaymentMethod::upi)};
+                  d.dueDate = today;
+              }),
               "Invoice X/1 from Studio Tamarind | Here is invoice X/1 of 1 Oct 2026 for ₹1,00,000.00. Of this, "
-              "₹99,999.99 is open. It is due on 16 Oct 2026.");
+              "₹99,999.99 is open. It is due on 21 Nov 2026.");
     EXPECT_EQ(body([](Document& d) { d.payments = {Payment::make(today, 10'000'000, 0, PaymentMethod::upi)}; }),
               "Invoice X/1 from Studio Tamarind | Here is invoice X/1 of 1 Oct 2026 for ₹1,00,000.00. It is settled, "
               "so there is nothing to pay.");
