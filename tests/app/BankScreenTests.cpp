@@ -272,17 +272,10 @@ private slots:
         Open open;
         UUID invoice;
         open.model.perform(QStringLiteral("Abroad"), [&](Library library, Day) {
-            Client client = Client::make("Helvetic Type");
-            client.country = "US";
-            client.currency = "USD";
-            library.clients.append(client);
-            Document draft = Books::newDocument(library, DocKind::invoice, client.id, {2026, 11, 1});
-            draft.currency = "USD";
-            draft.rateMicros = 83'000'000;
-            draft.lines = {Line::make("Design", 1000, 100'000, 0)};
-            invoice = draft.id;
-            library = Books::issue(Books::addDraft(std::move(library), draft), draft.id, {2026, 11, 1});
-            BankTransaction money = BankTransaction::make({2026, 11, 20}, "SWIFT HELVETIC TYPE", 8'134'000);
+            invoice = testing::billed(library, 100'000, {2026, 11, 1});
+            library.documents.update(library.documents.size() - 1,
+                                     [](Document& d) { d.currency = "USD", d.rateMicros = 83'000'000; });
+            BankTransaction money = BankTransaction::make({2026, 11, 20}, "SWIFT SAFFRON LABS", 8'134'000);
             money.accountID = library.accounts[0].id;
             library.transactions.append(money);
             return library;

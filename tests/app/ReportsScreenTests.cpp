@@ -24,31 +24,17 @@ class ReportsScreenTests : public QObject {
     Q_OBJECT
 
     static Library sample() {
-        Library library = Library::make();
-        library.business.taxID = GSTIN::make("27", "AAPFU0939F", "1");
-        Client client = Client::make("Saffron Labs");
-        client.stateCode = "27";
-        library.clients.append(client);
-        const auto issue = [&](DocKind kind, std::int64_t price, Day day) {
-            Document draft = Books::newDocument(library, kind, client.id, day);
-            draft.lines = {Line::make("Design", 1000, price, 1800)};
-            draft.lines[0].hsn = "998391";
-            if (kind == DocKind::creditNote) draft.linkedID = library.documents[1].id, draft.reason = "Rebate";
-            library = Books::issue(Books::addDraft(std::move(library), draft), draft.id, day);
-            return draft.id;
-        };
-        const UUID first = issue(DocKind::invoice, 10'000'000, {2026, 10, 5});
-        issue(DocKind::invoice, 5'000'000, {2026, 10, 20});
-        issue(DocKind::creditNote, 1'000'000, {2026, 10, 25});
-        library.documents.update(0, [](Document& invoice) {
-            invoice.payments.push_back(Payment::make({2026, 11, 9}, 5'400'000, 500'000, PaymentMethod::bank));
-        });
-        (void)first;
+        Library library = testing::aBook();
+        const UUID first = testing::billed(library, 10'000'000, {2026, 10, 5}, 1800);
+        const UUID second = testing::billed(library, 5'000'000, {2026, 10, 20}, 1800);
+        Document note = Books::creditNoteFor(library, second, {2026, 10, 25});
+        note.lines[0].priceMinor = 1'000'000;
+        testing::issued(library, note);
+        library =
+            Books::recordPayment(library, first, Payment::make({2026, 11, 9}, 5'400'000, 500'000, PaymentMethod::bank));
         for (const auto& [vendor, amount, day] : {std::tuple{"Paper Mill", 120'000, Day{2026, 10, 7}},
                                                   std::tuple{"Chai Point", 30'000, Day{2026, 10, 9}}}) {
-            Expense expense = Expense::make(day);
-            expense.vendor = vendor;
-            expense.amount = amount;
+            Expense expense = testing::spent(vendor, amount, day);
             expense.categoryID = library.categories[amount > 100'000 ? 0 : 1].id;
             library.expenses.append(expense);
         }
@@ -265,9 +251,8 @@ private slots:
 
     void whatIsLeftOutIsOneClickAway() {
         Library library = sample();
-        Expense foreign = Expense::make({2026, 10, 3});
+        Expense foreign = testing::spent("Kumo", 1'200, {2026, 10, 3});
         foreign.currency = "USD";
-        foreign.amount = 1'200;
         foreign.rateMicros = 0;
         library.expenses.append(foreign);
         Open open(std::move(library));
@@ -312,11 +297,7 @@ private slots:
             QVERIFY(open.screen.page());
         }
         open.model.perform(QStringLiteral("Many"), [](Library library, Day today) {
-            for (int i = 0; i < 2'000; ++i) {
-                Expense expense = Expense::make(today);
-                expense.amount = 100;
-                library.expenses.append(expense);
-            }
+            for (int i = 0; i < 2'000; ++i) library.expenses.append(testing::spent("Kumo", 100, today));
             return library;
         });
         open.screen.showReport(ReportKind::mileage);
