@@ -60,6 +60,9 @@ public:
             if (before != shown_) fault("A change does not begin with what was shown.");
             shown_ = after;
         });
+        QObject::connect(&model_, &AppModel::conflicted, &screens_, [this](const MergeReport& report) {
+            for (const Conflict& conflict : report.conflicts) told_.insert("paper " + conflict.id);
+        });
         QObject::connect(&model_, &AppModel::opened, &screens_, [this] { shown_ = model_.library(); });
         beginBooks(somebody_.upTo(2));
         model_.open(folder_.path / "Books");
@@ -237,13 +240,14 @@ private:
         doing_ = done + " | " + doing_;
         store().save(theirs);
         elsewhere_ = theirs;
+        told_.clear();
         const Library before = model_.library();
         if (!model_.saveNow()) fault("The save failed: " + toStd(model_.saveProblem()));
         met(before);
         tolerate();  // a file that the other machine removed is gone before its books are looked at
         if (LibraryStore::read(store().fileURL()) != model_.library()) return;  // not looked at yet
         for (Fault& lost : lostPaper(theirs, model_.library()))
-            if (!lost.fromMeeting) fault(lost.sentence);
+            if (!lost.fromMeeting && !told_.contains(lost.key)) fault(lost.sentence);
     }
 
     /// Where another machine's changes came in a new history begins, and what two machines can leave is put up with.
@@ -303,7 +307,7 @@ private:
     Library shown_;
     std::optional<Library> elsewhere_;  // what the other machine wrote last
     std::vector<Library> past_, future_;
-    std::set<std::string> tolerated_;
+    std::set<std::string> tolerated_, told_;  // told_: what the last meeting asked a person about
     std::vector<std::string> faults_;
     QObject screens_;  // gone before the model saves for the last time
 };
