@@ -176,6 +176,8 @@ constexpr Sentence sentences[] = {
     {marked("Rows", "Nothing says which way the money went.")},
     {marked("Rows", "This row is a balance or a total, not a transaction.")},
     {marked("Rows", "%1 is not a date.")},
+    {marked("Rows", "%1 is no day when read as %2."), Values::words},
+    {marked("Rows", "%1 does not say which way the money went.")},
     {marked("Rows", "%1 is not an amount.")},
     {marked("Rows", "%1 can be read as two different amounts.")},
     {marked("Rows", "%1 is too large to be an amount.")},

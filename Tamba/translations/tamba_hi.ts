@@ -3202,6 +3202,14 @@
         <source>Jan–Mar</source>
         <translation>जन॰–मार्च</translation>
     </message>
+    <message>
+        <source>%1 is no day when read as %2.</source>
+        <translation>%1 को %2 के क्रम में पढ़ें तो ऐसा कोई दिन नहीं है।</translation>
+    </message>
+    <message>
+        <source>%1 does not say which way the money went.</source>
+        <translation>%1 से पता नहीं चलता कि पैसा आया या गया।</translation>
+    </message>
 </context>
 <context>
     <name>tamba::AccentField</name>

@@ -1,6 +1,9 @@
+#include "Tamba/Rows/ImportRows.h"
 #include "Tamba/Rows/ReportRows.h"
 #include "Tamba/Rows/RowText.h"
 #include "Tamba/Rows/Sentences.h"
+#include "TambaCore/Base/Files.h"
+#include "TambaCore/Base/Text.h"
 #include "TambaCore/Fixtures.h"
 #include "TambaCore/Receipts/ReceiptParser.h"
 #include "TambaCore/Reports/Deadlines.h"
@@ -76,6 +79,12 @@ private slots:
                     for (const std::string& note : table.notes) check(note);
                 }
         }
+        const StatementFile file = StatementFile::of(Files::read(TEST_DATA "/statements/bad-rows.csv"), "bad-rows.csv");
+        const auto read = parsed(file, {file.columns, DateOrder::dmy, {}}, Currency::inr());
+        check(read.orderReason);
+        // What they quote stands in quotation marks.
+        static const Text::Pattern quotation("“[^”]*”");
+        for (const auto& row : read.skippedRows) check(quotation.replaceAll(row.reason, "“”"));
         for (int doubt = 0; doubt <= static_cast<int>(Doubt::sumsDoNotClose); ++doubt)
             check(sentence(static_cast<Doubt>(doubt)));
         QVERIFY2(english_.isEmpty(), qPrintable(english_.join(u'\n')));
