@@ -373,7 +373,7 @@ private:
     std::atomic<bool> failed_ = false;
 };
 
-/// Books laid out as they are written here, in a third of the time. Nothing for others, and for those that are not good
+/// Books laid out as they are written here, by all processors. Nothing for others, and for those that are not good
 /// throughout: why is told by reading them from end to end.
 std::optional<Library> decodeLaidOut(std::string_view bytes) {
     constexpr auto adders = []<std::size_t... I>(std::index_sequence<I...>) {
