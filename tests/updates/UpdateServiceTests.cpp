@@ -4,9 +4,11 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QProcess>
 #include <QSslKey>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -117,10 +119,18 @@ protected:
         server_.answers["/feed.json"] = {bytesOf(folder_ / "feed.json")};
         server_.answers["/feed.json.sig"] = {bytesOf(folder_ / "feed.json.sig")};
     }
-    /// Works until the service rests; nothing it waits for can fail to come, but the tests must end.
+    /// Works until the service rests. A fault that keeps it from resting fails here, and does not hold up the others.
     static void settle(UpdateService& service) {
-        while (service.status().stage == Stage::checking || service.status().stage == Stage::downloading)
+        const QDeadlineTimer end(60'000);
+        QTimer tick;  // an event, when nothing else comes
+        tick.start(1000);
+        while (service.status().stage == Stage::checking || service.status().stage == Stage::downloading) {
+            if (end.hasExpired()) {
+                ADD_FAILURE() << "the update does not come to an end";
+                return;
+            }
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
     }
     static void fetch(UpdateService& service) {
         service.check();
