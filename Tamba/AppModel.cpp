@@ -162,11 +162,13 @@ void AppModel::takeMerge(LibrarySession::Saved merge) {
     // They wrote nothing that was not here.
     if (merge.library == library_ && merge.conflicts.empty()) return;
     MergeReport report{merge.library, library_, std::move(merge.theirs), std::move(merge.conflicts)};
-    // Steps from before would take the other machine's work away again.
-    history_.clear();
-    library_ = std::move(merge.library);
-    emit changed(report.ours, library_);
-    emit historyChanged();
+    if (report.merged != library_) {
+        // Steps from before would take the other machine's work away again.
+        history_.clear();
+        library_ = std::move(merge.library);
+        emit changed(report.ours, library_);
+        emit historyChanged();
+    }
     if (report.conflicts.empty())
         emit noticed(tr("Changes made on another computer were brought in."));
     else
