@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tamba/Rows/Listing.h"
 #include "TambaCore/Base/UUID.h"
 
 #include <QAbstractTableModel>
@@ -31,48 +32,49 @@ public:
     explicit RowsModel(std::vector<Column> columns, QObject* parent = nullptr)
         : QAbstractTableModel(parent), columns_(std::move(columns)) {}
 
-    [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
-    [[nodiscard]] UUID id(int row) const { return rows_.at(static_cast<std::size_t>(row)).id; }
+    [[nodiscard]] const LazyRows<Row>& rows() const { return rows_; }
+    [[nodiscard]] UUID id(int row) const { return rows_.id(static_cast<std::size_t>(row)); }
     [[nodiscard]] std::optional<int> rowOf(const UUID& id) const {
-        const auto at = std::find_if(rows_.begin(), rows_.end(), [&id](const Row& row) { return row.id == id; });
-        if (at == rows_.end()) return {};
-        return static_cast<int>(at - rows_.begin());
+        for (std::size_t row = 0; row < rows_.size(); ++row)
+            if (rows_.id(row) == id) return static_cast<int>(row);
+        return {};
     }
 
-    void setRows(std::vector<Row> rows) {
-        const auto sameId = [](const Row& a, const Row& b) { return a.id == b.id; };
-        const auto shorter = static_cast<std::ptrdiff_t>(std::min(rows.size(), rows_.size()));
-        const auto head =
-            std::mismatch(rows_.begin(), rows_.begin() + shorter, rows.begin(), sameId).first - rows_.begin();
-        const auto tail =
-            std::mismatch(rows_.rbegin(), rows_.rbegin() + (shorter - head), rows.rbegin(), sameId).first -
-            rows_.rbegin();
-        const int oldRun = static_cast<int>(std::ssize(rows_) - head - tail);
-        const int newRun = static_cast<int>(std::ssize(rows) - head - tail);
-        const int first = static_cast<int>(head);
-        if (oldRun > 0 && newRun > 0) {
+    void setRows(LazyRows<Row> rows) {
+        const std::size_t old = rows_.size(), now = rows.size(), shorter = std::min(old, now);
+        std::size_t head = 0, tail = 0;
+        while (head < shorter && rows_.id(head) == rows.id(head)) ++head;
+        while (tail < shorter - head && rows_.id(old - 1 - tail) == rows.id(now - 1 - tail)) ++tail;
+        if (head + tail < shorter) {
             beginResetModel();
             rows_ = std::move(rows);
             endResetModel();
             return;
         }
-        if (oldRun > 0) {
-            beginRemoveRows({}, first, first + oldRun - 1);
-            rows_.erase(rows_.begin() + first, rows_.begin() + first + oldRun);
-            endRemoveRows();
-        } else if (newRun > 0) {
-            beginInsertRows({}, first, first + newRun - 1);
-            rows_.insert(rows_.begin() + first, rows.begin() + first, rows.begin() + first + newRun);
-            endInsertRows();
-        }
-        int from = -1, to = -1;
-        for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
-            if (rows_[static_cast<std::size_t>(row)] == rows[static_cast<std::size_t>(row)]) continue;
-            if (from < 0) from = row;
+        std::optional<std::size_t> from, to;
+        for (std::size_t row = 0; row < now; ++row) {
+            if (row == head) row = now - tail;  // what is new is no change
+            if (row == now || rows.isSame(row, rows_, row < head ? row : row + old - now)) continue;
+            if (!from) from = row;
             to = row;
         }
-        rows_ = std::move(rows);
-        if (from >= 0) emit dataChanged(index(from, 0), index(to, columnCount() - 1));
+        const int first = static_cast<int>(head);
+        if (old > now)
+            beginRemoveRows({}, first, static_cast<int>(old - tail) - 1);
+        else if (now > old)
+            beginInsertRows({}, first, static_cast<int>(now - tail) - 1);
+        // Views may look at what stays while rows come and go: what changes does so afterwards.
+        if (old != now && from)
+            rows_.takeBetween(head, tail, rows);
+        else
+            rows_ = std::move(rows);
+        if (old > now)
+            endRemoveRows();
+        else if (now > old)
+            endInsertRows();
+        if (!from) return;
+        if (old != now) rows_ = std::move(rows);
+        emit dataChanged(index(static_cast<int>(*from), 0), index(static_cast<int>(*to), columnCount() - 1));
     }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
@@ -104,7 +106,7 @@ public:
 
 private:
     std::vector<Column> columns_;
-    std::vector<Row> rows_;
+    LazyRows<Row> rows_;
 };
 
 /// Ids of the selected rows, in the table's order.
@@ -125,7 +127,7 @@ void selectIds(QTableView& view, const RowsModel<Row>& model, const std::vector<
     QItemSelection selection;
     QModelIndex first;
     for (int row = 0; row < model.rowCount(); ++row) {
-        if (!wanted.contains(model.id(row))) continue;
+        if (ids.size() == 1 ? model.id(row) != ids.front() : !wanted.contains(model.id(row))) continue;
         selection.select(model.index(row, 0), model.index(row, model.columnCount() - 1));
         if (!first.isValid()) first = model.index(row, 0);
     }

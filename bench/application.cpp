@@ -5,7 +5,7 @@
 //           other threads find out afterwards is not in it
 //   letter  one letter typed into the search above the expenses, painting included
 //   save    AppModel::saveNow      against  write + fsync + rename + folder fsync of the same bytes
-//   bench_application [ROUNDS]
+//   bench_application [ROUNDS [overview | expenses | invoices | clients | bank | reports | letter | save]]
 #include "Tamba/AppModel.h"
 #include "Tamba/QtText.h"
 #include "Tamba/StartUp.h"
@@ -28,6 +28,7 @@
 #include <ctime>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -128,7 +129,7 @@ struct Edit {
     AppModel::Action take;
 };
 
-void measureEdits(Running& running, int rounds) {
+void measureEdits(Running& running, int rounds, std::string_view only) {
     int turn = 0;
     const auto at = [&turn](const auto& list) { return static_cast<std::size_t>(turn) * 997 % list.size(); };
     const Edit edits[] = {
@@ -162,6 +163,7 @@ void measureEdits(Running& running, int rounds) {
                                      {Screen::clients, "clients"},
                                      {Screen::bank, "bank"},
                                      {Screen::reports, "reports"}}) {
+        if (!only.empty() && only != on) continue;
         running.model.saveNow();
         running.window->showScreen(screen);
         QCoreApplication::processEvents();
@@ -227,17 +229,18 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Tamba"));
     if (argc == 3 && std::string_view(argv[1]) == "--paint") return paint(argv[2]);
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 7;
+    const std::string_view only = argc > 2 ? argv[2] : "";
     std::filesystem::remove_all(scratch);
     std::filesystem::create_directories(scratch / "home");
     std::filesystem::permissions(scratch / "home", std::filesystem::perms::owner_all);
     LibraryStore(scratch / "small").save(Fixtures::library(today));
     LibraryStore(scratch / "large").save(Fixtures::large(50'000, 5'000, 20'000, today));
-    measurePainting(argv[0], scratch / "small", scratch / "large", rounds);
+    if (only.empty()) measurePainting(argv[0], scratch / "small", scratch / "large", rounds);
     {
         Running running(scratch / "large");
-        measureEdits(running, rounds);
-        measureLetters(running, rounds);
-        measureSaving(running, scratch, rounds);
+        measureEdits(running, rounds, only);
+        if (only.empty() || only == "letter") measureLetters(running, rounds);
+        if (only.empty() || only == "save") measureSaving(running, scratch, rounds);
     }
     std::filesystem::remove_all(scratch);
     return 0;

@@ -2,6 +2,7 @@
 
 #include "Tamba/Rows/DocumentRows.h"
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/SearchedWord.h"
 #include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Bank/Rules.h"
 #include "TambaCore/Base/Check.h"
@@ -66,101 +67,156 @@ BankLink linkTo(const Library& library, const Document& invoice, const Payment& 
 }
 
 /// What each line of the books is matched to, seen from the records: a receipt that pays several invoices names only
-/// the first of them itself.
-std::unordered_map<UUID, std::string> matchedTexts(const Library& library) {
-    struct Found {
-        std::string text;
-        int count = 0;
-    };
-    std::unordered_map<UUID, Found> found;
-    for (const Expense& expense : library.expenses)
-        if (expense.bankTxnID) found[*expense.bankTxnID] = {linkTo(library, expense).text, 1};
-    for (const Document& invoice : library.documents)
-        for (const Payment& payment : invoice.payments) {
-            if (!payment.bankTxnID) continue;
-            Found& line = found[*payment.bankTxnID];
-            ++line.count;
-            line.text = line.count == 1
-                            ? linkTo(library, invoice, payment).text
-                            : RowText::filled(RowText::translate("Rows", "%1 invoices"), {std::to_string(line.count)});
+/// the first of them itself. Rows keep it, so it is never changed, but made of the one before.
+class Matches {
+public:
+    Matches(const Library& library, const Matches* earlier) : library_(library) {
+        const auto changed = earlier ? difference(earlier->library_.expenses, library.expenses, 500) : std::nullopt;
+        if (changed) {
+            spent_ = earlier->spent_;
+            for (const std::size_t at : changed->gone) {
+                const Expense* gone = &earlier->library_.expenses[at];
+                std::erase_if(spent_, [gone](const Spent& each) { return each.expense == gone; });
+            }
+            for (const std::size_t at : changed->come)
+                if (const Expense& come = library.expenses[at]; come.bankTxnID) {
+                    const Spent spent{*come.bankTxnID, &come};
+                    spent_.insert(std::upper_bound(spent_.begin(), spent_.end(), spent), spent);
+                }
+        } else {
+            for (const Expense& expense : library.expenses)
+                if (expense.bankTxnID) spent_.push_back({*expense.bankTxnID, &expense});
+            std::sort(spent_.begin(), spent_.end());
         }
-    std::unordered_map<UUID, std::string> texts;
-    for (auto& [id, line] : found) texts.emplace(id, std::move(line.text));
-    return texts;
-}
+        if (earlier && earlier->library_.documents.sharesAllWith(library.documents)) {
+            paid_ = earlier->paid_;
+            return;
+        }
+        for (const Document& invoice : library.documents)
+            for (const Payment& payment : invoice.payments)
+                if (payment.bankTxnID) paid_.push_back({*payment.bankTxnID, &invoice, &payment});
+        std::sort(paid_.begin(), paid_.end());
+    }
 
-struct Entry {
-    const BankTransaction* line;
-    Currency currency;
-    std::string name, matched;
-    std::int64_t rest;  // that no payment takes, of a line that is matched in part
-    std::size_t position;
+    [[nodiscard]] std::string text(const UUID& line) const {
+        const auto spent = std::lower_bound(spent_.begin(), spent_.end(), Spent{line, nullptr});
+        const bool isSpent = spent != spent_.end() && spent->line == line;
+        const auto [paid, last] = std::equal_range(paid_.begin(), paid_.end(), Paid{line, nullptr, nullptr});
+        const auto count = (last - paid) + (isSpent ? 1 : 0);
+        if (count > 1) return RowText::filled(RowText::translate("Rows", "%1 invoices"), {std::to_string(count)});
+        if (count == 0) return {};
+        return isSpent ? linkTo(library_, *spent->expense).text : linkTo(library_, *paid->invoice, *paid->payment).text;
+    }
+    /// What no payment takes of a line that is matched in part; else 0.
+    [[nodiscard]] std::int64_t rest(const BankTransaction& line) {
+        if (!line.isMatched() || line.amount < 1) return 0;
+        if (!rests_) rests_ = Bank::partlyMatched(library_);
+        const auto found = rests_->find(line.id);
+        return found == rests_->end() ? 0 : found->second;
+    }
+    /// Whether lines that have not changed themselves are matched, and written, in these books as in those.
+    [[nodiscard]] bool holdFor(const Library& other) const {
+        return library_.expenses.sharesAllWith(other.expenses) && library_.documents.sharesAllWith(other.documents) &&
+               library_.transactions.sharesAllWith(other.transactions) &&
+               library_.categories.sharesAllWith(other.categories) && library_.clients.sharesAllWith(other.clients) &&
+               library_.accounts.sharesAllWith(other.accounts) && library_.business == other.business;
+    }
+
+private:
+    struct Spent {
+        UUID line;
+        const Expense* expense;
+        bool operator<(const Spent& other) const { return line < other.line; }
+    };
+    struct Paid {
+        UUID line;
+        const Document* invoice;
+        const Payment* payment;
+        bool operator<(const Paid& other) const { return line < other.line; }
+    };
+
+    Library library_;  // keeps the records alive
+    std::vector<Spent> spent_;
+    std::vector<Paid> paid_;
+    std::optional<std::unordered_map<UUID, std::int64_t>> rests_;  // once a row has asked
 };
 
-bool fits(const Entry& entry, const std::vector<std::string>& words) {
-    if (words.empty()) return true;
-    const BankTransaction& line = *entry.line;
-    const std::string all =
-        Text::lower(entry.name + '\n' + line.text + '\n' + line.reference + '\n' + entry.matched + '\n' +
-                    line.date.formatted(dayPattern) + '\n' + MoneyFormat::string(line.amount, entry.currency) + '\n' +
-                    MoneyFormat::plain(line.amount, entry.currency));
-    return std::all_of(words.begin(), words.end(),
-                       [&all](const std::string& word) { return Text::contains(all, word); });
+/// What a line is filtered, ordered and summed by.
+struct Fact {
+    UUID id;
+    Day date;
+    std::int64_t amount = 0;
+    std::size_t place = 0;     ///< in the books, which hold the lines of a day as the statement did
+    std::size_t currency = 0;  ///< the first of the accounts that has it; 0 the home currency, others from 1
+    BankList list = BankList::open;
+    bool fits = true;  ///< holds what is searched for
+};
+using Items = Listing<BankTransaction, Fact>;
+
+Currency currencyOf(const Library& library, std::size_t index) {
+    return index == 0 ? library.home() : Currency::of(library.accounts[index - 1].currency);
 }
 
-int compare(const Entry& a, const Entry& b, BankOrder order) {
+Fact factOf(const Library& library, const BankTransaction& line, std::size_t place) {
+    Fact fact{line.id, line.date, line.amount, place, 0, listOf(line)};
+    const BankAccount* account = line.accountID ? find(library.accounts, *line.accountID) : nullptr;
+    if (!account || Currency::of(account->currency).code == library.home().code) return fact;
+    while (Currency::of(library.accounts[fact.currency].currency).code != Currency::of(account->currency).code)
+        ++fact.currency;
+    ++fact.currency;
+    return fact;
+}
+
+bool fits(const Library& library, const BankTransaction& line, Matches& matches, std::vector<SearchedWord>& words) {
+    if (words.empty()) return true;
+    const std::string name = nameOf(line), code = Bank::currency(library, line).code;
+    std::optional<std::string> matched;
+    return std::all_of(words.begin(), words.end(), [&](SearchedWord& word) {
+        if (word.in(name) || word.in(line.text) || word.in(line.reference) || word.in(line.date) ||
+            word.in(line.amount, code))
+            return true;
+        if (!matched) matched = matches.text(line.id);
+        return word.in(*matched);
+    });
+}
+
+int compare(const Items::Item& a, const Items::Item& b, BankOrder order) {
     const auto sign = [](auto x, auto y) { return x < y ? -1 : y < x ? 1 : 0; };
     switch (order) {
         case BankOrder::name:
-            return Text::compareForPeople(a.name, b.name);
+            return Text::compareForPeople(nameOf(*a.record), nameOf(*b.record));
         case BankOrder::amount:
-            return sign(a.line->amount, b.line->amount);
+            return sign(a.fact.amount, b.fact.amount);
         case BankOrder::date:
             break;
     }
-    return sign(a.line->date, b.line->date);
+    return sign(a.fact.date, b.fact.date);
 }
 
-BankRow rowOf(const Entry& entry) {
-    const BankTransaction& line = *entry.line;
+BankRow rowOf(const Library& library, const BankTransaction& line, Matches& matches) {
     const BankList list = listOf(line);
+    const Currency currency = Bank::currency(library, line);
     BankRow row;
     row.id = line.id;
     row.date = line.date.formatted(dayPattern);
-    row.name = entry.name;
+    row.name = nameOf(line);
     row.narration = narrationOf(line);
-    row.amount = MoneyFormat::string(line.amount, entry.currency);
+    row.amount = MoneyFormat::string(line.amount, currency);
     if (line.balance)
-        row.balance = RowText::filled(RowText::translate("Rows", "Balance %1"),
-                                      {MoneyFormat::string(*line.balance, entry.currency)});
-    row.matched = entry.matched;
+        row.balance =
+            RowText::filled(RowText::translate("Rows", "Balance %1"), {MoneyFormat::string(*line.balance, currency)});
+    row.matched = matches.text(line.id);
     row.status = RowText::translate("Rows", statusOf(list));
     row.tone = toneOf(list);
-    if (entry.rest > 0) {
+    if (const std::int64_t rest = matches.rest(line); rest > 0) {
         row.status = RowText::translate("Rows", "Partly matched");
         row.tone = Tone::warning;
-        row.rest =
-            row.status + " · " +
-            RowText::filled(RowText::translate("Rows", "%1 open"), {MoneyFormat::string(entry.rest, entry.currency)});
+        row.rest = row.status + " · " +
+                   RowText::filled(RowText::translate("Rows", "%1 open"), {MoneyFormat::string(rest, currency)});
     }
     row.in = line.amount > 0;
     row.open = list == BankList::open;
     return row;
-}
-
-void addSums(BankTable& table, const std::vector<Entry>& entries) {
-    if (entries.empty()) return;
-    const Currency& currency = entries.front().currency;
-    std::int64_t in = 0, out = 0;
-    for (const Entry& entry : entries) {
-        std::int64_t& sum = entry.line->amount > 0 ? in : out;
-        // Each is believable or left out, yet thousands at the limit would not fit.
-        if (entry.currency.code != currency.code || !isBelievable(entry.line->amount) ||
-            __builtin_add_overflow(sum, entry.line->amount, &sum))
-            return;
-    }
-    table.in = MoneyFormat::string(in, currency);
-    table.out = MoneyFormat::string(out, currency);
 }
 
 /// What the line would leave open of an invoice, and the ways to take that.
@@ -219,51 +275,82 @@ std::string_view title(BankList list) {
     return RowText::marked("Rows", "All");
 }
 
-BankTable bankTable(const Library& library, const BankFilter& filter) {
-    std::vector<std::string> words;
-    for (const std::string& word : Text::split(Text::lower(Text::trim(filter.search)), ' '))
-        if (!word.empty()) words.push_back(word);
-    const auto matched = matchedTexts(library);
-    const auto rests = Bank::partlyMatched(library);
-    std::unordered_map<UUID, Currency> currencies;
-    for (const BankAccount& account : library.accounts) currencies.emplace(account.id, Currency::of(account.currency));
-    const Currency home = library.home();
+struct BankListing::State {
+    std::shared_ptr<Matches> matches;
+    Library library;
+    BankFilter filter;
+    Items listing;
 
-    BankTable table;
-    std::vector<Entry> entries;
-    for (std::size_t i = 0; i < library.transactions.size(); ++i) {
-        const BankTransaction& line = library.transactions[i];
-        if (filter.account && line.accountID != filter.account) continue;
-        if (filter.days && !filter.days->contains(line.date)) continue;
-        const auto currency = line.accountID ? currencies.find(*line.accountID) : currencies.end();
-        const auto text = matched.find(line.id);
-        const auto rest = rests.find(line.id);
-        Entry entry{&line,
-                    currency == currencies.end() ? home : currency->second,
-                    nameOf(line),
-                    text == matched.end() ? std::string() : text->second,
-                    rest == rests.end() ? 0 : rest->second,
-                    i};
-        if (!fits(entry, words)) continue;
-        const BankList list = listOf(line);
-        ++table.counts[static_cast<std::size_t>(list)];
-        ++table.counts[static_cast<std::size_t>(BankList::all)];
-        if (filter.list == BankList::all || filter.list == list) entries.push_back(std::move(entry));
-    }
-    std::sort(entries.begin(), entries.end(), [&filter](const Entry& a, const Entry& b) {
-        if (const int order = compare(a, b, filter.order); order != 0) return filter.ascending ? order < 0 : order > 0;
+    void update(const Library& now, const BankFilter& wanted);
+};
+
+void BankListing::State::update(const Library& now, const BankFilter& wanted) {
+    // Lines keep their places while none comes or goes.
+    const bool stays = matches && filter.order == wanted.order && filter.ascending == wanted.ascending &&
+                       library.transactions.size() == now.transactions.size() &&
+                       library.accounts.sharesAllWith(now.accounts) && library.business == now.business;
+    const bool sameMatches = matches && matches->holdFor(now);
+    if (!sameMatches) matches = std::make_shared<Matches>(now, matches.get());
+    std::vector<SearchedWord> words = searchedWords(wanted.search);
+    const auto factsOf = [&](const BankTransaction& line, std::size_t place) {
+        Fact fact = factOf(now, line, place);
+        fact.fits = fits(now, line, *matches, words);
+        return fact;
+    };
+    const auto before = [&](const Items::Item& a, const Items::Item& b) {
+        if (const int order = compare(a, b, wanted.order); order != 0) return wanted.ascending ? order < 0 : order > 0;
         // Within equals the latest comes first; by date, as chosen. Lines of one day are in the statement's order.
-        const bool up = filter.order == BankOrder::date && filter.ascending;
-        const auto key = [](const Entry& e) { return std::tuple(e.line->date, e.position); };
-        return up ? key(a) < key(b) : key(b) < key(a);
-    });
-    table.rows.reserve(entries.size());
-    for (const Entry& entry : entries) table.rows.push_back(rowOf(entry));
-    table.count =
-        RowText::counted(entries.size(), RowText::marked("Rows", "1 line"), RowText::marked("Rows", "%1 lines"));
-    addSums(table, entries);
+        const bool up = wanted.order == BankOrder::date && wanted.ascending;
+        const auto key = [](const Fact& fact) { return std::tuple(fact.date, fact.place); };
+        return up ? key(a.fact) < key(b.fact) : key(b.fact) < key(a.fact);
+    };
+    if (!stays) {
+        listing.begin(now.transactions, factsOf, before);
+    } else {
+        listing.update(now.transactions, factsOf, before);
+        // A line is also found by what it is matched to.
+        if (wanted.search != filter.search || (!words.empty() && !sameMatches))
+            for (auto& [line, fact] : listing.items()) fact.fits = fits(now, *line, *matches, words);
+    }
+    library = now;
+    filter = wanted;
+}
+
+BankListing::BankListing() : state_(std::make_unique<State>()) {}
+BankListing::~BankListing() = default;
+
+BankTable BankListing::table(const Library& library, const BankFilter& filter) {
+    state_->update(library, filter);
+    BankTable table;
+    std::vector<LazyRows<BankRow>::Key> keys;
+    std::optional<std::size_t> currency;
+    bool summed = true;
+    std::int64_t in = 0, out = 0;
+    for (const auto& [line, fact] : state_->listing.items()) {
+        if (!fact.fits || (filter.days && !filter.days->contains(fact.date))) continue;
+        if (filter.account && line->accountID != filter.account) continue;
+        ++table.counts[static_cast<std::size_t>(fact.list)];
+        ++table.counts[static_cast<std::size_t>(BankList::all)];
+        if (filter.list != BankList::all && filter.list != fact.list) continue;
+        keys.push_back({fact.id, line});
+        std::int64_t& sum = fact.amount > 0 ? in : out;
+        // Each is believable or left out, yet thousands at the limit would not fit.
+        summed = summed && currency.value_or(fact.currency) == fact.currency && isBelievable(fact.amount) &&
+                 !__builtin_add_overflow(sum, fact.amount, &sum);
+        currency = fact.currency;
+    }
+    table.count = RowText::counted(keys.size(), RowText::marked("Rows", "1 line"), RowText::marked("Rows", "%1 lines"));
+    if (currency && summed) {
+        table.in = MoneyFormat::string(in, currencyOf(library, *currency));
+        table.out = MoneyFormat::string(out, currencyOf(library, *currency));
+    }
+    table.rows = {std::move(keys), state_->matches, [library, matches = state_->matches](const void* line) {
+                      return rowOf(library, *static_cast<const BankTransaction*>(line), *matches);
+                  }};
     return table;
 }
+
+BankTable bankTable(const Library& library, const BankFilter& filter) { return BankListing().table(library, filter); }
 
 std::size_t openLines(const Library& library) {
     return static_cast<std::size_t>(std::count_if(library.transactions.begin(), library.transactions.end(),

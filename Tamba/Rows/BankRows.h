@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tamba/Rows/ExpenseRows.h"
+#include "Tamba/Rows/Listing.h"
 #include "TambaCore/Bank/Matcher.h"
 #include "TambaCore/Bank/Matching.h"
 #include "TambaCore/Model/Models.h"
@@ -8,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +32,7 @@ struct BankFilter {
     std::string search = {};          ///< words that must all occur
     BankOrder order = BankOrder::date;
     bool ascending = false;
+    bool operator==(const BankFilter&) const = default;
 };
 
 struct BankRow {
@@ -47,13 +50,25 @@ struct BankRow {
 };
 
 struct BankTable {
-    std::vector<BankRow> rows;
+    LazyRows<BankRow> rows;
     std::array<std::size_t, std::size(allBankLists)> counts{};  ///< of each list, with the rest of the filter
     /// "42 lines", "₹1,23,456.00", "−₹12,345.00"; the sums are empty without lines and where those are in several
     /// currencies.
     std::string count, in, out;
 };
 [[nodiscard]] BankTable bankTable(const Library& library, const BankFilter& filter);
+
+/// The same tables, one after the other: what neither the books nor the filter have changed is not gone through again.
+class BankListing {
+public:
+    BankListing();
+    ~BankListing();
+    [[nodiscard]] BankTable table(const Library& library, const BankFilter& filter);
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
 /// Lines that are neither matched nor set aside.
 [[nodiscard]] std::size_t openLines(const Library& library);
 

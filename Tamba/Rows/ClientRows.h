@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tamba/Rows/ExpenseRows.h"
+#include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Model/Models.h"
 
 #include <string>
@@ -35,7 +36,9 @@ struct ClientTable {
     std::string count, owed, overdue, leftOut;
 };
 
-[[nodiscard]] ClientTable clientTable(const Library& library, const ClientFilter& filter, Day today);
+/// `standings` are kept from one table to the next, so that documents are gone through once.
+[[nodiscard]] ClientTable clientTable(const Library& library, const ClientFilter& filter, Day today,
+                                      Books::KeptStandings& standings);
 /// "12 days late", "On time", "3 days early", as settled invoices were paid on average.
 [[nodiscard]] std::string lateText(std::int64_t days);
 

@@ -1,6 +1,7 @@
 #include "Tamba/Rows/DocumentRows.h"
 
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/SearchedWord.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/DocMath.h"
 #include "TambaCore/Reports/Reports.h"
@@ -21,9 +22,9 @@ std::string days(std::int64_t count) {
 /// One document with what it is compared and searched by.
 struct Entry {
     const Document* document;
-    std::optional<Books::Standing> standing;  ///< none: figures beyond belief
+    const Books::Standing* standing;  ///< none: figures beyond belief
     DocStatus status;
-    std::string client;
+    std::string_view client;
     std::int64_t home;  ///< total in the home currency, for ordering by size
 };
 
@@ -106,19 +107,19 @@ DocumentRow rowOf(const Library& library, const Entry& entry) {
     return row;
 }
 
-bool fits(const Entry& entry, const std::vector<std::string>& words) {
-    if (words.empty()) return true;
+bool holds(const Entry& entry, SearchedWord& word) {
     const Document& document = *entry.document;
-    std::string all = document.displayNumber() + '\n' + entry.client + '\n' + document.reference + '\n' +
-                      document.issueDate.formatted(dayPattern) + '\n' +
-                      RowText::translate("Rows", Books::title(entry.status)) + '\n' + document.notes + '\n' +
-                      totalText(entry);
-    if (entry.standing) all += '\n' + MoneyFormat::plain(entry.standing->totals.total, Currency::of(document.currency));
-    for (const Line& line : document.lines) all += '\n' + line.name + '\n' + line.detail + '\n' + line.hsn;
-    for (const Payment& payment : document.payments) all += '\n' + payment.reference;
-    all = Text::lower(all);
-    return std::all_of(words.begin(), words.end(),
-                       [&all](const std::string& word) { return Text::contains(all, word); });
+    if (word.in(document.displayNumber()) || word.in(entry.client) || word.in(document.reference) ||
+        word.in(document.issueDate) || word.in(RowText::translate("Rows", Books::title(entry.status))) ||
+        word.in(document.notes))
+        return true;
+    if (entry.standing ? word.in(entry.standing->totals.total, document.currency) : word.in(totalText(entry)))
+        return true;
+    return std::any_of(
+               document.lines.begin(), document.lines.end(),
+               [&word](const Line& line) { return word.in(line.name) || word.in(line.detail) || word.in(line.hsn); }) ||
+           std::any_of(document.payments.begin(), document.payments.end(),
+                       [&word](const Payment& payment) { return word.in(payment.reference); });
 }
 
 int compare(const Entry& a, const Entry& b, DocumentOrder order) {
@@ -141,10 +142,11 @@ void sort(std::vector<Entry>& entries, const DocumentFilter& filter) {
         if (const int order = compare(a, b, filter.order); order != 0) return filter.ascending ? order < 0 : order > 0;
         // Within equals the latest comes first; of one day the highest number.
         const bool up = filter.order == DocumentOrder::date && filter.ascending;
-        const auto key = [](const Document& d) {
-            return std::tuple(d.issueDate, d.number.value_or("\xff"), d.createdAt, d.id);
-        };
-        return up ? key(*a.document) < key(*b.document) : key(*b.document) < key(*a.document);
+        const Document &first = up ? *a.document : *b.document, &second = up ? *b.document : *a.document;
+        const auto number = [](const Document& d) { return d.number ? std::string_view(*d.number) : "\xff"; };
+        if (first.issueDate != second.issueDate) return first.issueDate < second.issueDate;
+        if (const int order = number(first).compare(number(second)); order != 0) return order < 0;
+        return std::tie(first.createdAt, first.id) < std::tie(second.createdAt, second.id);
     });
 }
 
@@ -248,35 +250,50 @@ const std::vector<StatusChoice>& statusChoices(DocKind kind) {
 }
 
 DocumentTable documentTable(const Library& library, const DocumentFilter& filter, Day today) {
-    std::unordered_map<UUID, const Client*> clients;
-    for (const Client& client : library.clients) clients.emplace(client.id, &client);
-    std::vector<std::string> words;
-    for (const std::string& word : Text::split(Text::lower(Text::trim(filter.search)), ' '))
-        if (!word.empty()) words.push_back(word);
+    return DocumentListing().table(library, filter, today);
+}
 
-    const Books::Standings standings(library, today);
+DocumentTable DocumentListing::table(const Library& library, const DocumentFilter& filter, Day today) {
+    const auto& standings = standings_.update(library, today);
+    std::unordered_map<UUID, std::string_view> clients;
+    for (const Client& client : library.clients) clients.emplace(client.id, client.name);
+    std::vector<SearchedWord> words = searchedWords(filter.search);
     std::vector<Entry> entries;
-    for (const Document& document : library.documents) {
+    for (std::size_t at = 0; at < library.documents.size(); ++at) {
+        const Document& document = library.documents[at];
         if (document.kind != filter.kind) continue;
         if (filter.days && !filter.days->contains(document.issueDate)) continue;
-        Entry entry{&document, standings.of(document), DocStatus::draft, {}, 0};
-        entry.status = entry.standing ? entry.standing->status : Books::status(library, document, today);
+        const auto& standing = standings[at];
+        Entry entry{&document, standing ? &*standing : nullptr, DocStatus::draft, {}, 0};
+        entry.status = standing ? standing->status : Books::status(library, document, today);
+        const auto client = document.clientID ? clients.find(*document.clientID) : clients.end();
+        entry.client = document.billTo ? document.billTo->name : client != clients.end() ? client->second : "";
         if (!filter.statuses.empty() &&
             std::find(filter.statuses.begin(), filter.statuses.end(), entry.status) == filter.statuses.end())
             continue;
-        const auto client = document.clientID ? clients.find(*document.clientID) : clients.end();
-        entry.client = document.billTo ? document.billTo->name : client != clients.end() ? client->second->name : "";
         if (entry.standing)
             entry.home = Books::inHomeCurrency(library, document, entry.standing->totals.total).value_or(0);
-        if (fits(entry, words)) entries.push_back(std::move(entry));
+        if (std::all_of(words.begin(), words.end(), [&](SearchedWord& word) { return holds(entry, word); }))
+            entries.push_back(entry);
     }
     sort(entries, filter);
 
     DocumentTable table;
-    table.rows.reserve(entries.size());
-    for (const Entry& entry : entries) table.rows.push_back(rowOf(library, entry));
+    std::vector<LazyRows<DocumentRow>::Key> keys;
+    keys.reserve(entries.size());
+    for (const Entry& entry : entries) keys.push_back({entry.document->id, entry.document});
     table.count = countText(entries.size(), filter.kind);
     sum(library, entries, table);
+    // A row also names its client and the document it hangs together with, and tells how late it is.
+    auto books = std::make_shared<Books::Standings>(library, today);
+    table.rows = {std::move(keys), books, [library, books, today](const void* record) {
+                      const auto& document = *static_cast<const Document*>(record);
+                      const auto standing = books->of(document);
+                      const std::string client = clientName(library, document);
+                      return rowOf(library,
+                                   {&document, standing ? &*standing : nullptr,
+                                    standing ? standing->status : Books::status(library, document, today), client, 0});
+                  }};
     return table;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tamba/Rows/ExpenseRows.h"
+#include "Tamba/Rows/Listing.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Model/Models.h"
 
@@ -44,12 +45,21 @@ struct DocumentRow {
 };
 
 struct DocumentTable {
-    std::vector<DocumentRow> rows;
+    LazyRows<DocumentRow> rows;
     /// "12 invoices", "₹1,23,456.00", "₹20,000.00" (due), "2 left out: no rate". Sums are in the home currency and
     /// hold neither drafts nor what is void.
     std::string count, total, due, leftOut;
 };
 [[nodiscard]] DocumentTable documentTable(const Library& library, const DocumentFilter& filter, Day today);
+
+/// The same tables, one after the other: how documents stand that have not changed is not worked out again.
+class DocumentListing {
+public:
+    [[nodiscard]] DocumentTable table(const Library& library, const DocumentFilter& filter, Day today);
+
+private:
+    Books::KeptStandings standings_;
+};
 
 [[nodiscard]] std::size_t countOf(const Library& library, DocKind kind);
 [[nodiscard]] std::string_view pluralTitle(DocKind kind);  ///< "Invoices", "Estimates", "Credit notes"

@@ -1,23 +1,17 @@
 #include "Tamba/Rows/ExpenseRows.h"
 
 #include "Tamba/Rows/RowText.h"
+#include "Tamba/Rows/SearchedWord.h"
 #include "Tamba/Rows/Sentences.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Documents/Expenses.h"
 
 #include <algorithm>
-#include <compare>
-#include <tuple>
 #include <unordered_map>
 #include <unordered_set>
 
 namespace tamba {
 namespace {
-
-struct Status {
-    std::string text, hint;
-    Tone tone = Tone::none;
-};
 
 bool lacksRate(const Library& library, const Expense& expense) {
     return expense.rateMicros == 0 && expense.currency != library.business.homeCurrency;
@@ -27,171 +21,275 @@ bool lacksCategory(const Library& library, const Expense& expense) {
     return !expense.categoryID || !library.category(*expense.categoryID);
 }
 
+enum class Status : std::uint8_t { none, billed, billable, noRate, check, noCategory };
+
 Status statusOf(const Library& library, const Expense& expense) {
-    const auto attention = Expenses::attention(library, expense);
-    if (!attention) {
-        if (expense.rebilledInvoiceID)
-            return {RowText::translate("Rows", "Billed"), RowText::translate("Rows", "Billed on to the client."),
-                    Tone::neutral};
-        if (expense.billable)
-            return {RowText::translate("Rows", "Billable"),
-                    RowText::translate("Rows", "To be billed on to the client."), Tone::neutral};
-        return {};
-    }
-    if (lacksRate(library, expense))
-        return {RowText::translate("Rows", "No rate"),
-                RowText::translate("Rows", "Add the exchange rate to include this in reports."), Tone::danger};
-    if (expense.check) return {RowText::translate("Rows", "Check"), Sentences::shown(*attention), Tone::warning};
-    if (lacksCategory(library, expense) && expense.amount != 0)
-        return {RowText::translate("Rows", "No category"), Sentences::shown(*attention), Tone::neutral};
-    return {RowText::translate("Rows", "Check"), Sentences::shown(*attention), Tone::warning};
+    if (!Expenses::attention(library, expense))
+        return expense.rebilledInvoiceID ? Status::billed : expense.billable ? Status::billable : Status::none;
+    if (lacksRate(library, expense)) return Status::noRate;
+    return !expense.check && lacksCategory(library, expense) && expense.amount != 0 ? Status::noCategory
+                                                                                    : Status::check;
 }
 
-/// One expense with what it is compared and searched by.
-struct Entry {
-    const Expense* expense;
-    const Category* category;
-    Status status;
-    std::int64_t home;  ///< amount in the home currency, for ordering by size
-    Day date;           ///< of the expense, beside what is sorted: thousands are compared by it
+std::string textOf(Status status) {
+    switch (status) {
+        case Status::billed:
+            return RowText::translate("Rows", "Billed");
+        case Status::billable:
+            return RowText::translate("Rows", "Billable");
+        case Status::noRate:
+            return RowText::translate("Rows", "No rate");
+        case Status::check:
+            return RowText::translate("Rows", "Check");
+        case Status::noCategory:
+            return RowText::translate("Rows", "No category");
+        case Status::none:
+            break;
+    }
+    return {};
+}
+
+std::string hintOf(const Library& library, const Expense& expense, Status status) {
+    switch (status) {
+        case Status::billed:
+            return RowText::translate("Rows", "Billed on to the client.");
+        case Status::billable:
+            return RowText::translate("Rows", "To be billed on to the client.");
+        case Status::noRate:
+            return RowText::translate("Rows", "Add the exchange rate to include this in reports.");
+        case Status::check:
+        case Status::noCategory:
+            return Sentences::shown(Expenses::attention(library, expense).value_or(std::string()));
+        case Status::none:
+            break;
+    }
+    return {};
+}
+
+Tone toneOf(Status status) {
+    switch (status) {
+        case Status::noRate:
+            return Tone::danger;
+        case Status::check:
+            return Tone::warning;
+        case Status::billed:
+        case Status::billable:
+        case Status::noCategory:
+            return Tone::neutral;
+        case Status::none:
+            break;
+    }
+    return Tone::none;
+}
+
+ExpenseRow rowOf(const Library& library, const Expense& expense) {
+    const Currency currency = Currency::of(expense.currency);
+    const Status status = statusOf(library, expense);
+    ExpenseRow row;
+    row.id = expense.id;
+    row.date = expense.date.formatted("d MMM yyyy");
+    row.vendor = expense.vendor;
+    row.amount = MoneyFormat::string(expense.amount, currency);
+    if (expense.tax != 0) row.tax = MoneyFormat::string(expense.tax, currency);
+    row.method = RowText::translate("Rows", title(expense.method));
+    row.status = textOf(status);
+    row.hint = hintOf(library, expense, status);
+    row.tone = toneOf(status);
+    row.receipt = !expense.attachments.empty();
+    if (const Category* category = expense.categoryID ? library.category(*expense.categoryID) : nullptr) {
+        row.category = category->name;
+        row.symbol = category->symbol;
+        row.colorHex = category->colorHex;
+    }
+    return row;
+}
+
+/// Looks through expenses for words. What thousands of them have in common is looked through once.
+class Finder {
+public:
+    Finder(const Library& library, std::string_view search) : library_(library) {
+        for (SearchedWord& searched : searchedWords(search)) {
+            Word& word = words_.emplace_back(std::move(searched));
+            for (const PaymentMethod method : allMethods())
+                if (word.text.in(RowText::translate("Rows", title(method)))) word.methods.insert(method);
+            const auto addNames = [&word](const auto& list) {
+                for (const auto& record : list)
+                    if (word.text.in(record.name)) word.names.insert(record.id);
+            };
+            addNames(library.categories);
+            addNames(library.clients);
+            addNames(library.projects);
+        }
+    }
+
+    [[nodiscard]] bool fits(const Expense& expense) {
+        return std::all_of(words_.begin(), words_.end(), [&](Word& word) { return holds(expense, word); });
+    }
+
+private:
+    struct Word {
+        explicit Word(SearchedWord searched) : text(std::move(searched)) {}
+        SearchedWord text;
+        std::unordered_set<PaymentMethod> methods;
+        std::unordered_set<UUID> names;  // of categories, clients and projects
+    };
+
+    /// What takes longest is asked last.
+    [[nodiscard]] bool holds(const Expense& e, Word& word) const {
+        const auto named = [&word](const std::optional<UUID>& id) { return id && word.names.contains(*id); };
+        SearchedWord& text = word.text;
+        return text.in(e.vendor) || word.methods.contains(e.method) || named(e.categoryID) || named(e.clientID) ||
+               named(e.projectID) || text.in(e.date) || text.in(e.notes) || text.in(e.vendorTaxID) ||
+               text.in(e.amount, e.currency) || text.in(textOf(statusOf(library_, e))) ||
+               (e.ocrText && text.in(*e.ocrText));
+    }
+
+    const Library& library_;
+    std::vector<Word> words_;
 };
 
-bool fits(const Library& library, const Entry& entry, const std::vector<std::string>& words) {
-    if (words.empty()) return true;
-    const Expense& e = *entry.expense;
-    const Currency currency = Currency::of(e.currency);
-    std::string all = e.vendor + '\n' + e.notes + '\n' + e.vendorTaxID + '\n' + e.date.formatted("d MMM yyyy") + '\n' +
-                      MoneyFormat::string(e.amount, currency) + '\n' + MoneyFormat::plain(e.amount, currency) + '\n' +
-                      RowText::translate("Rows", title(e.method)) + '\n' + entry.status.text;
-    if (entry.category) all += '\n' + entry.category->name;
-    if (e.clientID)
-        if (const Client* client = library.client(*e.clientID)) all += '\n' + client->name;
-    if (e.projectID)
-        if (const Project* project = library.project(*e.projectID)) all += '\n' + project->name;
-    if (e.ocrText) all += '\n' + *e.ocrText;
-    all = Text::lower(all);
-    return std::all_of(words.begin(), words.end(),
-                       [&all](const std::string& word) { return Text::contains(all, word); });
+/// What an expense is filtered, ordered and summed by, beside the expense itself: thousands are gone through.
+struct Fact {
+    UUID id;
+    std::int64_t home = 0;     ///< amount in the home currency; 0 where there is none
+    std::int64_t claimed = 0;  ///< input tax, likewise
+    Day date;
+    std::uint8_t lists = 0;  ///< a bit for each `ExpenseList`
+    bool counts = false;     ///< has an amount in the home currency
+    bool fits = true;        ///< holds what is searched for
+};
+static_assert(static_cast<int>(ExpenseList::withoutReceipt) < 8);
+
+constexpr unsigned bit(ExpenseList list) { return 1U << static_cast<unsigned>(list); }
+
+Fact factOf(const Library& library, const Expense& expense) {
+    Fact fact;
+    fact.id = expense.id;
+    fact.date = expense.date;
+    const auto home = Expenses::inHomeCurrency(library, expense, expense.amount);
+    fact.counts = home.has_value();
+    fact.home = home.value_or(0);
+    if (expense.claimTax) fact.claimed = Expenses::inHomeCurrency(library, expense, expense.tax).value_or(0);
+    unsigned lists = 0;
+    for (auto list = ExpenseList::all; list <= ExpenseList::withoutReceipt;
+         list = static_cast<ExpenseList>(static_cast<int>(list) + 1))
+        if (belongsTo(library, expense, list)) lists |= bit(list);
+    fact.lists = static_cast<std::uint8_t>(lists);
+    return fact;
 }
 
-int compare(const Entry& a, const Entry& b, ExpenseOrder order) {
-    const auto sign = [](auto x, auto y) { return x < y ? -1 : y < x ? 1 : 0; };
+using Items = Listing<Expense, Fact>;
+
+int compare(const Library& library, const Items::Item& a, const Items::Item& b, ExpenseOrder order) {
+    const auto sign = [](const auto& x, const auto& y) { return x < y ? -1 : y < x ? 1 : 0; };
+    const auto categoryName = [&library](const Expense& expense) {
+        const Category* category = expense.categoryID ? library.category(*expense.categoryID) : nullptr;
+        return category ? std::string_view(category->name) : std::string_view();
+    };
     switch (order) {
         case ExpenseOrder::vendor:
-            return Text::compareForPeople(a.expense->vendor, b.expense->vendor);
+            return Text::compareForPeople(a.record->vendor, b.record->vendor);
         case ExpenseOrder::category:
-            return Text::compareForPeople(a.category ? a.category->name : "", b.category ? b.category->name : "");
+            return Text::compareForPeople(categoryName(*a.record), categoryName(*b.record));
         case ExpenseOrder::amount:
-            return sign(a.home, b.home);
+            return sign(a.fact.home, b.fact.home);
         case ExpenseOrder::tax:
-            return sign(a.expense->tax, b.expense->tax);
+            return sign(a.record->tax, b.record->tax);
         case ExpenseOrder::method:
-            return sign(a.expense->method, b.expense->method);
+            return sign(a.record->method, b.record->method);
         case ExpenseOrder::status:
-            return sign(a.status.text, b.status.text);
+            return sign(textOf(statusOf(library, *a.record)), textOf(statusOf(library, *b.record)));
         case ExpenseOrder::date:
             break;
     }
     return 0;
 }
 
-/// What thousands of rows have in common, worked out once.
-class Common {
-public:
-    const Currency& currency(const std::string& code) {
-        const auto found = currencies_.find(code);
-        return found == currencies_.end() ? currencies_.emplace(code, Currency::of(code)).first->second : found->second;
-    }
-    const std::string& text(Day day) {
-        std::string& text = days_[day.number()];
-        if (text.empty()) text = day.formatted("d MMM yyyy");
-        return text;
-    }
-
-private:
-    std::unordered_map<std::string, Currency> currencies_;
-    std::unordered_map<std::int64_t, std::string> days_;
-};
-
-ExpenseRow rowOf(const Entry& entry, Common& common) {
-    const Expense& e = *entry.expense;
-    const Currency& currency = common.currency(e.currency);
-    ExpenseRow row;
-    row.id = e.id;
-    row.date = common.text(e.date);
-    row.vendor = e.vendor;
-    row.amount = MoneyFormat::string(e.amount, currency);
-    if (e.tax != 0) row.tax = MoneyFormat::string(e.tax, currency);
-    row.method = RowText::translate("Rows", title(e.method));
-    row.status = entry.status.text;
-    row.hint = entry.status.hint;
-    row.tone = entry.status.tone;
-    row.receipt = !e.attachments.empty();
-    if (entry.category) {
-        row.category = entry.category->name;
-        row.symbol = entry.category->symbol;
-        row.colorHex = entry.category->colorHex;
-    }
-    return row;
-}
-
 }  // namespace
 
-ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
-    std::unordered_map<UUID, const Category*> categories;
-    for (const Category& category : library.categories) categories.emplace(category.id, &category);
-    std::vector<std::string> words;
-    for (const std::string& word : Text::split(Text::lower(Text::trim(filter.search)), ' '))
-        if (!word.empty()) words.push_back(word);
+struct ExpenseListing::State {
+    Library library;
+    ExpenseFilter filter;
+    std::shared_ptr<const void> books;  // another for each value of what rows hold beside their expenses
+    Items listing;
 
-    std::vector<Entry> entries;
-    for (const Expense& expense : library.expenses) {
-        if (filter.days && !filter.days->contains(expense.date)) continue;
-        if (!belongsTo(library, expense, filter.list)) continue;
-        const auto found = expense.categoryID ? categories.find(*expense.categoryID) : categories.end();
-        Entry entry{&expense, found == categories.end() ? nullptr : found->second, statusOf(library, expense),
-                    Expenses::inHomeCurrency(library, expense, expense.amount).value_or(0), expense.date};
-        if (fits(library, entry, words)) entries.push_back(std::move(entry));
+    /// Whether expenses read, stand and are found as they did, as far as they have not changed themselves.
+    [[nodiscard]] bool holdsFor(const Library& other, const ExpenseFilter& wanted) const {
+        return books && filter.order == wanted.order && filter.ascending == wanted.ascending &&
+               library.categories.sharesAllWith(other.categories) && library.clients.sharesAllWith(other.clients) &&
+               library.projects.sharesAllWith(other.projects) && library.business == other.business;
     }
-    std::vector<const Entry*> sorted;
-    sorted.reserve(entries.size());
-    for (const Entry& entry : entries) sorted.push_back(&entry);
-    std::sort(sorted.begin(), sorted.end(), [&filter](const Entry* a, const Entry* b) {
-        if (const int order = compare(*a, *b, filter.order); order != 0)
-            return filter.ascending ? order < 0 : order > 0;
-        // Within equals the latest comes first; by date, as chosen.
-        if (filter.order != ExpenseOrder::date || !filter.ascending) std::swap(a, b);
-        if (a->date != b->date) return a->date < b->date;
-        const auto key = [](const Expense& e) { return std::tie(e.createdAt, e.id); };
-        return key(*a->expense) < key(*b->expense);
-    });
+    void update(const Library& now, const ExpenseFilter& wanted);
+};
 
-    ExpenseTable table;
+void ExpenseListing::State::update(const Library& now, const ExpenseFilter& wanted) {
+    Finder finder(now, wanted.search);
+    const auto factsOf = [&](const Expense& expense, std::size_t) {
+        Fact fact = factOf(now, expense);
+        fact.fits = finder.fits(expense);
+        return fact;
+    };
+    const auto before = [&](const Items::Item& x, const Items::Item& y) {
+        const Items::Item *a = &x, *b = &y;
+        if (const int order = compare(now, *a, *b, wanted.order); order != 0)
+            return wanted.ascending ? order < 0 : order > 0;
+        // Within equals the latest comes first; by date, as chosen.
+        if (wanted.order != ExpenseOrder::date || !wanted.ascending) std::swap(a, b);
+        if (a->fact.date != b->fact.date) return a->fact.date < b->fact.date;
+        if (a->record->createdAt != b->record->createdAt) return a->record->createdAt < b->record->createdAt;
+        return a->fact.id < b->fact.id;
+    };
+    if (!holdsFor(now, wanted)) {
+        listing.begin(now.expenses, factsOf, before);
+        books = std::make_shared<int>();
+    } else {
+        listing.update(now.expenses, factsOf, before);
+        if (wanted.search != filter.search) {
+            // What does not hold the beginning of a search does not hold the whole.
+            const bool narrower = !Text::trim(filter.search).empty() && wanted.search.starts_with(filter.search);
+            for (auto& [expense, fact] : listing.items())
+                if (!narrower || fact.fits) fact.fits = finder.fits(*expense);
+        }
+    }
+    library = now;
+    filter = wanted;
+}
+
+ExpenseListing::ExpenseListing() : state_(std::make_unique<State>()) {}
+ExpenseListing::~ExpenseListing() = default;
+
+ExpenseTable ExpenseListing::table(const Library& library, const ExpenseFilter& filter) {
+    state_->update(library, filter);
+    std::vector<LazyRows<ExpenseRow>::Key> keys;
     std::int64_t total = 0, tax = 0;
     std::size_t leftOut = 0;
-    table.rows.reserve(sorted.size());
-    Common common;
-    for (const Entry* entry : sorted) {
-        const Expense& expense = *entry->expense;
-        table.rows.push_back(rowOf(*entry, common));
-        const auto home = Expenses::inHomeCurrency(library, expense, expense.amount);
-        const auto claimed = Expenses::inHomeCurrency(library, expense, expense.tax);
+    for (const auto& [expense, fact] : state_->listing.items()) {
+        if (!fact.fits || (fact.lists & bit(filter.list)) == 0) continue;
+        if (filter.days && !filter.days->contains(fact.date)) continue;
+        keys.push_back({fact.id, expense});
         std::int64_t sum = 0;
         // Each is believable, yet thousands at the limit would not fit.
-        if (!home || __builtin_add_overflow(total, *home, &sum)) {
+        if (!fact.counts || __builtin_add_overflow(total, fact.home, &sum)) {
             ++leftOut;
             continue;
         }
         total = sum;
-        if (expense.claimTax && claimed && !__builtin_add_overflow(tax, *claimed, &sum)) tax = sum;
+        if (!__builtin_add_overflow(tax, fact.claimed, &sum)) tax = sum;
     }
+    ExpenseTable table;
     table.count =
-        RowText::counted(entries.size(), RowText::marked("Rows", "1 expense"), RowText::marked("Rows", "%1 expenses"));
+        RowText::counted(keys.size(), RowText::marked("Rows", "1 expense"), RowText::marked("Rows", "%1 expenses"));
     table.total = MoneyFormat::string(total, library.home());
     table.tax = MoneyFormat::string(tax, library.home());
     if (leftOut > 0)
         table.leftOut = RowText::filled(RowText::translate("Rows", "%1 left out: no rate"), {std::to_string(leftOut)});
+    table.rows = {std::move(keys), state_->books,
+                  [library](const void* expense) { return rowOf(library, *static_cast<const Expense*>(expense)); }};
     return table;
+}
+
+ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter) {
+    return ExpenseListing().table(library, filter);
 }
 
 bool belongsTo(const Library& library, const Expense& expense, ExpenseList list) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "Tamba/Rows/Listing.h"
 #include "TambaCore/Model/Models.h"
 #include "TambaCore/Model/Period.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +27,7 @@ struct ExpenseFilter {
     std::string search = {};          ///< words that must all occur, in any of the texts people know the expense by
     ExpenseOrder order = ExpenseOrder::date;
     bool ascending = false;
+    bool operator==(const ExpenseFilter&) const = default;
 };
 
 enum class Tone { none, warning, danger, neutral, good };
@@ -40,12 +43,24 @@ struct ExpenseRow {
 };
 
 struct ExpenseTable {
-    std::vector<ExpenseRow> rows;
+    LazyRows<ExpenseRow> rows;
     /// "42 expenses", "₹1,23,456.00", "₹12,345.00" (claimed input tax), "2 without a rate left out".
     std::string count, total, tax, leftOut;
 };
 
 [[nodiscard]] ExpenseTable expenseTable(const Library& library, const ExpenseFilter& filter);
+
+/// The same tables, one after the other: what neither the books nor the filter have changed is not gone through again.
+class ExpenseListing {
+public:
+    ExpenseListing();
+    ~ExpenseListing();
+    [[nodiscard]] ExpenseTable table(const Library& library, const ExpenseFilter& filter);
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
 
 /// How many expenses each list holds, in one pass over the books.
 struct ExpenseCounts {

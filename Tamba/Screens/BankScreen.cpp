@@ -11,6 +11,7 @@
 #include "Tamba/Widgets/ListParts.h"
 #include "Tamba/Widgets/PeriodPicker.h"
 #include "Tamba/Widgets/RowDelegate.h"
+#include "Tamba/Widgets/WhenSeen.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -178,15 +179,18 @@ void BankScreen::makeConnections() {
     connect(search_, &QLineEdit::returnPressed, this, [this] { table_->setFocus(); });
     connect(pane_, &SuggestionsPane::expenseChosen, this, &BankScreen::expenseChosen);
     connect(pane_, &SuggestionsPane::documentChosen, this, &BankScreen::documentChosen);
+    seen_ = new WhenSeen(*this, model_, [this] { refresh(); });
     connect(&model_, &AppModel::changed, this, [this](const Library& before, const Library& after) {
         if (before.accounts != after.accounts) fillAccounts();
-        if (isVisible()) refresh();  // comparing lines with the books takes too long for a screen nobody sees
+        seen_->refresh();
     });
     connect(&model_, &AppModel::opened, this, [this] {
         lastRow_ = 0;
         fillAccounts();
-        clearFilters();
-        showList(BankList::open);
+        seen_->refreshThen([this] {
+            clearFilters();
+            showList(BankList::open);
+        });
     });
 }
 
@@ -222,7 +226,7 @@ void BankScreen::refresh() {
     const BankAccount* account = chosenAccount();
     filter_.account = account ? std::optional(account->id) : std::nullopt;
 
-    BankTable table = bankTable(library, filter_);
+    BankTable table = listing_.table(library, filter_);
     for (std::size_t i = 0; i < std::size(allBankLists); ++i)
         lists_->setTabText(
             static_cast<int>(i),
@@ -286,6 +290,7 @@ void BankScreen::selectionChanged() {
 void BankScreen::select(const UUID& line) {
     const BankTransaction* wanted = tamba::find(model_.library().transactions, line);
     if (!wanted) return;
+    seen_->catchUp();
     if (!rows_.rowOf(line)) clearFilters();
     if (!rows_.rowOf(line)) showList(BankList::all);
     selectIds(*table_, rows_, {line});

@@ -25,6 +25,7 @@ namespace tamba {
 class EmptyState;
 class PeriodPicker;
 class SuggestionsPane;
+class WhenSeen;
 
 /// Statement lines on the left, on the right what the selected one could be. After each decision the next open line is
 /// selected, so that a month is gone through without letting go of the keyboard.
@@ -84,6 +85,7 @@ private:
     AppModel& model_;
     Prompts& prompts_;
     BankFilter filter_;
+    BankListing listing_;
     Model rows_;
     bool filling_ = false;
     bool narrow_ = false;  // the date has no column and goes below the name
@@ -103,6 +105,7 @@ private:
     QLabel* in_;
     QLabel* out_;
     SuggestionsPane* pane_;
+    WhenSeen* seen_;
 };
 
 }  // namespace tamba

@@ -142,7 +142,7 @@ void ClientInspector::fill(const Client& client) {
     table_->setVisible(rows_.rowCount() > 0);
     table_->setFixedHeight(std::min(rows_.rowCount(), shownDocuments) * RowDelegate::rowHeight);
     table_->clearSelection();
-    const auto accounts = Clients::accounts(library, model_.today());
+    const auto accounts = Clients::accounts(library, standings_.update(library, model_.today()));
     const auto found = accounts.find(client.id);
     summary_->setVisible(found != accounts.end());
     if (found == accounts.end()) return;

@@ -40,6 +40,7 @@ private:
     DocumentActions& documents_;
     std::optional<UUID> id_;
     RowsModel<ClientDocumentRow> rows_;
+    Books::KeptStandings standings_;
     QStackedWidget* pages_;
     ClientForm* form_;
     QLabel* summary_;

@@ -67,6 +67,7 @@ private:
     Prompts& prompts_;
     DocumentActions& documents_;
     ClientFilter filter_;
+    Books::KeptStandings standings_;
     Model rows_;
     QHBoxLayout* head_;
     QLineEdit* search_;

@@ -204,7 +204,7 @@ void ExpensesScreen::refresh() {
     filter_.days = period_->days();
     filter_.search = toStd(search_->text());
     title_->setText(Translations::shown(title(filter_.list)));
-    ExpenseTable table = expenseTable(library, filter_);
+    ExpenseTable table = listing_.table(library, filter_);
     const bool none = table.rows.empty();
     rows_.setRows(std::move(table.rows));
     count_->setText(toQt(table.count));

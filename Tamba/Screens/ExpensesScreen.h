@@ -75,6 +75,7 @@ private:
     AppModel& model_;
     Prompts& prompts_;
     ExpenseFilter filter_;
+    ExpenseListing listing_;
     Model rows_;
     QLabel* title_;
     PeriodPicker* period_;

@@ -247,7 +247,7 @@ void InvoicesScreen::refresh(Because because) {
     // A credit note begins at the invoice it credits.
     newDocument_->setVisible(filter_.kind != DocKind::creditNote);
 
-    DocumentTable table = documentTable(library, filter_, model_.today());
+    DocumentTable table = listing_.table(library, filter_, model_.today());
     const bool none = table.rows.empty();
     {
         const QScopedValueRollback guard(filling_, true);

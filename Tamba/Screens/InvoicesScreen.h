@@ -84,6 +84,7 @@ private:
     AppModel& model_;
     DocumentActions& actions_;
     DocumentFilter filter_;
+    DocumentListing listing_;
     Model rows_;
     bool filling_ = false;
     QPointer<QWidget> watched_;  // the window whose closing takes what is being typed

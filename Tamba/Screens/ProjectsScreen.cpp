@@ -200,7 +200,7 @@ QWidget* ProjectsScreen::makeInspector() {
         if (const Project* project = id ? model_.library().project(*id) : nullptr) archive(!project->archived);
     });
     const auto open = [this](const QModelIndex& index) {
-        const ProjectRecordRow row = records_.rows().at(static_cast<std::size_t>(index.row()));
+        const ProjectRecordRow row = records_.rows()[static_cast<std::size_t>(index.row())];
         row.document ? emit documentChosen(row.id) : emit expenseChosen(row.id);
     };
     connect(recordsTable_, &QTableView::clicked, this, open);

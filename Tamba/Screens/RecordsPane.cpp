@@ -94,7 +94,7 @@ void RecordsPane::takeKeys() {
 }
 
 void RecordsPane::open(int row) {
-    const RecordRow& record = rows_.rows().at(static_cast<std::size_t>(row));
+    const RecordRow& record = rows_.rows()[static_cast<std::size_t>(row)];
     if (record.isDocument)
         emit documentChosen(record.id);
     else

@@ -313,9 +313,6 @@ std::unordered_map<UUID, std::int64_t> partlyMatched(const Library& library) {
     for (const Document& document : library.documents)
         for (const Payment& payment : document.payments)
             (payment.bankTxnID ? byLine[*payment.bankTxnID] : byPayment[payment.id]).emplace_back(&document, &payment);
-    std::unordered_set<UUID> spent;
-    for (const Expense& expense : library.expenses)
-        if (expense.bankTxnID) spent.insert(*expense.bankTxnID);
     std::unordered_map<UUID, std::int64_t> rests;
     for (const BankTransaction& line : library.transactions) {
         if (!line.isMatched() || line.expenseID || line.amount < 1) continue;
@@ -325,8 +322,10 @@ std::unordered_map<UUID, std::int64_t> partlyMatched(const Library& library) {
             found != byPayment.end())
             its.insert(its.end(), found->second.begin(), found->second.end());
         const std::int64_t rest = restAfter(library, line, its);
-        if (rest > 0 && !spent.contains(line.id)) rests.emplace(line.id, rest);
+        if (rest > 0) rests.emplace(line.id, rest);
     }
+    for (const Expense& expense : library.expenses)
+        if (expense.bankTxnID) rests.erase(*expense.bankTxnID);
     return rests;
 }
 

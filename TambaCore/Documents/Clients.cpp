@@ -161,16 +161,21 @@ std::optional<std::string> taxIDProblem(const Client& client) {
 }
 
 std::unordered_map<UUID, Account> accounts(const Library& library, Day today) {
+    return accounts(library, Books::KeptStandings().update(library, today));
+}
+
+std::unordered_map<UUID, Account> accounts(const Library& library,
+                                           const std::vector<std::optional<Books::Standing>>& standings) {
     std::unordered_map<UUID, Account> all;
     std::unordered_map<UUID, Punctuality> punctuality;
-    const Books::Standings standings(library, today);
-    for (const Document& document : library.documents) {
+    for (std::size_t at = 0; at < library.documents.size(); ++at) {
+        const Document& document = library.documents[at];
         if (!document.clientID) continue;
         Account& account = all[*document.clientID];
         // An invoice in the state of an accepted or declined estimate is owed by nobody.
         const bool isNote = document.kind == DocKind::creditNote && document.isIssued();
         if (!isNote && (document.kind != DocKind::invoice || document.state != DocState::issued)) continue;
-        const auto standing = standings.of(document);
+        const auto& standing = standings.at(at);
         if (!standing || !add(account, library, document, *standing))
             ++account.leftOut;
         else if (standing->status == DocStatus::paid)

@@ -52,5 +52,8 @@ struct Account {
 };
 /// Of every client that has documents, by client id.
 [[nodiscard]] std::unordered_map<UUID, Account> accounts(const Library& library, Day today);
+/// For who keeps the standings: one for each document, in their order.
+[[nodiscard]] std::unordered_map<UUID, Account> accounts(const Library& library,
+                                                         const std::vector<std::optional<Books::Standing>>& standings);
 
 }  // namespace tamba::Clients

@@ -1,6 +1,7 @@
 #include "TambaCore/Documents/Standing.h"
 
 #include "TambaCore/Base/Check.h"
+#include "TambaCore/Base/Difference.h"
 
 #include <algorithm>
 #include <array>
@@ -25,9 +26,9 @@ std::int64_t settled(const Document& document) {
     return sum;
 }
 
-Standing standing(const Document& document, std::int64_t credited, Day today) {
+Standing standing(const Document& document, DocTotals totals, std::int64_t credited, Day today) {
     Standing result;
-    result.totals = DocMath::totals(document);
+    result.totals = std::move(totals);
     result.paid = settled(document);
     for (const Payment& payment : document.payments) result.tds = Checked::add(result.tds, payment.tds);
     result.credited = credited;
@@ -82,7 +83,7 @@ DocStatus status(const Library& library, const Document& document, Day today) {
     // How much is beyond belief cannot be said, but whether the document is a draft, sent or void can.
     const bool believable = DocMath::isBelievable(document);
     if (!believable) judged.lines.clear(), judged.payments.clear();
-    const DocStatus result = standing(judged, credits(library, document.id), today).status;
+    const DocStatus result = standing(judged, DocMath::sums(judged), credits(library, document.id), today).status;
     return !believable && result == DocStatus::paid ? DocStatus::sent : result;
 }
 
@@ -105,20 +106,58 @@ Standings::Standings(const Library& library, Day today) : today_(today) {
 
 std::optional<std::int64_t> Standings::credited(const Document& document) const {
     if (!DocMath::isBelievable(document)) return {};
-    const auto found = credits_.find(document.id);
-    const std::int64_t amount = found == credits_.end() ? 0 : found->second;
+    const std::int64_t amount = credits(document.id);
     return isBelievable(amount) ? std::optional(amount) : std::nullopt;
 }
 
 std::optional<Standing> Standings::of(const Document& document) const {
     const auto amount = credited(document);
-    return amount ? std::optional(standing(document, *amount, today_)) : std::nullopt;
+    return amount ? std::optional(standing(document, DocMath::totals(document), *amount, today_)) : std::nullopt;
+}
+
+std::optional<Standing> Standings::sumsOf(const Document& document) const {
+    const auto amount = credited(document);
+    return amount ? std::optional(standing(document, DocMath::sums(document), *amount, today_)) : std::nullopt;
+}
+
+std::int64_t Standings::credits(const UUID& invoice) const {
+    const auto found = credits_.find(invoice);
+    return found == credits_.end() ? 0 : found->second;
 }
 
 std::optional<std::int64_t> Standings::balance(const Document& invoice) const {
     const auto amount = credited(invoice);
     if (!amount) return {};
     return Checked::sub(Checked::sub(DocMath::sums(invoice).total, *amount), settled(invoice));
+}
+
+const std::vector<std::optional<Standing>>& KeptStandings::update(const Library& library, Day today) {
+    const Standings standings(library, today);
+    const auto changed = today == today_ ? difference(documents_, library.documents, 100) : std::nullopt;
+    // What is not known of a document yet is as if another amount had been credited on it.
+    constexpr std::int64_t unknown = -1;
+    if (changed) {
+        for (auto at = changed->gone.rbegin(); at != changed->gone.rend(); ++at) {
+            credits_.erase(credits_.begin() + static_cast<std::ptrdiff_t>(*at));
+            standings_.erase(standings_.begin() + static_cast<std::ptrdiff_t>(*at));
+        }
+        for (const std::size_t at : changed->come) {
+            credits_.insert(credits_.begin() + static_cast<std::ptrdiff_t>(at), unknown);
+            standings_.insert(standings_.begin() + static_cast<std::ptrdiff_t>(at), std::nullopt);
+        }
+    } else {
+        credits_.assign(library.documents.size(), unknown);
+        standings_.assign(library.documents.size(), std::nullopt);
+    }
+    documents_ = library.documents;
+    today_ = today;
+    for (std::size_t at = 0; at < documents_.size(); ++at) {
+        const std::int64_t credited = standings.credits(documents_[at].id);
+        if (credited == credits_[at]) continue;
+        credits_[at] = credited;
+        standings_[at] = standings.sumsOf(documents_[at]);
+    }
+    return standings_;
 }
 
 std::optional<std::int64_t> inHomeCurrency(const Library& library, const Document& document, std::int64_t amount) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 /// How documents stand: what was paid and credited, what is still owed, and whether it is late. Derived, never stored.
 /// Amounts are minor units of the document's currency. The functions for one document count 0 for what is beyond
@@ -43,6 +44,10 @@ class Standings {
 public:
     explicit Standings(const Library& library, Day today);
     [[nodiscard]] std::optional<Standing> of(const Document& document) const;
+    /// The same without the lists of its totals.
+    [[nodiscard]] std::optional<Standing> sumsOf(const Document& document) const;
+    /// What was credited on an invoice, also beyond belief.
+    [[nodiscard]] std::int64_t credits(const UUID& invoice) const;
     /// The balance of an issued invoice alone, for sums over many.
     [[nodiscard]] std::optional<std::int64_t> balance(const Document& invoice) const;
 
@@ -51,6 +56,19 @@ private:
     [[nodiscard]] std::optional<std::int64_t> credited(const Document& document) const;
     std::unordered_map<UUID, std::int64_t> credits_;
     Day today_;
+};
+
+/// `Standings::sumsOf` for all documents, in their order, of one value of the books after the other: where neither a
+/// document nor what was credited on it has changed, its standing is kept.
+class KeptStandings {
+public:
+    [[nodiscard]] const std::vector<std::optional<Standing>>& update(const Library& library, Day today);
+
+private:
+    List<Document> documents_;
+    Day today_;
+    std::vector<std::int64_t> credits_;
+    std::vector<std::optional<Standing>> standings_;
 };
 
 /// An amount of the document in minor units of the home currency, at the document's rate; nothing while that is missing

@@ -309,7 +309,7 @@ private slots:
         Open open;
         const Library& library = open.model.library();
         const BankTable all = bankTable(library, {.list = BankList::all});
-        QCOMPARE(all.rows.front().amount, std::string("−₹250.00"));
+        QCOMPARE(all.rows[0].amount, std::string("−₹250.00"));
         QCOMPARE(all.in, std::string("₹1,24,000.00"));
         QCOMPARE(all.out, std::string("−₹90,890.00"));
         struct Case {
@@ -328,7 +328,7 @@ private slots:
                                       {{open.month.firstInvoice, 1'100'000}, {open.month.secondInvoice, 2'300'000}});
         });
         const BankTable matched = bankTable(open.model.library(), {.list = BankList::matched});
-        QCOMPARE(matched.rows.at(0).matched, std::string("2 invoices"));
+        QCOMPARE(matched.rows[0].matched, std::string("2 invoices"));
         QCOMPARE(linksOf(open.model.library(), open.line(3)).size(), std::size_t(2));
     }
 

@@ -103,7 +103,8 @@ private slots:
         QCOMPARE(table.total, std::string("₹1,418.00"));
         QCOMPARE(table.tax, std::string("₹18.00"));
         QCOMPARE(table.leftOut, std::string("1 left out: no rate"));
-        QCOMPARE(table.rows.back().hint, std::string("Add the exchange rate to include this in reports."));
+        QCOMPARE(table.rows[table.rows.size() - 1].hint,
+                 std::string("Add the exchange rate to include this in reports."));
     }
 
     void theMenuLetsAnExpenseRepeatAndConvertsIt() {
