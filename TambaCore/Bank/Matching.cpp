@@ -445,10 +445,14 @@ Created createExpense(Library library, const UUID& id) {
     refuseIf(line.amount >= 0, Code::wrongDirection);
     if (!isBelievable(line.amount))
         throw BooksError(Code::figures, "The amount of this bank line is too large to be right.");
-    library = Expenses::add(std::move(library), expenseFrom(library, line));
+    Expense expense = expenseFrom(library, line);
+    if (expense.rateMicros > 0 && !Expenses::inHomeCurrency(library, expense, expense.amount))
+        throw BooksError(Code::figures, "The exchange rate kept for " + expense.currency +
+                                            " is too large to be right for this bank line.");
+    library = Expenses::add(std::move(library), std::move(expense));
     const std::size_t added = library.expenses.size() - 1;
     linkExpense(library, index, added);
-    Expense expense = library.expenses[added];
+    expense = library.expenses[added];
     return {std::move(library), std::move(expense)};
 }
 
