@@ -1,6 +1,7 @@
 #include "Tamba/Screens/SuggestionsPane.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Rows/OverviewRows.h"
 #include "Tamba/Style.h"
 #include "Tamba/Widgets/Controls.h"
 #include "Tamba/Widgets/Form.h"
@@ -248,6 +249,7 @@ void SuggestionsPane::setLine(const std::optional<UUID>& id) {
 void SuggestionsPane::fillMenu(QMenu& menu) {
     const BankTransaction* line = shown();
     if (!line) return;
+    catchUp();
     for (std::size_t i = 0; i < choices_.size(); ++i) {
         const MatchChoice& choice = choices_[i];
         QAction* action =
@@ -260,22 +262,48 @@ void SuggestionsPane::fillMenu(QMenu& menu) {
         if (!button->isHidden()) menu.addAction(button->text(), button, &QPushButton::click);
 }
 
+SuggestionsPane::Answers SuggestionsPane::answersFor(const Library& library, const BankTransaction& line) {
+    const bool money = line.amount > 0 && !line.ignored && Bank::unassigned(library, line) > 0;
+    return {choicesFor(library, line), proposedExpense(library, line), money && openInvoices(library, line).size() > 1};
+}
+
 void SuggestionsPane::refresh() {
     stale_ = false;
+    background_.cancel();
     const BankTransaction* line = shown();
+    // What is shown of this line stays until there is something newer.
+    if (filled_ != id_) choices_.clear();
     head_->setVisible(line != nullptr);
-    body_->setVisible(line != nullptr);
-    keys_->setVisible(line != nullptr);
     none_->setVisible(line == nullptr);
-    choices_.clear();
+    body_->setVisible(line && filled_ == id_);
+    keys_->setVisible(line && filled_ == id_);
     if (!line) return;
     fillHead(*line);
+    if (isQuick(model_.library())) return fill(answersFor(model_.library(), *line));
+    background_.start([this, library = model_.library(), line = *line](const std::atomic<bool>&) {
+        const auto answers = std::make_shared<Answers>(answersFor(library, line));
+        return [this, answers] { fill(std::move(*answers)); };
+    });
+}
+
+void SuggestionsPane::catchUp() {
+    if (!background_.isBusy()) return;
+    background_.cancel();
+    if (const BankTransaction* line = shown()) fill(answersFor(model_.library(), *line));
+}
+
+void SuggestionsPane::fill(Answers answers) {
+    const BankTransaction* line = shown();
+    if (!line) return;
+    filled_ = id_;
+    choices_ = std::move(answers.choices);
+    body_->setVisible(true);
+    keys_->setVisible(true);
     fillList(*line);
-    fillCategory(*line);
+    fillCategory(answers.proposal);
     fillOffer();
     const bool open = line->isOpen();
-    const bool money = line->amount > 0 && !line->ignored && Bank::unassigned(model_.library(), *line) > 0;
-    split_->setVisible(money && openInvoices(model_.library(), *line).size() > 1);
+    split_->setVisible(answers.isSplit);
     aside_->setVisible(!line->isMatched());
     aside_->setText(open ? tr("Set Aside") : tr("Bring Back"));
     aside_->setAccessibleName(aside_->text());
@@ -345,7 +373,7 @@ void SuggestionsPane::fillList(const BankTransaction& line) {
         nothing_->setText(toQt(facts.exchange));
         nothing_->setVisible(!facts.exchange.empty());
         if (!facts.rest.empty()) list_->addWidget(Controls::label(toQt(facts.rest), "warning", this));
-        return fillChoices(line);
+        return fillChoices();
     }
     if (line.ignored) {
         section_->setText(tr("Set aside"));
@@ -353,7 +381,7 @@ void SuggestionsPane::fillList(const BankTransaction& line) {
         return nothing_->setVisible(true);
     }
     section_->setText(tr("It could be"));
-    fillChoices(line);
+    fillChoices();
     if (!choices_.empty()) return;
     section_->setVisible(false);
     nothing_->setText(line.amount < 0 ? tr("No expense in the books looks like this.")
@@ -361,8 +389,7 @@ void SuggestionsPane::fillList(const BankTransaction& line) {
     nothing_->setVisible(true);
 }
 
-void SuggestionsPane::fillChoices(const BankTransaction& line) {
-    choices_ = choicesFor(model_.library(), line);
+void SuggestionsPane::fillChoices() {
     for (std::size_t i = 0; i < choices_.size(); ++i) {
         auto* card = new ChoiceCard(choices_[i], static_cast<int>(i) + 1, this);
         connect(card, &QAbstractButton::clicked, this, [this, i] { choose(i); });
@@ -370,10 +397,9 @@ void SuggestionsPane::fillChoices(const BankTransaction& line) {
     }
 }
 
-void SuggestionsPane::fillCategory(const BankTransaction& line) {
+void SuggestionsPane::fillCategory(const std::optional<Expense>& proposal) {
     const Library& library = model_.library();
     const Expense* matched = matchedExpense();
-    const auto proposal = proposedExpense(library, line);
     proposed_ = proposal ? proposal->categoryID : std::nullopt;
     create_->setVisible(proposal.has_value());
     // Where nothing fits, making the expense is what there is to do.
@@ -402,6 +428,7 @@ void SuggestionsPane::fillOffer() {
 }
 
 bool SuggestionsPane::takeKey(int key) {
+    catchUp();
     if (key >= Qt::Key_1 && key <= Qt::Key_9) return choose(static_cast<std::size_t>(key - Qt::Key_1)), true;
     switch (key) {
         case Qt::Key_C:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tamba/AppModel.h"
+#include "Tamba/Background.h"
 #include "Tamba/Prompts.h"
 #include "Tamba/Rows/BankRows.h"
 
@@ -49,11 +50,21 @@ protected:
 private:
     QWidget* makeHead();
     QWidget* makeBody();
+    /// What the books have for the line; to find it in large books takes longer than an edit may.
+    struct Answers {
+        std::vector<MatchChoice> choices;
+        std::optional<Expense> proposal;
+        bool isSplit = false;  // over several invoices, which it can be
+    };
+    [[nodiscard]] static Answers answersFor(const Library& library, const BankTransaction& line);
     void refresh();
+    void fill(Answers answers);
+    /// The answers at once, for who asks before they have come.
+    void catchUp();
     void fillHead(const BankTransaction& line);
     void fillList(const BankTransaction& line);
-    void fillChoices(const BankTransaction& line);
-    void fillCategory(const BankTransaction& line);
+    void fillChoices();
+    void fillCategory(const std::optional<Expense>& proposal);
     void fillOffer();
     [[nodiscard]] const BankTransaction* shown() const;
     /// The expense that the shown line is matched to.
@@ -72,7 +83,8 @@ private:
     AppModel& model_;
     Prompts& prompts_;
     std::optional<UUID> id_;
-    bool stale_ = false;  // the books have changed while nobody saw it
+    bool stale_ = false;          // the books have changed while nobody saw it
+    std::optional<UUID> filled_;  // the line that the choices are for
     std::vector<MatchChoice> choices_;
     std::optional<RuleOffer> offer_;
     std::optional<UUID> proposed_;  // the category that the line's expense would get by itself
@@ -100,6 +112,7 @@ private:
     QLabel* offerText_;
     QPushButton* addRule_;
     QLabel* keys_;
+    Background background_;
 };
 
 }  // namespace tamba
