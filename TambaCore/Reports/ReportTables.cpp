@@ -150,7 +150,7 @@ Table tdsDeductions(const Library& library, int startYear) {
                      {"Received", Kind::amount},
                      {"TDS", Kind::amount},
                      {"Rate", Kind::percent}};
-    for (const std::size_t detail : {1, 3, 4, 6}) table.columns[detail].isDetail = true;
+    for (const std::size_t detail : {1U, 3U, 4U, 6U}) table.columns[detail].isDetail = true;
     for (TDS::Deduction& one : year.deductions) {
         const std::string quarter =
             "Q" + std::to_string(one.quarter) + " " + quarterName(static_cast<std::size_t>(one.quarter - 1));
@@ -176,7 +176,7 @@ Table tdsClients(const Library& library, int startYear) {
     table.columns = {{"Client"}, {"PAN"}, {"GSTIN"}};
     for (std::size_t i = 0; i < 4; ++i) table.columns.push_back({quarterName(i), Kind::amount});
     table.columns.push_back({"Year", Kind::amount});
-    for (const std::size_t detail : {1, 2}) table.columns[detail].isDetail = true;
+    for (const std::size_t detail : {1U, 2U}) table.columns[detail].isDetail = true;
     for (TDS::ClientRow& row : year.clients) {
         std::vector<Table::Cell> cells{row.name, row.pan, row.gstin};
         for (const std::int64_t quarter : row.quarters) cells.emplace_back(home(quarter));

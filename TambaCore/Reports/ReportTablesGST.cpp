@@ -28,7 +28,7 @@ public:
         table.columns = {{"Number"},          {"Date", Kind::day}, {"Recipient"},           {"GSTIN"},
                          {"Place of supply"}, {"Supply"},          {"Value", Kind::amount}, {"Rate", Kind::percent}};
         addTaxColumns(table);
-        for (const std::size_t detail : {1, 3, 5}) table.columns[detail].isDetail = true;
+        for (const std::size_t detail : {1U, 3U, 5U}) table.columns[detail].isDetail = true;
         for (const Entry& entry : entries)
             for (const RateGroup& rate : entry.rates) {
                 // The value is the document's, so it stands once however many rates it has.
