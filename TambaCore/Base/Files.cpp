@@ -1,5 +1,6 @@
 #include "TambaCore/Base/Files.h"
 
+#include "TambaCore/Base/LargePages.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Base/UUID.h"
 
@@ -130,16 +131,11 @@ bool exists(const Path& path) {
     return type != fs::file_type::not_found;
 }
 
-/// Of a hundred megabytes, half the time to read them is the system handing out memory in small pages. So it is asked
-/// for large ones, and another thread has it hand them out while the first ones fill.
+/// Memory for a large text is handed out by another thread while its beginning is filled.
 static std::jthread handOutPages(char* begin, std::size_t size) {
-    constexpr std::uintptr_t page = 2 << 20;
-    const auto from = (reinterpret_cast<std::uintptr_t>(begin) + page - 1) / page * page;
-    const auto to = (reinterpret_cast<std::uintptr_t>(begin) + size) / page * page;
-    if (to < from + 8 * page) return {};
-    void* const start = reinterpret_cast<void*>(from);
-    (void)::madvise(start, to - from, MADV_HUGEPAGE);
-    return std::jthread([start, length = to - from] { (void)::madvise(start, length, MADV_POPULATE_WRITE); });
+    const LargePages pages = askForLargePages(begin, size);
+    if (pages.size == 0) return {};
+    return std::jthread([pages] { (void)::madvise(pages.begin, pages.size, MADV_POPULATE_WRITE); });
 }
 
 std::string read(const Path& path) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "TambaCore/Base/LargePages.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
@@ -10,16 +12,19 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 namespace tamba::ModelsJSON {
 
 /// Streams values straight to bytes by walking the field tables; no tree in between. The text grows in steps of zeroed
-/// bytes that are then written through a pointer: a large book has millions of small pieces.
+/// bytes that are then written through a pointer: a large book has millions of small pieces. Of a long list, each
+/// processor writes a stretch.
 class Writer {
 public:
     explicit Writer(Layout layout, std::size_t sizeHint = 0) : pretty_(layout == Layout::pretty) {
         out_.reserve(sizeHint);
+        askForLargePages(out_.data(), out_.capacity());
     }
 
     /// The finished text. The writer is spent.
@@ -59,7 +64,32 @@ public:
     }
     template <class T>
     void value(const List<T>& items) {
-        list(items);
+        constexpr std::size_t manyRecords = 2000;
+        const std::size_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, 8U);
+        if (items.size() < manyRecords || processors < 2) return list(items);
+        open('[');
+        const std::size_t length = (items.size() + processors - 1) / processors;
+        const auto write = [&items, length](Writer& writer, std::size_t stretch) {
+            for (std::size_t i = stretch * length; i < std::min((stretch + 1) * length, items.size()); ++i) {
+                writer.next();
+                writer.value(items[i]);
+            }
+        };
+        std::vector<std::string> others(processors);
+        {
+            std::vector<std::jthread> threads;
+            for (std::size_t i = 1; i < processors; ++i)
+                threads.emplace_back([this, &write, &others, length, i] {
+                    Writer writer(pretty_ ? Layout::pretty : Layout::line, length * usualSize);
+                    writer.depth_ = depth_;
+                    writer.first_ = false;
+                    write(writer, i);
+                    others[i] = writer.take();
+                });
+            write(*this, 0);
+        }
+        for (const std::string& other : others) put(other);
+        close(']');
     }
     void value(const std::map<std::string, std::int64_t>& counters) {
         open('{');
@@ -86,6 +116,8 @@ public:
     }
 
 private:
+    static constexpr std::size_t usualSize = 1024;  // of a record; memory that is not used costs nothing
+
     template <class R, class M>
     void one(const R& record, const Field<R, M>& field) {
         const M& member = record.*field.member;
