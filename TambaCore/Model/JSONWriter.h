@@ -75,20 +75,20 @@ public:
                 writer.value(items[i]);
             }
         };
-        std::vector<std::string> others(processors);
+        std::vector<Writer> others;
+        others.reserve(processors);
+        for (std::size_t i = 1; i < processors; ++i) {
+            Writer& other = others.emplace_back(pretty_ ? Layout::pretty : Layout::line, length * usualSize);
+            other.depth_ = depth_;
+            other.first_ = false;
+        }
         {
             std::vector<std::jthread> threads;
             for (std::size_t i = 1; i < processors; ++i)
-                threads.emplace_back([this, &write, &others, length, i] {
-                    Writer writer(pretty_ ? Layout::pretty : Layout::line, length * usualSize);
-                    writer.depth_ = depth_;
-                    writer.first_ = false;
-                    write(writer, i);
-                    others[i] = writer.take();
-                });
+                threads.emplace_back([&write, &other = others[i - 1], i] { write(other, i); });
             write(*this, 0);
         }
-        for (const std::string& other : others) put(other);
+        for (Writer& other : others) put(other.take());
         close(']');
     }
     void value(const std::map<std::string, std::int64_t>& counters) {
