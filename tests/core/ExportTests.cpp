@@ -361,6 +361,34 @@ TEST(Export, theSummaryStaysOnePage) {
     EXPECT_NE(tamba::testing::readBack("pdftotext", pdf, "-").find("more in Summary.txt"), std::string::npos);
 }
 
+/// The rows as LibreOffice reads and writes them again; nothing where it is not installed.
+std::optional<std::vector<CSV::Row>> throughLibreOffice(const std::string& bytes) {
+    if (std::system("command -v soffice >/dev/null") != 0) return {};
+    TemporaryFolder folder;
+    tamba::testing::write(folder / "in/table.csv", bytes);
+    const std::string filter = "44,34,76,1,,0,false,true,false";  // comma, quotes, UTF-8, texts as they are
+    const std::string command = "HOME='" + folder.path().string() + "' soffice --headless --infilter='CSV:" + filter +
+                                "' --convert-to 'csv:Text - txt - csv (StarCalc):" + filter + "' --outdir '" +
+                                (folder / "out").string() + "' '" + (folder / "in/table.csv").string() +
+                                "' >/dev/null 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    return CSV::parse(contents(folder / "out/table.csv"));
+}
+
+TEST(Export, spreadsheetsReadWhatIsWritten) {
+    const Case one;
+    const auto bundle = YearEnd::plan(one.library, year, today, {});
+    for (const char* name : {"Expenses.csv", "Clients.csv"}) {
+        const auto expected = rowsOf(bundle, name);
+        const auto read = throughLibreOffice(std::find_if(bundle.files.begin(), bundle.files.end(), [&](const auto& f) {
+                                                 return f.name == name;
+                                             })->bytes({}));
+        if (!read) GTEST_SKIP() << "not run: LibreOffice is not installed";
+        ASSERT_EQ(read->size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(read->at(i)[0], expected[i][0]) << name;
+    }
+}
+
 TEST(SHA256, isTheOneOfTheStandard) {
     EXPECT_EQ(sha256("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
 }
