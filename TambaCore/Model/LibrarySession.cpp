@@ -320,8 +320,12 @@ Library LibrarySession::restore(const fs::path& folder, std::string_view name) {
     try {
         // Read before old ones make room, of which it may be one.
         const std::string bytes = Files::read(backup);
-        if (Files::exists(store.fileURL()) && Files::copyToNew(store.fileURL(), placeForReplaced(store)))
+        if (Files::exists(store.fileURL())) {
+            while (!Files::copyToNew(store.fileURL(), placeForReplaced(store))) {
+                // A synchroniser has just put a file there: the next name.
+            }
             store.pruneBackups(replacedPrefix, replacedKept);
+        }
         Files::writeAtomically(store.fileURL(), bytes);
     } catch (const FileError& error) {
         throw StoreError(StoreError::Code::unwritable, error.what());
