@@ -110,7 +110,11 @@ Expense withCurrency(const Library& library, Expense expense, std::string_view c
     if (from.exponent == to.exponent || !isBelievable(expense)) return expense;
     const auto asRead = [&](std::int64_t minor) { return MoneyMath::mulDiv(minor, to.scale(), from.scale()); };
     expense.amount = asRead(expense.amount);
-    return withTax(library, std::move(expense), asRead(expense.tax));
+    const std::int64_t tax = asRead(expense.tax);
+    if (!tamba::isBelievable(expense.amount) || !tamba::isBelievable(tax))
+        throw BooksError(BooksError::Code::figures,
+                         "The amount or its tax is too large to be right in " + to.code + ".");
+    return withTax(library, std::move(expense), tax);
 }
 
 std::optional<std::int64_t> mileageAmount(std::int64_t distanceMilli, std::int64_t rateMinor) {

@@ -32,7 +32,7 @@ namespace tamba::Expenses {
 /// With another tax total, divided by the vendor's and the business's states; a total of 0 clears the split.
 [[nodiscard]] Expense withTax(const Library& library, Expense expense, std::int64_t tax);
 /// With another currency and the rate kept for it; 0 where none is kept, which leaves the expense out of reports. The
-/// figures stay as people read them: 118.00 rupees become 118 yen.
+/// figures stay as people read them: 118.00 rupees become 118 yen. Throws `figures` where they have no room.
 [[nodiscard]] Expense withCurrency(const Library& library, Expense expense, std::string_view currency);
 /// Keeps the rate of a currency for what is entered from that day on; without a rate, keeps none. What is in the books
 /// stays at its own.

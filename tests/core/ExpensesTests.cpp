@@ -152,6 +152,12 @@ TEST(Expenses, takeTheRateKeptForTheirCurrency) {
     EXPECT_EQ(back.rateMicros, 1'000'000);
     EXPECT_EQ(back.amount, 11800);
     EXPECT_EQ(Expenses::inHomeCurrency(library, back, 500), 500);
+
+    Expense most = anExpense();
+    most.amount = maximumAmount;
+    EXPECT_EQ(testing::refusal<BooksError>([&] { return Expenses::withCurrency(library, most, "KWD"); }),
+              BooksError::Code::figures)
+        << "fils have no room";
 }
 
 TEST(Expenses, convertToTheHomeCurrencyForGood) {
@@ -290,7 +296,11 @@ RC_GTEST_PROP(Expenses, noFigureStopsTheProgram, ()) {
     RC_ASSERT(isBelievable(home.value_or(0)));
     RC_ASSERT(home.has_value() || Expenses::attention(library, expense).has_value());
     const auto currency = *rc::gen::element<std::string>("INR", "JPY", "KWD");
-    expense = Expenses::withCurrency(library, expense, currency);
+    try {
+        expense = Expenses::withCurrency(library, expense, currency);
+    } catch (const BooksError& error) {
+        RC_ASSERT(error.code() == BooksError::Code::figures);
+    }
     RC_ASSERT(Expenses::add(library, expense).expenses.size() == 1);
 }
 
