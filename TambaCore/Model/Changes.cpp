@@ -232,6 +232,39 @@ std::unordered_map<UUID, std::vector<UUID>> billing(const Library& library) {
     return invoices;
 }
 
+bool contains(const std::vector<Payment>& payments, const Payment& payment) {
+    return std::any_of(payments.begin(), payments.end(), [&](const Payment& each) { return each.id == payment.id; });
+}
+
+/// The document that a draft issued on both sides became beside the one that kept its id.
+Document apart(Document issued) {
+    issued.id = UUID::derived(issued.id, *issued.number);
+    issued.payments.clear();
+    return issued;
+}
+
+/// Books may be older than the meeting at which a draft that both sides issued became two documents: there the other
+/// one still stands in the place of ours. What was paid on it since goes with it.
+Library withNumbersApart(Library books, const Library& base, const Library& ours) {
+    if (books.documents.sharesAllWith(ours.documents)) return books;
+    const Documents mine = indexed(ours.documents), before = indexed(base.documents),
+                    present = indexed(books.documents);
+    for (std::size_t i = 0, count = books.documents.size(); i < count; ++i) {
+        const Document issued = books.documents[i];
+        const auto our = lookUp(mine, issued.id);
+        if (!our || !our->number || !issued.number || our->number == issued.number) continue;
+        books.documents.update(i, [&our](Document& document) { document = *our; });
+        Document other = apart(issued);
+        if (present.contains(other.id)) continue;
+        if (const auto known = lookUp(before, other.id)) other = *known;
+        for (const Payment& payment : issued.payments)
+            if (!contains(our->payments, payment) && !contains(other.payments, payment))
+                other.payments.push_back(payment);
+        books.documents.append(std::move(other));
+    }
+    return books;
+}
+
 /// What merging record by record leaves at odds between records: each side's change was right beside what it knew.
 class Settler {
 public:
@@ -305,9 +338,7 @@ private:
             const Document *our = found(mine, id), *their = found(others, id), *old = found(before, id);
             if (!our || !their || !old || old->number || !our->number || !their->number) continue;
             if (our->number == their->number) continue;
-            Document other = kept->number == our->number ? *their : *our;
-            other.id = UUID::derived(id, *other.number);
-            other.payments.clear();
+            Document other = apart(kept->number == our->number ? *their : *our);
             if (!present.contains(other.id)) added_.push_back(std::move(other));
         }
         std::sort(added_.begin(), added_.end(), [](const Document& a, const Document& b) { return a.id < b.id; });
@@ -449,7 +480,8 @@ Changes Changes::between(const Library& before, const Library& after) {
 
 bool Changes::empty() const { return *this == Changes{}; }
 
-Merged merge(const Library& base, const Library& ours, const Library& theirs) {
+Merged merge(const Library& asItWas, const Library& ours, const Library& asTheyAre) {
+    const Library base = withNumbersApart(asItWas, asItWas, ours), theirs = withNumbersApart(asTheyAre, asItWas, ours);
     Merger merger;
     Library merged = ours;
     const auto mergeField = [&](const auto& field) {

@@ -188,6 +188,28 @@ TEST(Merge, keepsBothDocumentsThatGotOneNumber) {
     EXPECT_EQ(merged.document(again.id)->number, "INV/26-27/002");
 }
 
+TEST(Merge, anOlderCopyPaysTheDocumentThatHasItsNumber) {
+    Library base = testing::aBook();
+    const Document draft = testing::aDraft(base, DocKind::invoice, {Line::make("Design", 1000, 100, 0)});
+    const Document first = testing::aDraft(base, DocKind::invoice, {Line::make("Print", 1000, 100, 0)});
+    base = Books::addDraft(Books::addDraft(std::move(base), draft), first);
+    const Library theirs = Books::issue(base, draft.id, {2026, 10, 15});
+    const Library ours = Books::issue(Books::issue(base, first.id, {2026, 10, 15}), draft.id, {2026, 10, 15});
+    const Library met = merge(base, ours, theirs).library;
+    const Library paid =
+        Books::recordPayment(theirs, draft.id, Payment::make({2026, 10, 20}, 50, 0, PaymentMethod::upi));
+    for (const Library* known : {&theirs, &met}) {
+        const Library again = merge(*known, met, paid).library;
+        ASSERT_EQ(again.documents.size(), 3u);
+        EXPECT_EQ(again.document(draft.id)->number, "INV/26-27/002");
+        EXPECT_TRUE(again.document(draft.id)->payments.empty());
+        const Document* other = again.document(UUID::derived(draft.id, "INV/26-27/001"));
+        ASSERT_TRUE(other);
+        EXPECT_EQ(other->payments.size(), 1u);
+        EXPECT_EQ(merge(paid, again, paid).library, again);
+    }
+}
+
 /// What one side did to each expense of the base; those beyond it are new.
 struct Side {
     std::vector<int> done;

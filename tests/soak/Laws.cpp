@@ -176,20 +176,21 @@ std::vector<Fault> reportFaults(const Library& library, Day today) {
     return faults;
 }
 
-std::vector<Fault> lostPaper(const Library& before, const Library& after) {
-    std::vector<Fault> faults;
+std::vector<LostPaper> lostPaper(const Library& before, const Library& after) {
+    std::vector<LostPaper> faults;
     std::unordered_map<UUID, const Document*> now;
     for (const Document& document : after.documents) now.emplace(document.id, &document);
     for (const Document& old : before.documents) {
         if (!old.number) continue;
-        const auto place = now.find(old.id);
-        const Document* kept = place == now.end() ? nullptr : place->second;
+        const auto place = now.find(old.id), apart = now.find(UUID::derived(old.id, *old.number));
+        // Of a draft that two machines issued with two numbers, one became a document of its own.
+        const Document* kept = apart != now.end() ? apart->second : place != now.end() ? place->second : nullptr;
         if (!kept || kept->number != old.number || kept->lines != old.lines || kept->billTo != old.billTo ||
             kept->seller != old.seller || kept->issueDate != old.issueDate || kept->rateMicros != old.rateMicros ||
             kept->currency != old.currency || kept->supply != old.supply || kept->roundOff != old.roundOff)
-            faults.push_back({"paper " + old.id.text(), *old.number + " is not as it was issued: " + what(old, kept)});
+            faults.push_back({old.id, *old.number + " is not as it was issued: " + what(old, kept)});
         else if (old.state == DocState::void_ && kept->state != DocState::void_)
-            faults.push_back({"void " + old.id.text(), *old.number + " was void and stands again", true});
+            faults.push_back({old.id, *old.number + " was void and stands again", true});
     }
     return faults;
 }

@@ -24,7 +24,13 @@ struct Fault {
 /// Parts of a report come to its whole. Slower: for now and then.
 [[nodiscard]] std::vector<Fault> reportFaults(const Library& library, Day today);
 
+struct LostPaper {
+    UUID id;
+    std::string sentence;
+    bool standsAgain = false;  ///< it was void and is not any more, as when another machine had it credited
+};
+
 /// What was issued keeps its number, day, parties and lines, also through undo and through other machines.
-[[nodiscard]] std::vector<Fault> lostPaper(const Library& before, const Library& after);
+[[nodiscard]] std::vector<LostPaper> lostPaper(const Library& before, const Library& after);
 
 }  // namespace tamba::soak

@@ -61,7 +61,7 @@ public:
             shown_ = after;
         });
         QObject::connect(&model_, &AppModel::conflicted, &screens_, [this](const MergeReport& report) {
-            for (const Conflict& conflict : report.conflicts) told_.insert("paper " + conflict.id);
+            for (const Conflict& conflict : report.conflicts) told_.insert(conflict.id);
         });
         QObject::connect(&model_, &AppModel::opened, &screens_, [this] { shown_ = model_.library(); });
         beginBooks(somebody_.upTo(2));
@@ -74,6 +74,8 @@ public:
         for (int step = 1; step <= stepsOfLife && faults_.empty(); ++step) {
             const Library before = model_.library();
             keepsHistory_ = step / 60 % 2 == 1;
+            told_.clear();
+            metSomebody_ = false;
             act();
             if (trail_) {
                 std::printf("%3d %s%s\n", step, doing_.c_str(), model_.library() == before ? " (nothing)" : "");
@@ -240,20 +242,19 @@ private:
         doing_ = done + " | " + doing_;
         store().save(theirs);
         elsewhere_ = theirs;
-        told_.clear();
         const Library before = model_.library();
         if (!model_.saveNow()) fault("The save failed: " + toStd(model_.saveProblem()));
         met(before);
         tolerate();  // a file that the other machine removed is gone before its books are looked at
         if (LibraryStore::read(store().fileURL()) != model_.library()) return;  // not looked at yet
-        for (Fault& lost : lostPaper(theirs, model_.library()))
-            if (!lost.fromMeeting && !told_.contains(lost.key)) fault(lost.sentence);
+        lookForLostPaper(theirs);
     }
 
     /// Where another machine's changes came in a new history begins, and what two machines can leave is put up with.
     void met(const Library& before) {
         if (model_.library() == before) return;
         ++meetings;
+        metSomebody_ = true;
         past_.clear();
         future_.clear();
         tolerate();
@@ -288,10 +289,16 @@ private:
         auto found = faultsOf(now, store());
         if (thoroughly)
             for (Fault& each : reportFaults(now, today_)) found.push_back(std::move(each));
-        for (Fault& each : lostPaper(before, now)) found.push_back(std::move(each));
         for (const Fault& each : found)
             if (!tolerated_.contains(each.key)) fault(each.sentence);
+        lookForLostPaper(before);
         if (shown_ != now) fault("The screens were not told of a change.");
+    }
+
+    /// What was issued then is still there, or a person was asked about it.
+    void lookForLostPaper(const Library& then) {
+        for (const LostPaper& lost : lostPaper(then, model_.library()))
+            if (!told_.contains(lost.id.text()) && !(lost.standsAgain && metSomebody_)) fault(lost.sentence);
     }
 
     struct Folder {
@@ -307,7 +314,8 @@ private:
     Library shown_;
     std::optional<Library> elsewhere_;  // what the other machine wrote last
     std::vector<Library> past_, future_;
-    std::set<std::string> tolerated_, told_;  // told_: what the last meeting asked a person about
+    std::set<std::string> tolerated_, told_;  // told_: what a meeting in this step asked a person about
+    bool metSomebody_ = false;
     std::vector<std::string> faults_;
     QObject screens_;  // gone before the model saves for the last time
 };
