@@ -86,14 +86,14 @@ Period periodOf(std::string_view typed, int yearStart) {
                isQuarter = text.size() == 7 && text[4] == '-' && (text[5] == 'Q' || text[5] == 'q');
     const auto first = Day::iso(isYear || isQuarter ? text.substr(0, 4) + "-01-01" : text + "-01");
     if (!first || first->iso().substr(0, 4) != text.substr(0, 4)) throw refuse();
-    const Day start{first->y, yearStart, 1};
-    if (isYear) return Period::fy({first->y, yearStart});
+    const FinancialYear year{first->y, first->financialYear(yearStart).startMonth};
+    if (isYear) return Period::fy(year);
     if (!isQuarter) {
         if (first->monthKey() != text) throw refuse();
         return Period::month(*first);
     }
     if (text[6] < '1' || text[6] > '4') throw refuse();
-    return Period::quarter(start.addingMonths(3 * (text[6] - '1')), yearStart);
+    return Period::quarter(year.start().addingMonths(3 * (text[6] - '1')), yearStart);
 }
 
 int reportProfit(const Context& context, const ReportOptions& options) {

@@ -166,7 +166,11 @@ std::string Day::formatted(std::string_view pattern) const {
     return result;
 }
 
-FinancialYear Day::financialYear(int startMonth) const { return {m >= startMonth ? y : y - 1, startMonth}; }
+FinancialYear Day::financialYear(int startMonth) const {
+    // A file may say anything; the days of month 2,147,483,647 would never be counted to their end.
+    if (startMonth < 1 || startMonth > 12) startMonth = FinancialYear{}.startMonth;
+    return {m >= startMonth ? y : y - 1, startMonth};
+}
 
 Day FinancialYear::start() const { return {startYear, startMonth, 1}; }
 

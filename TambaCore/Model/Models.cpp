@@ -262,9 +262,7 @@ Library Library::make() {
 
 Currency Library::home() const { return business.currency(); }
 
-FinancialYear Library::fy(Day day) const {
-    return {business.fyStartMonth > day.m ? day.y - 1 : day.y, business.fyStartMonth};
-}
+FinancialYear Library::fy(Day day) const { return day.financialYear(fyStart()); }
 
 std::optional<std::int64_t> Library::rate(std::string_view currency) const {
     if (currency == business.homeCurrency) return 1'000'000;

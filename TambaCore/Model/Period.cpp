@@ -7,7 +7,8 @@ Period Period::fy(const FinancialYear& year) { return {year.start(), year.end()}
 Period Period::month(const Day& day) { return {day.firstOfMonth(), day.lastOfMonth()}; }
 
 Period Period::quarter(const Day& day, int fyStart) {
-    const Day first = day.firstOfMonth().addingMonths(-((day.m - fyStart + 12) % 3));
+    const int start = day.financialYear(fyStart).startMonth;
+    const Day first = day.firstOfMonth().addingMonths(-((day.m - start + 12) % 3));
     return {first, first.addingMonths(2).lastOfMonth()};
 }
 

@@ -18,6 +18,10 @@ TEST(Period, coversYearsMonthsAndQuarters) {
         {Period::quarter({2026, 4, 1}, 4), "2026-04-01", "2026-06-30", "1 Apr 2026 – 30 Jun 2026"},
         {Period::quarter({2026, 1, 31}, 12), "2025-12-01", "2026-02-28", "1 Dec 2025 – 28 Feb 2026"},
         {Period::quarter({2026, 1, 31}, 2), "2025-11-01", "2026-01-31", "1 Nov 2025 – 31 Jan 2026"},
+        // A year that begins in no month begins in April.
+        {Period::fy(Day{2026, 2, 15}.financialYear(2'147'483'647)), "2025-04-01", "2026-03-31",
+         "1 Apr 2025 – 31 Mar 2026"},
+        {Period::quarter({2026, 2, 15}, -2'147'483'647), "2026-01-01", "2026-03-31", "1 Jan 2026 – 31 Mar 2026"},
         {{{2026, 9, 1}, {2026, 9, 29}}, "2026-09-01", "2026-09-29", "1 Sept 2026 – 29 Sept 2026"},
     };
     for (const auto& [period, from, to, label] : cases) {
