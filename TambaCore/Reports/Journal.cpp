@@ -5,6 +5,7 @@
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Reports/Converted.h"
 #include "TambaCore/Reports/Export.h"
+#include "TambaCore/Reports/Sum.h"
 
 #include <algorithm>
 #include <set>
@@ -120,6 +121,8 @@ public:
     Journal(const Library& library, IncomeBasis basis) : library_(library), basis_(basis) {
         for (const BankTransaction& line : library.transactions) lines_.try_emplace(line.id, &line);
         for (const Document& document : library.documents)
+            if (isBooked(document) && document.kind == DocKind::invoice) noteReceipts(document);
+        for (const Document& document : library.documents)
             if (isBooked(document)) add(document);
         for (const Expense& expense : library.expenses) add(expense);
         std::stable_sort(transactions_.begin(), transactions_.end(),
@@ -132,8 +135,14 @@ private:
     void addPayments(const Document& invoice, const DocTotals& sums);
     void add(const Expense& expense);
     void keep(Transaction transaction);
+    void noteReceipts(const Document& invoice);
+    [[nodiscard]] std::optional<std::int64_t> brought(const UUID& bankLine, std::int64_t amount);
     void moveMoney(Transaction& transaction, const std::optional<UUID>& bankLine, std::string_view otherwise,
-                   std::int64_t amount, bool isForeign) const;
+                   std::int64_t amount, std::optional<std::int64_t> banked) const;
+    [[nodiscard]] const BankTransaction* lineOf(const std::optional<UUID>& bankLine) const {
+        const auto line = bankLine ? lines_.find(*bankLine) : lines_.end();
+        return line == lines_.end() ? nullptr : line->second;
+    }
     [[nodiscard]] bool isForeign(const std::string& currency) const {
         return currency != library_.business.homeCurrency;
     }
@@ -147,24 +156,53 @@ private:
     const Library& library_;
     const IncomeBasis basis_;
     std::unordered_map<UUID, const BankTransaction*> lines_;
+    /// What the payments of one bank line come to, in the home currency.
+    struct Receipt {
+        Sum own, foreign;  ///< on invoices in the home currency, and on others at their rates
+        Sum before;        ///< of the foreign ones, those that are in the journal
+    };
+    std::unordered_map<UUID, Receipt> receipts_;
     std::vector<Transaction> transactions_;
     std::vector<std::string> leftOut_;
 };
 
+void Journal::noteReceipts(const Document& invoice) {
+    if (!DocMath::isBelievable(invoice)) return;
+    for (const Payment& payment : invoice.payments) {
+        if (!lineOf(payment.bankTxnID)) continue;
+        Receipt& receipt = receipts_[*payment.bankTxnID];
+        const auto amount = Books::inHomeCurrency(library_, invoice, payment.amount);
+        (isForeign(invoice.currency) ? receipt.foreign : receipt.own).add(amount.value_or(0));
+    }
+}
+
+/// What the bank made of a payment in another currency: its part of what the line has beside payments in its own.
+/// Nothing where that is further off than rates move, as matching has it: then a part of the line pays something else.
+std::optional<std::int64_t> Journal::brought(const UUID& bankLine, std::int64_t amount) {
+    constexpr std::int64_t exchangeShare = 10;
+    Receipt& receipt = receipts_[bankLine];
+    const std::int64_t banked = lines_.at(bankLine)->amount, foreign = receipt.foreign.value();
+    if (!isBelievable(banked) || foreign < 1) return {};
+    const std::int64_t rest = Checked::sub(banked, receipt.own.value());
+    const std::int64_t difference = Checked::sub(rest, foreign);
+    if (difference > foreign / exchangeShare || difference < -(foreign / exchangeShare)) return {};
+    const std::int64_t before = MoneyMath::mulDiv(rest, receipt.before.value(), foreign);
+    receipt.before.add(amount);
+    return Checked::sub(MoneyMath::mulDiv(rest, receipt.before.value(), foreign), before);
+}
+
 /// The amount comes in, or goes out when negative, through the account of the statement's line, `otherwise` where there
 /// is none. An account in the home currency moves by what the bank made of a foreign amount.
 void Journal::moveMoney(Transaction& transaction, const std::optional<UUID>& bankLine, std::string_view otherwise,
-                        std::int64_t amount, bool isForeign) const {
-    const auto line = bankLine ? lines_.find(*bankLine) : lines_.end();
-    transaction.cleared = line != lines_.end();
-    const BankAccount* account =
-        transaction.cleared && line->second->accountID ? find(library_.accounts, *line->second->accountID) : nullptr;
+                        std::int64_t amount, std::optional<std::int64_t> banked) const {
+    const BankTransaction* line = lineOf(bankLine);
+    transaction.cleared = line != nullptr;
+    const BankAccount* account = line && line->accountID ? find(library_.accounts, *line->accountID) : nullptr;
     if (!account) return transaction.post(otherwise, amount);
-    const std::int64_t banked = line->second->amount;
-    const bool isExact = isForeign && account->currency == library_.business.homeCurrency && isBelievable(banked) &&
-                         (banked < 0) == (amount < 0);
-    transaction.post("assets:bank:" + safe(account->name), isExact ? banked : amount);
-    if (isExact) transaction.post(exchangeDifference, Checked::sub(amount, banked));
+    const bool isExact = banked && account->currency == library_.business.homeCurrency && isBelievable(*banked) &&
+                         (*banked < 0) == (amount < 0);
+    transaction.post("assets:bank:" + safe(account->name), isExact ? *banked : amount);
+    if (isExact) transaction.post(exchangeDifference, Checked::sub(amount, *banked));
 }
 
 void Journal::add(const Document& document) {
@@ -219,8 +257,10 @@ void Journal::addPayments(const Document& invoice, const DocTotals& sums) {
         transaction.comment = "Payment for " + transaction.code +
                               abroad(invoice.currency, payment.settles(), invoice.rateMicros) +
                               (payment.reference.empty() ? "" : ", " + safe(payment.reference));
-        moveMoney(transaction, payment.bankTxnID, accountOf(payment.method, Side::received),
-                  home(payment.amount).value_or(0), isForeign(invoice.currency));
+        const std::int64_t received = home(payment.amount).value_or(0);
+        const bool isExchanged = isForeign(invoice.currency) && lineOf(payment.bankTxnID);
+        moveMoney(transaction, payment.bankTxnID, accountOf(payment.method, Side::received), received,
+                  isExchanged ? brought(*payment.bankTxnID, received) : std::nullopt);
         transaction.post("assets:tds:receivable", home(payment.tds), 1);
         transaction.post(owedBy(transaction.payee),
                          cleared ? Checked::neg((*cleared)[i]) : Checked::neg(transaction.open()));
@@ -263,9 +303,11 @@ void Journal::add(const Expense& expense) {
         transaction.balance(accountOf(expense.method, Side::spent));
     else if (isMileage && !expense.bankTxnID)  // driven in one's own car: nobody was paid
         transaction.post("equity:owner:mileage", Checked::neg(*paid));
-    else
+    else {
+        const BankTransaction* line = isForeign(expense.currency) ? lineOf(expense.bankTxnID) : nullptr;
         moveMoney(transaction, expense.bankTxnID, accountOf(expense.method, Side::spent), Checked::neg(*paid),
-                  isForeign(expense.currency));
+                  line ? std::optional(line->amount) : std::nullopt);
+    }
     transaction.balance(rounding);
     keep(std::move(transaction));
 }

@@ -8,6 +8,7 @@
 
 #include <map>
 #include <regex>
+#include <tuple>
 
 namespace tamba {
 namespace {
@@ -122,6 +123,34 @@ TEST(Journal, aBankLineSaysWhatAForeignAmountCameTo) {
     library.accounts.update(0, [](BankAccount& account) { account.currency = "USD"; });
     balances = read(Export::journal(library, IncomeBasis::accrual)).balances;
     EXPECT_EQ(balances["assets:bank:" + library.accounts[0].name], 832'500);
+}
+
+TEST(Journal, aBankLineThatPaysSeveralInvoicesCameInOnce) {
+    Library library = Library::make();
+    BankTransaction line = BankTransaction::make({2026, 11, 2}, "WIRE", 2'042'000);
+    line.accountID = library.accounts[0].id;
+    library.transactions.append(line);
+    for (const auto& [currency, rate, amount] : {std::tuple("INR", 1'000'000, 400'000),
+                                                 {"USD", 83'250'000, 10'000},
+                                                 {"USD", 83'250'000, 3'333},
+                                                 {"USD", 83'250'000, 6'667}}) {
+        Document invoice = testing::anInvoice();
+        invoice.lines = {Line::make("Design", 1000, amount, 0)};
+        invoice.currency = currency;
+        invoice.rateMicros = rate;
+        invoice.payments = {Payment::make(line.date, amount, 0, PaymentMethod::bank)};
+        invoice.payments[0].bankTxnID = line.id;
+        library.documents.append(invoice);
+    }
+    const std::string bank = "assets:bank:" + library.accounts[0].name;
+    auto balances = read(Export::journal(library, IncomeBasis::accrual)).balances;
+    EXPECT_EQ(balances[bank], 2'042'000);
+    EXPECT_EQ(balances["equity:exchange difference"], 23'000);
+    // What no invoice takes is not exchange: it waits to be matched.
+    library.documents.update(1, [](Document& invoice) { invoice.payments.clear(); });
+    balances = read(Export::journal(library, IncomeBasis::accrual)).balances;
+    EXPECT_EQ(balances[bank], 400'000 + 832'500);
+    EXPECT_EQ(balances["equity:exchange difference"], 0);
 }
 
 TEST(Journal, whatCameBackUndoesTheExpense) {
