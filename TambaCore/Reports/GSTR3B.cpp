@@ -33,14 +33,16 @@ void addEntries(GSTR3B& result, Places& places, const std::vector<Entry>& entrie
 void addCredit(GSTR3B& result, const Library& library) {
     const Period& period = result.period;
     Sum cgst, sgst, igst, notClaimed;
-    for (const auto& row : Breakdowns::inputTax(library, period.from.financialYear(4))) {
-        if (!period.contains(row.month)) continue;
-        cgst.add(row.claimed.cgst);
-        sgst.add(row.claimed.sgst);
-        igst.add(row.claimed.igst);
-        notClaimed.add(row.notClaimed);
-        result.creditIDs.insert(result.creditIDs.end(), row.expenseIDs.begin(), row.expenseIDs.end());
-    }
+    // A summary of a business's own year may reach over the end of March.
+    for (FinancialYear year = period.from.financialYear(4); year.start() <= period.to; year = year.next())
+        for (const auto& row : Breakdowns::inputTax(library, year)) {
+            if (!period.contains(row.month)) continue;
+            cgst.add(row.claimed.cgst);
+            sgst.add(row.claimed.sgst);
+            igst.add(row.claimed.igst);
+            notClaimed.add(row.notClaimed);
+            result.creditIDs.insert(result.creditIDs.end(), row.expenseIDs.begin(), row.expenseIDs.end());
+        }
     result.credit = {cgst.value(), sgst.value(), igst.value(), 0};
     result.notClaimed = notClaimed.value();
     const auto own = library.business.supplierState();

@@ -5,6 +5,7 @@
 #include "TambaCore/Reports/GSTReturns.h"
 #include "TambaCore/Reports/GSTRules.h"
 #include "TambaCore/Reports/Reports.h"
+#include "tests/support/Books.h"
 #include "tests/support/RandomBooks.h"
 #include "tests/support/ReadBack.h"
 
@@ -46,6 +47,18 @@ TEST(GSTReturns, useCreditInTheOrderOfTheLaw) {
         EXPECT_EQ(result.cash, cash) << liability.cgst << " " << liability.igst;
         EXPECT_EQ(result.creditLeft, left) << liability.cgst << " " << liability.igst;
     }
+}
+
+TEST(GSTReturns, creditIsThatOfAllMonthsOfThePeriod) {
+    Library library = seller();
+    for (const Day day : {Day{2025, 12, 31}, {2026, 1, 1}, {2026, 3, 31}, {2026, 4, 1}, {2026, 12, 31}, {2027, 1, 1}})
+        library.expenses.append(testing::anExpense("Chai Point", day));
+    const auto months = [&](const Period& period) {
+        return gstr3b(library, gstr1(library, period)).credit.total() / 1800;
+    };
+    EXPECT_EQ(months(Period::fy({2026, 1})), 4);
+    EXPECT_EQ(months(Period::fy({2026, 4})), 3);
+    EXPECT_EQ(months(Period::month({2026, 4, 1})), 1);
 }
 
 TEST(GSTReturns, problemsSayWhatThePortalRefuses) {
