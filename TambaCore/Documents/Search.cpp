@@ -99,6 +99,10 @@ struct Index::Segment {
 
 private:
     void collect();
+    [[nodiscard]] Currency currency(const BankTransaction& line) const {
+        const BankAccount* account = line.accountID ? tamba::find(library.accounts, *line.accountID) : nullptr;
+        return account ? Currency::of(account->currency) : library.home();
+    }
     [[nodiscard]] std::string client(const Document& document) const {
         return document.billTo ? document.billTo->name : name(document.clientID);
     }
@@ -177,7 +181,7 @@ void Index::Segment::texts(const Entry& entry, Take&& take) const {
         case Kind::bankLine: {
             const BankTransaction& t = library.transactions[entry.at];
             take(t.counterparty.value_or(t.text), true);
-            amount(t.amount, library.business.homeCurrency);
+            take(MoneyFormat::plain(t.amount, currency(t)), false);
             take(t.text, false);
             take(t.reference, false);
             return take(name(t.accountID), false);
@@ -309,9 +313,7 @@ std::string Index::Segment::detail(const Entry& entry) const {
         }
         case Kind::bankLine: {
             const BankTransaction& t = library.transactions[entry.at];
-            const BankAccount* account = t.accountID ? tamba::find(library.accounts, *t.accountID) : nullptr;
-            const Currency currency = account ? Currency::of(account->currency) : library.home();
-            return joined(MoneyFormat::string(t.amount, currency) + " · " + t.date.formatted(dayPattern),
+            return joined(MoneyFormat::string(t.amount, currency(t)) + " · " + t.date.formatted(dayPattern),
                           name(t.accountID));
         }
         default: {
@@ -400,7 +402,9 @@ bool Index::takeOver(const Library& library, const Index& earlier) {
     const Names names = namesIn(library);
     for (const auto& [id, name] : base.names)
         if (const auto now = names.find(id); now == names.end() || now->second != name) return false;
+    // So is a currency of their amounts.
     if (base.library.business.homeCurrency != library.business.homeCurrency) return false;
+    if (base.library.accounts != library.accounts) return false;
 
     std::unordered_set<const void*> changed;
     const auto note = [&changed](const auto& list) {

@@ -20,6 +20,10 @@ Library books() {
     tea.notes.clear();
     library.expenses.append(tea);
     library.expenses.append(testing::anExpense("CAFÉ NOIR", {2026, 9, 1}));
+    library.accounts.append(BankAccount::make("Yen", "JPY"));
+    BankTransaction yen = BankTransaction::make({2026, 10, 1}, "WIRE", 64'000);
+    yen.accountID = library.accounts.back().id;
+    library.transactions.append(yen);
     return library;
 }
 
@@ -66,6 +70,7 @@ TEST(Search, findsWordsFromTheirBeginningInAnyOrder) {
         {"दुकान kullhad", tea},
         {"café", {"expense CAFÉ NOIR"}},
         {"logo", {"item Logo"}},
+        {"64,000", {"line WIRE"}},
     };
     for (const Case& each : cases) EXPECT_EQ(titles(index.find(each.words)), each.found) << each.words;
 }
