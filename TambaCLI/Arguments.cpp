@@ -93,10 +93,10 @@ std::int64_t wholeNumberOf(std::string_view typed, std::string_view what) {
     return value;
 }
 
-Day dayOf(std::string_view typed) {
-    const auto day = typed.size() <= 10 ? Day::iso(typed) : std::nullopt;
-    if (!day) refuse(typed, "a day such as 2026-04-01");
-    return *day;
+std::optional<Day> typedDay(std::string_view typed) {
+    constexpr std::size_t year = 4, longest = 10;
+    const bool hasForm = typed.size() <= longest && typed.find_first_not_of("0123456789") == year;
+    return hasForm && typed[year] == '-' ? Day::iso(typed) : std::nullopt;
 }
 
 std::string currencyCode(std::string_view typed) { return letterCode(typed, 3, "a currency code such as INR or USD"); }

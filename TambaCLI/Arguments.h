@@ -63,7 +63,8 @@ inline void take(std::string& field, const std::optional<std::string>& typed) {
 /// Basis points of "18", "18%" or "2.5 %", not negative. `what`: "tax rate", "discount".
 [[nodiscard]] int percentOf(std::string_view typed, std::string_view what);
 [[nodiscard]] std::int64_t wholeNumberOf(std::string_view typed, std::string_view what);
-[[nodiscard]] Day dayOf(std::string_view typed);
+/// A day with a year of four digits, or nothing: 26-04-01 is hardly meant for the year 26.
+[[nodiscard]] std::optional<Day> typedDay(std::string_view typed);
 
 /// In capitals.
 [[nodiscard]] std::string currencyCode(std::string_view typed);

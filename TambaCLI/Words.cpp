@@ -1,5 +1,6 @@
 #include "TambaCLI/Words.h"
 
+#include "TambaCLI/Arguments.h"
 #include "TambaCore/Base/Text.h"
 
 namespace tamba::cli {
@@ -39,11 +40,9 @@ CLI::Option* addTexts(CLI::App* app, const std::string& name, std::vector<std::s
 CLI::Option* addDay(CLI::App* app, const std::string& name, std::optional<Day>& value, const std::string& help) {
     return app
         ->add_option_function<std::string>(
-            name, [&value](const std::string& text) { value = Day::iso(text); }, help)
+            name, [&value](const std::string& text) { value = typedDay(text); }, help)
         ->check(CLI::Validator(
-            [](const std::string& text) {
-                return text.size() <= 10 && Day::iso(text) ? "" : text + " is not a day such as 2026-04-01";
-            },
+            [](const std::string& text) { return typedDay(text) ? "" : text + " is not a day such as 2026-04-01"; },
             "DAY"));
 }
 

@@ -9,6 +9,7 @@
 #include <array>
 #include <atomic>
 #include <bitset>
+#include <charconv>
 #include <cstring>
 #include <exception>
 #include <limits>
@@ -89,9 +90,20 @@ void decode(od::value& v, UUID& out) {
     if (!id) throw DecodeError("Bad identifier " + shortened(word));
     out = *id;
 }
+/// As it is written. `Day::iso` looks at ten characters, and the year 10000, due after the last days of 9999, has more.
+std::optional<Day> readDay(std::string_view word) {
+    constexpr std::size_t monthAndDay = 6;  // -04-01
+    const std::size_t digits = std::min(word.find_first_not_of("0123456789"), word.size());
+    if (digits < 5 || word.size() != digits + monthAndDay) return Day::iso(word);
+    int year = 0;
+    if (std::from_chars(word.data(), word.data() + digits, year).ec != std::errc{}) return {};
+    const auto day = Day::iso("2000" + std::string(word.substr(digits)));
+    return day ? Day::valid(year, day->m, day->d) : std::nullopt;
+}
+
 void decode(od::value& v, Day& out) {
     const std::string_view word = text(v);
-    const auto day = Day::iso(word);
+    const auto day = readDay(word);
     if (!day) throw DecodeError("Bad day " + shortened(word));
     out = *day;
 }

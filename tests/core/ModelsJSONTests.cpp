@@ -51,6 +51,16 @@ TEST(ModelsJSON, whatIsWrittenReadsBackTheSame) {
         EXPECT_EQ(text.find(absent), std::string::npos) << absent;
 }
 
+TEST(ModelsJSON, noDayMakesTheBooksUnreadable) {
+    for (const Day day : {Day{9999, 12, 31}, {10000, 1, 5}, {10000, 12, 15}, {999999, 2, 28}, {26, 4, 1}, {0, 1, 1}}) {
+        Library library = aLibrary();
+        library.expenses.update(0, [day](Expense& expense) { expense.date = day; });
+        EXPECT_EQ(ModelsJSON::decode(ModelsJSON::encode(library)).expenses[0].date, day) << day.iso();
+    }
+    for (const char* text : {"10000-13-01", "10001-02-29", "99999999999-01-01"})
+        EXPECT_EQ(whyNot(with(aLibrary(), "2026-10-14\"", std::string(text) + "\"")).find("Bad day"), 0U) << text;
+}
+
 TEST(ModelsJSON, theFormIsTheOneOtherProgramsRead) {
     Expense e = Expense::make({2026, 2, 3});
     e.id = *UUID::parse("0a1b2c3d-4e5f-6071-8293-a4b5c6d7e8f9");
