@@ -199,7 +199,9 @@ Library voidDocument(Library library, const UUID& id, std::string reason) {
 
 Library markSent(Library library, const UUID& id, Day on) {
     if (const Document* document = library.document(id)) needIssued(*document);
-    return changed(std::move(library), id, [on](Document& document) { document.sentOn = on; });
+    // The client has had it since the first time.
+    return changed(std::move(library), id,
+                   [on](Document& document) { document.sentOn = document.sentOn.value_or(on); });
 }
 
 }  // namespace tamba::Books
