@@ -75,6 +75,10 @@ std::optional<std::int64_t> taken(const Library& library, const BankTransaction&
     if (!atHome || currency(library, line).code == library.home().code) return atHome;
     const auto lineAtHome = inHomeCurrency(library, line, line.amount);
     if (!lineAtHome || *lineAtHome < 1) return std::nullopt;
+    // Where the line is worth next to nothing at home, the quotient need not fit.
+    __extension__ using Wide = __int128;
+    const Wide value = static_cast<Wide>(line.amount) * *atHome / *lineAtHome;
+    if (value > maximumAmount || value < -maximumAmount) return std::nullopt;
     return MoneyMath::mulDiv(line.amount, *atHome, *lineAtHome);
 }
 

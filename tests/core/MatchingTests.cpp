@@ -284,6 +284,22 @@ TEST_F(MatchingTest, convertsMoneyOfOtherCurrencies) {
     EXPECT_EQ(created.amount, 1'000);
 }
 
+TEST_F(MatchingTest, aRateBeyondBeliefStopsNothing) {
+    BankAccount far = BankAccount::make("Far", "XYZ");
+    library.accounts.append(far);
+    library.rates.append({"XYZ", 1, day, {}});
+    const UUID dear = line(maximumAmount, "WIRE");
+    library.transactions.update(indexOf(library.transactions, dear),
+                                [&](BankTransaction& wire) { wire.accountID = far.id, wire.invoiceID = invoices[0]; });
+    Payment payment = Payment::make(day, maximumAmount, 0, PaymentMethod::bank);
+    payment.bankTxnID = dear;
+    library.documents.update(indexOf(library.documents, invoices[0]),
+                             [&](Document& invoice) { invoice.payments.push_back(payment); });
+    EXPECT_EQ(Bank::unassigned(library, at(dear)), 0);
+    EXPECT_FALSE(Bank::partlyMatched(library).contains(dear));
+    EXPECT_TRUE(Bank::typedPayments(library, at(dear), 7).empty());
+}
+
 TEST_F(MatchingTest, aRateThatMovedIsAGainOrALoss) {
     library.documents.update(0, [](Document& d) {
         d.currency = "USD";
