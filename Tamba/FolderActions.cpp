@@ -1,6 +1,7 @@
 #include "Tamba/FolderActions.h"
 
 #include "Tamba/QtText.h"
+#include "Tamba/Remembered.h"
 #include "TambaCore/Base/Files.h"
 
 #include <QDesktopServices>
@@ -19,6 +20,10 @@ FolderActions::~FolderActions() {
     for (QThread* thread : findChildren<QThread*>()) thread->wait();
 }
 
+AppModel::Expect FolderActions::expected(const std::filesystem::path& folder) {
+    return Remembered::heldBooks(folder) ? AppModel::Expect::books : AppModel::Expect::anything;
+}
+
 void FolderActions::run(FolderWish wish) {
     switch (wish) {
         case FolderWish::none:
@@ -35,8 +40,13 @@ void FolderActions::run(FolderWish wish) {
 void FolderActions::show() { QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(model_.folder()))); }
 
 void FolderActions::openOther() {
-    const auto folder = prompts_.libraryFolder(model_.folder());
-    if (folder && model_.open(*folder)) emit chosen(*folder);
+    const auto pointed = prompts_.libraryFolder(model_.folder());
+    if (!pointed) return;
+    std::filesystem::path folder = *pointed;
+    const AppModel::Expect expect = expected(folder);
+    const bool good =
+        expect == AppModel::Expect::books || model_.attempt([&] { folder = LibraryStore::placeIn(folder); });
+    if (good && model_.open(folder, expect)) emit chosen(folder);
 }
 
 void FolderActions::move() {

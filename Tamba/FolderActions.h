@@ -13,6 +13,9 @@ public:
     FolderActions(AppModel& model, Prompts& prompts, QObject* parent = nullptr);
     ~FolderActions() override;
 
+    /// Books that were in a folder are asked about when they are gone, and not begun anew.
+    [[nodiscard]] static AppModel::Expect expected(const std::filesystem::path& folder);
+
     void run(FolderWish wish);
     void show();
     void openOther();

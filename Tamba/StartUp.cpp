@@ -1,5 +1,6 @@
 #include "Tamba/StartUp.h"
 
+#include "Tamba/FolderActions.h"
 #include "Tamba/FolderWatch.h"
 #include "Tamba/Instance.h"
 #include "Tamba/QtText.h"
@@ -51,7 +52,7 @@ std::filesystem::path StartUp::folder(const std::optional<std::filesystem::path>
 
 void StartUp::begin() {
     const auto first = folder(named_);
-    model_.open(first, Remembered::heldBooks(first) ? AppModel::Expect::books : AppModel::Expect::anything);
+    model_.open(first, FolderActions::expected(first));
 }
 
 void StartUp::remember() {

@@ -96,9 +96,9 @@ Window::Window(AppModel& model, const MakePrompts& makePrompts, ReceiptQueue::Ma
     connect(problem_, &EmptyState::actionChosen, this, [this] {
         if (model_.state() == AppModel::State::damaged) return folder_->restore();
         const bool missing = model_.state() == AppModel::State::missing;
-        model_.open(model_.folder(), missing ? AppModel::Expect::books : AppModel::Expect::anything);
+        model_.open(model_.folder(), missing ? AppModel::Expect::books : FolderActions::expected(model_.folder()));
     });
-    connect(problem_, &EmptyState::thirdChosen, this, [this] { openFolder(model_.folder()); });
+    connect(problem_, &EmptyState::thirdChosen, this, [this] { model_.open(model_.folder()); });
     connect(problem_, &EmptyState::otherChosen, folder_, &FolderActions::openOther);
     connect(&model_, &AppModel::refused, this, [this](const QString& sentence) { prompts_->alert(sentence); });
     connect(&model_, &AppModel::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
@@ -361,7 +361,7 @@ void Window::newInvoice() {
     invoices_->newDocument();
 }
 
-void Window::openFolder(const std::filesystem::path& folder) { model_.open(folder); }
+void Window::openFolder(const std::filesystem::path& folder) { model_.open(folder, FolderActions::expected(folder)); }
 
 void Window::openSample() {
     if (ownFolder_.empty()) ownFolder_ = model_.folder();

@@ -1,3 +1,4 @@
+#include "Tamba/FolderActions.h"
 #include "Tamba/Instance.h"
 #include "Tamba/Screens/WelcomeScreen.h"
 #include "Tamba/StartUp.h"
@@ -90,6 +91,32 @@ private slots:
         press(problem, "emptyThird");
         QVERIFY(model.isNew());
         QVERIFY(window.findChild<WelcomeScreen*>()->isVisibleTo(&window));
+    }
+
+    void aFolderIsOpenedForWhatIsInIt() {
+        OpenWindow books;
+        const auto at = books.path();
+        for (const char* name : {"Desk/letter.txt", "Shared/Tamba/tamba.json", "Shared/letter.txt"})
+            Files::makeFolders((at / name).parent_path());
+        Files::writeAtomically(at / "Desk" / "letter.txt", "Dear");
+        Files::writeAtomically(at / "Shared" / "letter.txt", "Dear");
+        LibraryStore(at / "Shared" / "Tamba").save(Library::make());
+        Files::makeFolders(at / "Gone");
+        Remembered::setHeldBooks(at / "Gone");
+        const struct {
+            const char* pointed;
+            std::filesystem::path folder;
+            AppModel::State state;
+        } cases[] = {{"Desk", at / "Desk" / "Tamba", AppModel::State::open},
+                     {"Shared", at / "Shared" / "Tamba", AppModel::State::open},
+                     {"Gone", at / "Gone", AppModel::State::missing}};
+        for (const auto& each : cases) {
+            books.prompts.folder = at / each.pointed;
+            books.window.findChild<FolderActions*>()->openOther();
+            QVERIFY2(books.model.folder() == each.folder, each.pointed);
+            QVERIFY2(books.model.state() == each.state, each.pointed);
+            QVERIFY2(books.window.ownFolder() == each.folder, each.pointed);
+        }
     }
 
     void aRunningProgramTakesTheFilesOfASecondStart() {
