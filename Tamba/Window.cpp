@@ -364,10 +364,12 @@ void Window::newInvoice() {
 void Window::openFolder(const std::filesystem::path& folder) { model_.open(folder, FolderActions::expected(folder)); }
 
 void Window::openSample() {
+    if (makingSample_) return;
     if (ownFolder_.empty()) ownFolder_ = model_.folder();
     std::filesystem::path folder = ownFolder_;
     folder += " Sample Books";
     if (Files::exists(folder / "tamba.json")) return openFolder(folder);
+    makingSample_ = true;
     strip_->show(tr("Making the sample books"), 0, 0);
     strip_->setCancellable(false);
     // A thread of its own: rendering the receipts takes a while.
@@ -381,6 +383,7 @@ void Window::openSample() {
         QMetaObject::invokeMethod(
             this,
             [this, folder, problem] {
+                makingSample_ = false;
                 strip_->hide();
                 if (problem.isEmpty()) return openFolder(folder);
                 prompts_->alert(problem);

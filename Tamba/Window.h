@@ -151,6 +151,7 @@ private:
     UpdateService* updates_ = nullptr;
     QString toldOfUpdate_;
     bool fetchingUpdate_ = false;
+    bool makingSample_ = false;
     Sidebar* sidebar_;
     QStackedWidget* pages_;
     FolderActions* folder_;

@@ -119,6 +119,20 @@ private slots:
         }
     }
 
+    void theSampleBooksAreMadeOnce() {
+        OpenWindow books;
+        // As a double click does.
+        books.window.openSample();
+        books.window.openSample();
+        QTRY_VERIFY_WITH_TIMEOUT(books.model.folder() != books.path(), 60000);
+        std::size_t named = 0, there = 0;
+        for (const Expense& expense : books.model.library().expenses) named += expense.attachments.size();
+        for (const auto& file :
+             std::filesystem::recursive_directory_iterator(LibraryStore(books.model.folder()).receiptsFolder()))
+            there += file.is_regular_file();
+        QCOMPARE(there, named);
+    }
+
     void aRunningProgramTakesTheFilesOfASecondStart() {
         QTemporaryDir place;
         const auto folder = toPath(place.path());
