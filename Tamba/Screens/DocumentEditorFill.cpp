@@ -103,7 +103,7 @@ void DocumentEditor::fillPlace(const Document& draft) {
             fillStates(*place_, tr("Not chosen"));
         place_->setEnabled(!foreign);
     }
-    chooseData(*place_, toQt(draft.placeOfSupply.value_or("")));
+    chooseCode(*place_, draft.placeOfSupply.value_or(""));
     placeBox_->setVisible(library.business.isIndia());
     setNote(*supply_, Translations::shown(title(draft.supply)), "caption");
     const bool zeroRated = isZeroRated(draft.supply);

@@ -114,9 +114,8 @@ void ClientForm::show(const Client& client, int dueDays) {
     line(dueDays_, client.dueDays ? std::to_string(*client.dueDays) : std::string());
     dueDays_->setPlaceholderText(tr("%1 days, as for everyone").arg(dueDays));
     area(notes_, client.notes);
-    if (country_->findData(toQt(client.country)) < 0) country_->addItem(toQt(client.country), toQt(client.country));
-    chooseData(*country_, toQt(client.country.empty() ? "IN" : client.country));
-    chooseData(*state_, toQt(client.stateCode.value_or("")));
+    chooseCode(*country_, client.country.empty() ? "IN" : client.country);
+    chooseCode(*state_, client.stateCode.value_or(""));
     sez_->setChecked(client.sez);
     currency_->clear();
     fillCurrencies(*currency_, client.currency);

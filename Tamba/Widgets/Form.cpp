@@ -138,6 +138,11 @@ QComboBox* makeChoice(QWidget* parent) {
 
 void chooseData(QComboBox& combo, const QString& data) { combo.setCurrentIndex(std::max(0, combo.findData(data))); }
 
+void chooseCode(QComboBox& combo, const std::string& code) {
+    if (!code.empty() && combo.findData(toQt(code)) < 0) combo.addItem(toQt(code), toQt(code));
+    chooseData(combo, toQt(code));
+}
+
 void fillStates(QComboBox& combo, const QString& none) {
     combo.addItem(none, QString());
     for (const IndianState& state : IndianState::all())
@@ -154,8 +159,7 @@ void fillCountries(QComboBox& combo, const std::string& present) {
     }
     combo.addItem(QObject::tr("India"), QStringLiteral("IN"));
     for (const auto& [name, code] : codes) combo.addItem(name, code);
-    if (!present.empty() && combo.findData(toQt(present)) < 0) combo.addItem(toQt(present), toQt(present));
-    chooseData(combo, toQt(present));
+    chooseCode(combo, present);
 }
 
 QString countryName(const QString& code) {
@@ -177,8 +181,7 @@ void fillCategories(QComboBox& combo, const Library& library) {
 void fillCurrencies(QComboBox& combo, const std::string& present) {
     for (const Currency& currency : Currency::all())
         combo.addItem(Translations::shown(currency.code + " · " + currency.name), toQt(currency.code));
-    if (combo.findData(toQt(present)) < 0) combo.addItem(toQt(present), toQt(present));
-    chooseData(combo, toQt(present));
+    chooseCode(combo, present);
 }
 
 std::optional<std::int64_t> amountIn(const QLineEdit& field, const Currency& currency) {

@@ -53,6 +53,8 @@ private:
 [[nodiscard]] QComboBox* makeChoice(QWidget* parent);
 /// Chooses the entry with this data, else the first.
 void chooseData(QComboBox& combo, const QString& data);
+/// Chooses the entry with this code. One that is not known becomes an entry of its own, and so stays in the books.
+void chooseCode(QComboBox& combo, const std::string& code);
 /// "27 · Maharashtra" with the code as data, after an entry for none.
 void fillStates(QComboBox& combo, const QString& none);
 /// Countries by name, India first, with the ISO code as data.

@@ -195,6 +195,16 @@ private slots:
             }
     }
 
+    void whatTheSettingsDoNotKnowStaysInTheBooks() {
+        Library library = Library::make();
+        // Andhra Pradesh before 2014, and slips of other programs.
+        library.business.stateCode = "28";
+        library.business.country = "Bharat";
+        library.business.homeCurrency = "XYZ";
+        library.business.fyStartMonth = 13;
+        QVERIFY(SettingsSheet(nullptr, library, testDay).edit().library == library);
+    }
+
     void categoriesAndSeriesAreKept() {
         Library library = Library::make();
         Expense expense = testing::spent("Chai Point", 100);

@@ -26,7 +26,7 @@ BusinessPage::BusinessPage(const Business& business, QWidget* parent) : Settings
     fillCountries(*country_, business.country);
     state_ = form.combo(tr("State"), "state");
     fillStates(*state_, tr("Not set"));
-    chooseData(*state_, toQt(business.stateCode.value_or("")));
+    chooseCode(*state_, business.stateCode.value_or(""));
     form.note(tr("With your GSTIN, it decides between CGST + SGST and IGST."));
     email_ = form.line(tr("E-mail"), "businessEmail", business.email);
     phone_ = form.line(tr("Phone"), "businessPhone", business.phone);
@@ -51,7 +51,7 @@ void BusinessPage::store(Library& library) const {
     business.phone = trimmed(*phone_);
     business.website = trimmed(*website_);
     business.homeCurrency = toStd(currency_->currentData().toString());
-    business.fyStartMonth = yearStart_->currentData().toInt();
+    if (yearStart_->currentIndex() >= 0) business.fyStartMonth = yearStart_->currentData().toInt();
 }
 
 TaxPage::TaxPage(const Business& business, QWidget* parent) : SettingsPage(parent) {
