@@ -58,7 +58,10 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
         accept();
     });
     save_ = addButtons(tr("Save"), tr("Cancel"), Main::keeps);
-    connect(titles_, &QListWidget::currentRowChanged, stack_, &QStackedWidget::setCurrentIndex);
+    connect(titles_, &QListWidget::currentRowChanged, this, [this](int page) {
+        stack_->setCurrentIndex(page);
+        if (page >= 0) pages_[static_cast<std::size_t>(page)]->lookAt(edit().library);
+    });
     titles_->setCurrentRow(context.place == SettingsPlace::items     ? items
                            : context.place == SettingsPlace::tax     ? tax
                            : context.place == SettingsPlace::updates ? titles_->count() - 1

@@ -6620,6 +6620,46 @@
         <source>Remove this rule</source>
         <translation>यह नियम हटाएँ</translation>
     </message>
+    <message>
+        <source>Add Rule</source>
+        <translation>नियम जोड़ें</translation>
+    </message>
+    <message>
+        <source>Looks for</source>
+        <translation>क्या खोजे</translation>
+    </message>
+    <message>
+        <source>A part of the vendor’s name or of the bank line</source>
+        <translation>विक्रेता के नाम या बैंक पंक्ति का कोई हिस्सा</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>श्रेणी</translation>
+    </message>
+    <message>
+        <source>Vendor becomes</source>
+        <translation>विक्रेता का नाम बने</translation>
+    </message>
+    <message>
+        <source>Stays as it is</source>
+        <translation>जैसा है वैसा रहे</translation>
+    </message>
+    <message>
+        <source>New rule</source>
+        <translation>नया नियम</translation>
+    </message>
+    <message>
+        <source>A rule needs a text to look for.</source>
+        <translation>नियम में वह पाठ होना चाहिए जिसे खोजना है।</translation>
+    </message>
+    <message>
+        <source>Choose the category for this rule.</source>
+        <translation>इस नियम की श्रेणी चुनें।</translation>
+    </message>
+    <message>
+        <source>It is never tried: “%1”, further up, fits first.</source>
+        <translation>इसकी बारी कभी नहीं आती: ऊपर वाला “%1” पहले बैठता है।</translation>
+    </message>
 </context>
 <context>
     <name>tamba::SearchPalette</name>

@@ -15,6 +15,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QToolButton>
 #include <QTranslator>
 
 namespace tamba {
@@ -193,6 +194,42 @@ private slots:
                     QVERIFY2(contrast(colors.accent, ground) >= 4.5F, hex);
                 QVERIFY2(contrast(colors.onAccent, colors.accent) >= 4.5F, hex);
             }
+    }
+
+    void aRuleIsWrittenByHand() {
+        Library library = Library::make();
+        library.rules.append(CategoryRule::make("coffee", library.categories[0].id, ""));
+        library.rules.append(CategoryRule::make("rickshaw", library.categories[1].id, "Rickshaw Raja"));
+        SettingsSheet sheet(nullptr, library, testDay);
+        const auto show = [&](const char* page) {
+            auto& pages = control<QListWidget>(sheet, "settingsPages");
+            pages.setCurrentItem(pages.findItems(QString::fromLatin1(page), Qt::MatchExactly).front());
+        };
+        const auto& save = control<QPushButton>(sheet, "sheetMain");
+        // A category of the page beside can be chosen before anything is saved.
+        control<QPushButton>(sheet, "addCategory").click();
+        control<QLineEdit>(sheet, "categoryName").setText(QStringLiteral("Courses"));
+        show("Rules");
+        control<QPushButton>(sheet, "addRule").click();
+        QVERIFY(!save.isEnabled());
+        control<QLineEdit>(sheet, "ruleContains").setText(QStringLiteral(" Coffee House "));
+        QVERIFY(!save.isEnabled());
+        auto& category = control<QComboBox>(sheet, "ruleCategory");
+        category.setCurrentIndex(category.findText(QStringLiteral("Courses")));
+        emit category.activated(category.currentIndex());
+        QVERIFY(save.isEnabled());
+        QVERIFY(control<QLabel>(sheet, "ruleNote").text().contains(QStringLiteral("“coffee”")));
+        for (int i = 0; i < 2; ++i) control<QToolButton>(sheet, "ruleUp").click();
+        QVERIFY(control<QLabel>(sheet, "ruleNote").text().isEmpty());
+        show("Categories");
+        control<QListWidget>(sheet, "categories").setCurrentRow(1);
+        control<QPushButton>(sheet, "removeCategory").click();
+        show("Rules");
+        const Library after = sheet.edit().library;
+        QCOMPARE(after.rules.size(), std::size_t(2));
+        QCOMPARE(after.rules[0].contains, std::string("Coffee House"));
+        QCOMPARE(after.category(after.rules[0].categoryID)->name, std::string("Courses"));
+        QVERIFY(after.rules[1] == library.rules[0]);
     }
 
     void whatTheSettingsDoNotKnowStaysInTheBooks() {

@@ -151,6 +151,11 @@ void PaymentPage::refresh() {
     emit edited();
 }
 
+void PaymentPage::lookAt(const Library& now) {
+    payee_ = now.business.name;
+    refresh();
+}
+
 void PaymentPage::store(Library& library) const {
     Business& business = library.business;
     business.upiID = trimmed(*upi_);

@@ -45,12 +45,13 @@ class PaymentPage : public SettingsPage {
 public:
     PaymentPage(const Business& business, QWidget* parent);
     void store(Library& library) const override;
+    void lookAt(const Library& now) override;
 
 private:
     class Code;
     void refresh();
 
-    const std::string payee_;
+    std::string payee_;
     QLineEdit* upi_;
     QLabel* upiNote_;
     QCheckBox* show_;

@@ -23,6 +23,8 @@ public:
     explicit SettingsPage(QWidget* parent);
     /// Puts what the fields hold into the books. Fields that `isGood` refuses leave their part alone.
     virtual void store(Library& library) const = 0;
+    /// The page is turned to: the books as the other pages have them by now.
+    virtual void lookAt(const Library&) {}
     /// Nothing on this page keeps the settings from being saved.
     [[nodiscard]] virtual bool isGood() const { return true; }
 
