@@ -150,7 +150,10 @@ std::optional<std::string> DialogPrompts::newName(const QString& title) {
     Controls::name(*field, "newName", QObject::tr("Name"));
     field->setPlaceholderText(QObject::tr("Name"));
     sheet.body().addWidget(field);
-    sheet.addButtons(QObject::tr("Add"), QObject::tr("Cancel"), Sheet::Main::keeps);
+    auto* add = sheet.addButtons(QObject::tr("Add"), QObject::tr("Cancel"), Sheet::Main::keeps);
+    add->setEnabled(false);
+    QObject::connect(field, &QLineEdit::textChanged, add,
+                     [add](const QString& text) { add->setEnabled(!text.trimmed().isEmpty()); });
     field->setFocus();
     if (sheet.exec() != QDialog::Accepted) return {};
     const std::string name(Text::trim(toStd(field->text())));
