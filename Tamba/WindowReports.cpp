@@ -14,12 +14,9 @@ namespace tamba {
 void Window::makeReports() {
     reportFiles_ = new ReportFiles(model_, *prompts_, this);
     reports_ = new ReportsScreen(model_, *reportFiles_, pages_);
-    screens_[static_cast<std::size_t>(Screen::reports)] = {reports_,
-                                                           tr("&New Invoice"),
-                                                           [this] { documents_->create(DocKind::invoice); },
-                                                           [this] { reports_->setFocus(); },
-                                                           [] {},
-                                                           [this] { reports_->print(); }};
+    screens_[static_cast<std::size_t>(Screen::reports)] = {
+        reports_, tr("&New Invoice"),           [this] { documents_->create(DocKind::invoice); }, {},
+        {},       [this] { reports_->print(); }};
 }
 
 void Window::connectReports() {
