@@ -243,8 +243,22 @@ private:
         }
     }
 
+    [[nodiscard]] std::vector<Deadlines::Deadline> dates() const {
+        using Deadlines::Deadline, Deadlines::Kind, Deadlines::upcoming;
+        std::vector<Deadline> result = upcoming(library_, today_);
+        const auto isQuarterly = [](const Deadline& each) { return each.kind == Kind::cmp08; };
+        if (library_.business.regime != TaxRegime::gstComposition ||
+            std::any_of(result.begin(), result.end(), isQuarterly))
+            return result;
+        // The scheme’s one return is seen to grow all through its quarter.
+        const std::vector<Deadline> later = upcoming(library_, today_, 120);
+        if (const auto next = std::find_if(later.begin(), later.end(), isQuarterly); next != later.end())
+            result.push_back(*next);
+        return result;
+    }
+
     void addDates() {
-        for (const Deadlines::Deadline& each : Deadlines::upcoming(library_, today_)) {
+        for (const Deadlines::Deadline& each : dates()) {
             const std::int64_t away = today_.daysUntil(each.due);
             OverviewDate date;
             date.day = each.due.formatted("d");

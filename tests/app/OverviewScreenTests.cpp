@@ -102,6 +102,20 @@ private slots:
         QVERIFY(overview(Library::make(), testDay).empty);
     }
 
+    void theQuarterOfTheCompositionSchemeIsAlwaysInSight() {
+        Library library = aBook();
+        library.business.regime = TaxRegime::gstComposition;
+        library.documents.append(invoiceOf(library, "INV/1", {2026, 10, 5}, 100'000));
+        for (const auto& [today, title] : {std::pair(Day{2026, 7, 19}, "CMP-08 for July–September 2026"),
+                                           {Day{2026, 10, 18}, "CMP-08 for July–September 2026"},
+                                           {Day{2026, 10, 19}, "CMP-08 for October–December 2026"}}) {
+            std::vector<std::string> titles;
+            for (const OverviewDate& date : overview(library, today).dates)
+                if (date.title.starts_with("CMP-08")) titles.push_back(date.title);
+            QCOMPARE(titles, std::vector<std::string>{title});
+        }
+    }
+
     void gathersManyLateInvoices() {
         Library library = aBook();
         for (int i = 1; i <= 8; ++i)
