@@ -104,7 +104,11 @@ Window::Window(AppModel& model, const MakePrompts& makePrompts, ReceiptQueue::Ma
     connect(&model_, &AppModel::noticed, this, [this](const QString& sentence) { toast_->show(sentence); });
     connect(&model_, &AppModel::conflicted, this, &Window::decideConflicts);
     connect(&model_, &AppModel::historyChanged, this, &Window::refreshHistory);
-    connect(&model_, &AppModel::opened, this, &Window::refreshState);
+    connect(&model_, &AppModel::opened, this, [this] {
+        // Home again, and free to go elsewhere.
+        if (model_.folder() == ownFolder_) ownFolder_.clear();
+        refreshState();
+    });
     // It spoke of other books.
     connect(&model_, &AppModel::opened, toast_, &QWidget::hide);
     connect(&model_, &AppModel::opened, this, &Window::refreshMenus);
@@ -256,7 +260,8 @@ void Window::connectFolder() {
     });
     connect(folder_, &FolderActions::chosen, this, [this](const std::filesystem::path& folder) {
         // The person's own from now on, not the sample.
-        ownFolder_ = folder;
+        ownFolder_.clear();
+        if (model_.state() == AppModel::State::open && !model_.isNew()) Remembered::setFolder(folder);
         refreshState();
     });
 }

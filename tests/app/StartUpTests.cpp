@@ -6,6 +6,7 @@
 #include "tests/app/Support.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QProcess>
 
 #include <future>
@@ -131,6 +132,38 @@ private slots:
              std::filesystem::recursive_directory_iterator(LibraryStore(books.model.folder()).receiptsFolder()))
             there += file.is_regular_file();
         QCOMPARE(there, named);
+    }
+
+    void booksBegunAfterTheSampleAreThePersonsOwn() {
+        QTemporaryDir place;
+        const auto at = toPath(place.path());
+        LibraryStore(at / "Books Sample Books").save(Library::make());
+        AppModel model([] { return testDay; });
+        auto owned = std::make_unique<TestPrompts>();
+        TestPrompts& prompts = *owned;
+        prompts.folder = at / "Elsewhere";
+        Window window(model, std::move(owned));
+        StartUp startUp(model, window, at / "Books");
+        startUp.begin();
+        window.openSample();
+        QVERIFY(!control<QPushButton>(window, "ownBooks").isHidden());
+        press(window, "ownBooks");
+        QVERIFY(model.isNew());
+        control<QLineEdit>(window, "welcomeName").setText(QStringLiteral("Kagaz"));
+        press(window, "welcomeChooseFolder");
+        press(window, "welcomeLookAround");
+        QVERIFY(model.folder() == at / "Elsewhere");
+        QVERIFY(!model.isNew());
+        QVERIFY(control<QPushButton>(window, "ownBooks").isHidden());
+        QVERIFY(Remembered::folder() == at / "Elsewhere");
+
+        prompts.folder = at / "Older";
+        LibraryStore(at / "Older").save(Library::make());
+        LibraryStore(at / "Elsewhere Sample Books").save(Library::make());
+        window.openSample();
+        window.findChild<FolderActions*>()->openOther();
+        QVERIFY(control<QPushButton>(window, "ownBooks").isHidden());
+        QVERIFY(Remembered::folder() == at / "Older");
     }
 
     void aRunningProgramTakesTheFilesOfASecondStart() {
