@@ -60,7 +60,17 @@ std::optional<std::string> lineProblem(const Line& line, SupplyType supply, std:
     return {};
 }
 
-/// The books with the expenses on the draft's lines marked as billed on it, and those that are no longer there freed.
+/// What bills an expense once it is no longer on that invoice: where two machines billed it, the other one.
+std::optional<UUID> billedInstead(const Library& library, const UUID& expense, const UUID& invoice) {
+    for (const Document& other : library.documents)
+        if (other.id != invoice && other.kind == DocKind::invoice && other.state != DocState::void_ &&
+            std::any_of(other.lines.begin(), other.lines.end(),
+                        [&](const Line& line) { return line.expenseID == expense; }))
+            return other.id;
+    return {};
+}
+
+/// The books with the expenses on the draft’s lines marked as billed on it, and those that are no longer there freed.
 Library rebilled(Library library, const Document& draft) {
     std::unordered_set<UUID> billed;
     for (const Line& line : draft.lines)
@@ -71,8 +81,8 @@ Library rebilled(Library library, const Document& draft) {
         const bool marked = expense.rebilledInvoiceID == draft.id;
         if (wanted == marked) continue;
         refuseIf(wanted && expense.rebilledInvoiceID, BooksError::Code::alreadyBilled);
-        library.expenses.update(
-            i, [&](Expense& changed) { changed.rebilledInvoiceID = wanted ? std::optional(draft.id) : std::nullopt; });
+        const auto mark = wanted ? std::optional(draft.id) : billedInstead(library, expense.id, draft.id);
+        library.expenses.update(i, [&mark](Expense& changed) { changed.rebilledInvoiceID = mark; });
     }
     return library;
 }
@@ -141,8 +151,10 @@ Document withSupply(const Library& library, Document document) {
 
 Library released(Library library, const UUID& invoice) {
     for (std::size_t i = 0; i < library.expenses.size(); ++i)
-        if (library.expenses[i].rebilledInvoiceID == invoice)
-            library.expenses.update(i, [](Expense& expense) { expense.rebilledInvoiceID.reset(); });
+        if (const Expense& expense = library.expenses[i]; expense.rebilledInvoiceID == invoice) {
+            const auto mark = billedInstead(library, expense.id, invoice);
+            library.expenses.update(i, [&mark](Expense& changed) { changed.rebilledInvoiceID = mark; });
+        }
     for (std::size_t i = 0; i < library.documents.size(); ++i)
         if (library.documents[i].kind == DocKind::estimate && library.documents[i].linkedID == invoice)
             library.documents.update(i, [](Document& estimate) { estimate.linkedID.reset(); });

@@ -137,5 +137,18 @@ TEST_F(RebillingTest, refusesWhatCannotBeBilled) {
     EXPECT_EQ(refusal(other, good), notInvoice);
 }
 
+TEST_F(RebillingTest, whatTwoMachinesBilledStaysOnTheOtherInvoice) {
+    const UUID twice = spent("Vaayu Air", {2026, 10, 14});
+    Document other = Rebilling::withExpenses(library, draft, {twice});
+    other.id = UUID::random();
+    library = Books::addDraft(std::move(library), Rebilling::withExpenses(library, draft, {twice}));
+    library.documents.append(other);
+    Document without = draft;
+    without.lines.clear();
+    EXPECT_EQ(Books::replaceDraft(library, without).expenses[0].rebilledInvoiceID, other.id);
+    EXPECT_EQ(Books::deleteDraft(library, draft.id).expenses[0].rebilledInvoiceID, other.id);
+    EXPECT_EQ(Books::deleteDraft(library, other.id).expenses[0].rebilledInvoiceID, draft.id);
+}
+
 }  // namespace
 }  // namespace tamba
