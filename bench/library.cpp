@@ -117,8 +117,9 @@ int measure(const std::string& what, const std::filesystem::path& folder) {
         if (count < 45'000) return 1;
     } else if (what == "encode") {
         library = store.load();
-        const std::size_t hint = Files::size(store.fileURL()).value();
-        time = milliseconds([&] { bytes = ModelsJSON::encode(*library, hint); });
+        std::size_t size = 0;
+        time = milliseconds([&] { ModelsJSON::encode(*library, [&size](auto piece) { size += piece.size(); }); });
+        if (size != Files::size(store.fileURL())) return 1;
     } else if (what == "encodeFloor") {
         bytes = Files::read(store.fileURL());
         time = milliseconds([&] { Files::writeAtomically(folder / "copy.json", bytes); });

@@ -1,6 +1,5 @@
 #include "TambaCore/Base/Files.h"
 
-#include "TambaCore/Base/LargePages.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Base/UUID.h"
 
@@ -131,11 +130,16 @@ bool exists(const Path& path) {
     return type != fs::file_type::not_found;
 }
 
-/// Memory for a large text is handed out by another thread while its beginning is filled.
+/// Memory for a large text is handed out in large pages, by another thread while its beginning is filled: of a hundred
+/// megabytes, half the time would go to that. Memory of less than some megabytes is left as it is.
 static std::jthread handOutPages(char* begin, std::size_t size) {
-    const LargePages pages = askForLargePages(begin, size);
-    if (pages.size == 0) return {};
-    return std::jthread([pages] { (void)::madvise(pages.begin, pages.size, MADV_POPULATE_WRITE); });
+    constexpr std::uintptr_t page = 2 << 20;
+    const auto from = (reinterpret_cast<std::uintptr_t>(begin) + page - 1) / page * page;
+    const auto to = (reinterpret_cast<std::uintptr_t>(begin) + size) / page * page;
+    if (to < from + 8 * page) return {};
+    void* pages = reinterpret_cast<void*>(from);
+    (void)::madvise(pages, to - from, MADV_HUGEPAGE);
+    return std::jthread([pages, length = to - from] { (void)::madvise(pages, length, MADV_POPULATE_WRITE); });
 }
 
 std::string read(const Path& path) {
@@ -167,6 +171,11 @@ std::optional<std::uint64_t> size(const Path& path) {
 }
 
 Stamp writeAtomically(const Path& path, std::string_view bytes) {
+    return writeAtomically(path, [bytes](const auto& write) { write(bytes); });
+}
+
+Stamp writeAtomically(const Path& path,
+                      const std::function<void(const std::function<void(std::string_view)>& write)>& make) {
     std::error_code ignored;
     Stamp written;
     // Through a link, so that a library file kept elsewhere stays where its owner put it.
@@ -179,13 +188,22 @@ Stamp writeAtomically(const Path& path, std::string_view bytes) {
         observe("create");
         const Descriptor descriptor(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, mode);
         observe("write");
-        writeAll(descriptor.get(), bytes);
+        off_t begun = 0, end = 0;
+        make([&](std::string_view bytes) {
+            constexpr off_t early = 8 << 20;
+            writeAll(descriptor.get(), bytes);
+            end += static_cast<off_t>(bytes.size());
+            if (end - begun < early) return;
+            // Only a hint: what goes wrong is told when the whole is flushed.
+            (void)::sync_file_range(descriptor.get(), begun, end - begun, SYNC_FILE_RANGE_WRITE);
+            begun = end;
+        });
         flush(descriptor.get());
         if (::fstat(descriptor.get(), &info) != 0) fail(errno);
         written = stampOf(info);
         observe("rename");
         if (::rename(temporary.c_str(), target.c_str()) != 0) fail(errno);
-    } catch (const FileError&) {
+    } catch (...) {
         removeQuietly(temporary);
         throw;
     }

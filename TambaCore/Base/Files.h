@@ -44,6 +44,10 @@ struct Stamp {
 /// file beside it is written and flushed to the disk, renamed over it, and the folder is flushed. Gives the stamp of
 /// what was written, which a later change by somebody else cannot have.
 Stamp writeAtomically(const Path& path, std::string_view bytes);
+/// The same with a text that is handed to `write` in pieces: the disk begins with the first while others are still to
+/// be made. What `make` throws leaves the old file.
+Stamp writeAtomically(const Path& path,
+                      const std::function<void(const std::function<void(std::string_view)>& write)>& make);
 /// Copies a file to a name that is not yet taken, flushed to the disk before it carries that name. False when the
 /// name is taken: nothing is ever overwritten.
 [[nodiscard]] bool copyToNew(const Path& from, const Path& to);

@@ -90,7 +90,7 @@ std::string fieldText(const M& member) {
     }
     ModelsJSON::Writer writer(ModelsJSON::Layout::line);
     writer.value(member);
-    return writer.take();
+    return std::string(writer.text());
 }
 
 /// Gathers the merged books and what could not be decided.

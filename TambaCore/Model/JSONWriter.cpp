@@ -5,8 +5,11 @@
 #include <simdjson.h>
 
 #include <algorithm>
+#include <condition_variable>
 #include <cstdint>
 #include <cstring>
+#include <mutex>
+#include <thread>
 
 namespace tamba::ModelsJSON {
 
@@ -26,6 +29,68 @@ std::size_t cleanPrefix(std::string_view text) {
 }
 
 }  // namespace
+
+void Writer::repair() {
+    if (simdjson::validate_utf8(text())) return;
+    out_ = Text::repairedUTF8(text());
+    at_ = end_ = out_.data() + out_.size();
+}
+
+void Writer::handOver() {
+    repair();
+    (*pieces_)(text());
+    restart();
+}
+
+void Writer::inPieces(std::size_t records, const std::function<void(Writer&, std::size_t)>& write) {
+    handOver();
+    const std::size_t count = (records + recordsOfPiece - 1) / recordsOfPiece;
+    const unsigned processors = std::clamp(std::thread::hardware_concurrency(), 1U, 8U);
+    // Few enough to stay in the processors’ caches: each is written again as soon as it was handed over.
+    std::vector<Writer> places(std::size_t{4} * processors, Writer(pretty_ ? Layout::pretty : Layout::line));
+    std::vector<std::size_t> finished(places.size());  // the piece in each place, counted from one
+    std::size_t taken = 0, handedOver = 0;
+    std::mutex mutex;
+    std::condition_variable changed;
+    const auto work = [&] {
+        std::unique_lock lock(mutex);
+        while (true) {
+            changed.wait(lock, [&] { return taken == count || taken < handedOver + places.size(); });
+            if (taken == count) return;
+            const std::size_t i = taken++;
+            lock.unlock();
+            Writer& piece = places[i % places.size()];
+            piece.restart();
+            piece.depth_ = depth_;
+            piece.first_ = i == 0;
+            const std::size_t end = std::min((i + 1) * recordsOfPiece, records);
+            for (std::size_t record = i * recordsOfPiece; record < end; ++record) write(piece, record);
+            piece.repair();
+            lock.lock();
+            finished[i % places.size()] = i + 1;
+            changed.notify_all();
+        }
+    };
+    std::vector<std::jthread> threads;
+    for (unsigned i = 0; i < processors; ++i) threads.emplace_back(work);
+    try {
+        for (std::size_t i = 0; i < count; ++i) {
+            std::unique_lock lock(mutex);
+            changed.wait(lock, [&] { return finished[i % places.size()] == i + 1; });
+            lock.unlock();
+            (*pieces_)(places[i % places.size()].text());
+            lock.lock();
+            handedOver = i + 1;
+            changed.notify_all();
+        }
+    } catch (...) {
+        const std::lock_guard lock(mutex);
+        taken = count;
+        changed.notify_all();
+        throw;
+    }
+    first_ = false;
+}
 
 void Writer::grow(std::size_t bytes) {
     const std::size_t used = size();
@@ -73,7 +138,7 @@ void Writer::quoted(std::string_view text) {
 std::string quoted(std::string_view text) {
     Writer writer(Layout::line);
     writer.value(std::string(text));
-    return writer.take();
+    return std::string(writer.text());
 }
 
 /// JSON without blanks that was checked when it was read, laid out anew at the present depth. No recursion: it may be
@@ -100,12 +165,16 @@ void Writer::raw(std::string_view json) {
     depth_ = base;
 }
 
-std::string encode(const Library& library, std::size_t sizeHint) {
-    Writer writer(Layout::pretty, sizeHint + sizeHint / 20 + 128 * 1024);
+void encode(const Library& library, const Pieces& pieces) {
+    Writer writer(Layout::pretty, pieces);
     writer.value(library);
-    std::string bytes = writer.take() + "\n";
-    // Text from outside is repaired where it comes in; what slips through must not make the books unreadable.
-    if (!simdjson::validate_utf8(bytes)) return Text::repairedUTF8(bytes);
+    writer.handOver();
+    pieces("\n");
+}
+
+std::string encode(const Library& library) {
+    std::string bytes;
+    encode(library, [&bytes](std::string_view piece) { bytes += piece; });
     return bytes;
 }
 
@@ -113,7 +182,7 @@ template <class Record>
 std::string json(const Record& record, Layout layout) {
     Writer writer(layout);
     writer.value(record);
-    return writer.take();
+    return std::string(writer.text());
 }
 
 template std::string json(const Library&, Layout);

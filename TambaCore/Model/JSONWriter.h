@@ -1,6 +1,5 @@
 #pragma once
 
-#include "TambaCore/Base/LargePages.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
 
@@ -8,30 +7,27 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <vector>
 
 namespace tamba::ModelsJSON {
 
 /// Streams values straight to bytes by walking the field tables; no tree in between. The text grows in steps of zeroed
-/// bytes that are then written through a pointer: a large book has millions of small pieces. Of a long list, each
-/// processor writes a stretch.
+/// bytes that are then written through a pointer: a large book has millions of small pieces.
 class Writer {
 public:
-    explicit Writer(Layout layout, std::size_t sizeHint = 0) : pretty_(layout == Layout::pretty) {
-        out_.reserve(sizeHint);
-        askForLargePages(out_.data(), out_.capacity());
-    }
+    explicit Writer(Layout layout) : pretty_(layout == Layout::pretty) {}
+    /// Hands the text to `pieces` while it grows, and of a long list lets each processor write a stretch.
+    Writer(Layout layout, const Pieces& pieces) : pieces_(&pieces), pretty_(layout == Layout::pretty) {}
 
-    /// The finished text. The writer is spent.
-    [[nodiscard]] std::string take() {
-        out_.resize(size());
-        return std::move(out_);
-    }
+    /// The text, or what of it was not handed over yet.
+    [[nodiscard]] std::string_view text() const { return {out_.data(), size()}; }
+    /// Hands over what there is.
+    void handOver();
 
     void value(bool v) { put(v ? "true" : "false"); }
     void value(std::int64_t v) {
@@ -64,31 +60,12 @@ public:
     }
     template <class T>
     void value(const List<T>& items) {
-        constexpr std::size_t manyRecords = 2000;
-        const std::size_t processors = std::clamp(std::thread::hardware_concurrency(), 1U, 8U);
-        if (items.size() < manyRecords || processors < 2) return list(items);
+        if (!pieces_ || items.size() < recordsOfPiece) return list(items);
         open('[');
-        const std::size_t length = (items.size() + processors - 1) / processors;
-        const auto write = [&items, length](Writer& writer, std::size_t stretch) {
-            for (std::size_t i = stretch * length; i < std::min((stretch + 1) * length, items.size()); ++i) {
-                writer.next();
-                writer.value(items[i]);
-            }
-        };
-        std::vector<Writer> others;
-        others.reserve(processors);
-        for (std::size_t i = 1; i < processors; ++i) {
-            Writer& other = others.emplace_back(pretty_ ? Layout::pretty : Layout::line, length * usualSize);
-            other.depth_ = depth_;
-            other.first_ = false;
-        }
-        {
-            std::vector<std::jthread> threads;
-            for (std::size_t i = 1; i < processors; ++i)
-                threads.emplace_back([&write, &other = others[i - 1], i] { write(other, i); });
-            write(*this, 0);
-        }
-        for (Writer& other : others) put(other.take());
+        inPieces(items.size(), [&items](Writer& piece, std::size_t i) {
+            piece.next();
+            piece.value(items[i]);
+        });
         close(']');
     }
     void value(const std::map<std::string, std::int64_t>& counters) {
@@ -116,7 +93,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t usualSize = 1024;  // of a record; memory that is not used costs nothing
+    static constexpr std::size_t recordsOfPiece = 250;
 
     template <class R, class M>
     void one(const R& record, const Field<R, M>& field) {
@@ -144,6 +121,15 @@ private:
         close(']');
     }
 
+    /// Begins a text anew, in the memory of the last.
+    void restart() {
+        at_ = out_.data();
+        end_ = at_ + out_.size();
+    }
+    /// Writes that many records, of which there is one at least, and hands them over in their order.
+    void inPieces(std::size_t records, const std::function<void(Writer& piece, std::size_t record)>& write);
+    /// Text from outside is repaired where it comes in; what slips through must not make the books unreadable.
+    void repair();
     void raw(std::string_view json);
     void quoted(std::string_view text);
     /// A text in quotes that needs no escapes.
@@ -203,6 +189,7 @@ private:
     std::string out_;
     char* at_ = nullptr;   // where the next byte goes, in out_
     char* end_ = nullptr;  // the end of out_
+    const Pieces* pieces_ = nullptr;
     bool pretty_;
     bool first_ = true;
     std::size_t depth_ = 0;

@@ -123,12 +123,14 @@ Library LibraryStore::read(const Path& file) {
 
 Files::Stamp LibraryStore::save(const Library& library) const {
     prepare();
-    const std::string bytes = ModelsJSON::encode(library, Files::size(fileURL()).value_or(0));
-    const Files::Stamp written = writing([&] { return Files::writeAtomically(fileURL(), bytes); });
+    const auto write = [&library](const Path& file) {
+        return Files::writeAtomically(file, [&library](const auto& pieces) { ModelsJSON::encode(library, pieces); });
+    };
+    const Files::Stamp written = writing([&] { return write(fileURL()); });
     try {
         const Path backup = backupsFolder() / ("tamba-" + Day::today().iso() + ".json");
         if (Files::exists(backup)) return written;
-        Files::writeAtomically(backup, bytes);
+        write(backup);
         pruneBackups("tamba-", 14);
     } catch (const FileError&) {
         // The books are safe; a missing backup must not keep anybody from working.

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,8 +27,11 @@ private:
     std::string message_, path_, text_;
 };
 
-/// The whole file. `sizeHint`: bytes to reserve, when the last size is known.
-[[nodiscard]] std::string encode(const Library& library, std::size_t sizeHint = 0);
+/// Takes a text piece by piece.
+using Pieces = std::function<void(std::string_view)>;
+/// The whole file, each piece as soon as it is there while others write the next. What `pieces` throws ends it.
+void encode(const Library& library, const Pieces& pieces);
+[[nodiscard]] std::string encode(const Library& library);
 /// Strict: a missing key, a wrong type, an unknown word, a bad day or text that is no JSON throws `DecodeError`. Keys
 /// that this version does not know are kept in `unknown`.
 [[nodiscard]] Library decode(std::string bytes);

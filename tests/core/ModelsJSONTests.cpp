@@ -185,7 +185,23 @@ TEST(ModelsJSON, booksWithOurLayoutAreReadAsAnyOthers) {
 TEST(ModelsJSON, bytesThatAreNoTextCannotMakeTheBooksUnreadable) {
     Library l = Library::make();
     l.business.name = "Caf\xE9 \xE2\x82";
-    EXPECT_EQ(ModelsJSON::decode(ModelsJSON::encode(l)).business.name, "Caf\uFFFD \uFFFD");
+    for (int i = 0; i < 3000; ++i) l.expenses.append(testing::anExpense(i % 1000 == 999 ? "\xE9" : "Chai"));
+    const Library read = ModelsJSON::decode(ModelsJSON::encode(l));
+    EXPECT_EQ(read.business.name, "Caf\uFFFD \uFFFD");
+    EXPECT_EQ(read.expenses[1999].vendor, "\uFFFD");
+}
+
+TEST(ModelsJSON, aLongListIsTheSameInPieces) {
+    Library l = aLibrary();
+    for (int i = 0; i < 3001; ++i) l.expenses.append(testing::anExpense("v" + std::to_string(i)));
+    EXPECT_EQ(ModelsJSON::encode(l), ModelsJSON::json(l, ModelsJSON::Layout::pretty) + "\n");
+    struct DiskFull {};
+    for (int left : {0, 1, 5}) {
+        const auto pieces = [&left](std::string_view) {
+            if (left-- == 0) throw DiskFull();
+        };
+        EXPECT_THROW(ModelsJSON::encode(l, pieces), DiskFull);
+    }
 }
 
 TEST(ModelsJSON, aFileCutOffAnywhereIsRefused) {
