@@ -205,6 +205,15 @@ int compare(const Library& library, const Items::Item& a, const Items::Item& b, 
     return 0;
 }
 
+/// The ids that only one of the two holds.
+std::unordered_set<UUID> comeOrGone(const List<Category>& before, const List<Category>& after) {
+    std::unordered_set<UUID> ids;
+    for (const Category& category : before) ids.insert(category.id);
+    for (const Category& category : after)
+        if (ids.erase(category.id) == 0) ids.insert(category.id);
+    return ids;
+}
+
 }  // namespace
 
 struct ExpenseListing::State {
@@ -213,13 +222,11 @@ struct ExpenseListing::State {
     std::shared_ptr<const void> books;  // another for each value of what rows hold beside their expenses
     Items listing;
 
-    /// Whether expenses read, stand and are found as they did, as far as they have not changed themselves.
-    [[nodiscard]] bool holdsFor(const Library& other, const ExpenseFilter& wanted) const {
-        return books && filter.order == wanted.order && filter.ascending == wanted.ascending &&
-               library.categories.sharesAllWith(other.categories) && library.clients.sharesAllWith(other.clients) &&
-               library.projects.sharesAllWith(other.projects) && library.business == other.business;
-    }
     void update(const Library& now, const ExpenseFilter& wanted);
+
+private:
+    template <class FactsOf, class Before>
+    void follow(const Library& now, const ExpenseFilter& wanted, const FactsOf& factsOf, const Before& before);
 };
 
 void ExpenseListing::State::update(const Library& now, const ExpenseFilter& wanted) {
@@ -239,20 +246,41 @@ void ExpenseListing::State::update(const Library& now, const ExpenseFilter& want
         if (a->record->createdAt != b->record->createdAt) return a->record->createdAt < b->record->createdAt;
         return a->fact.id < b->fact.id;
     };
-    if (!holdsFor(now, wanted)) {
+    if (!books || now.business.homeCurrency != library.business.homeCurrency) {
         listing.begin(now.expenses, factsOf, before);
         books = std::make_shared<int>();
     } else {
-        listing.update(now.expenses, factsOf, before);
-        if (wanted.search != filter.search) {
+        follow(now, wanted, factsOf, before);
+        const bool sameNames = now.categories.sharesAllWith(library.categories) &&
+                               now.clients.sharesAllWith(library.clients) &&
+                               now.projects.sharesAllWith(library.projects);
+        const bool searches = !Text::trim(wanted.search).empty();
+        if (wanted.search != filter.search || (searches && !sameNames)) {
             // What does not hold the beginning of a search does not hold the whole.
-            const bool narrower = !Text::trim(filter.search).empty() && wanted.search.starts_with(filter.search);
+            const bool narrower =
+                sameNames && !Text::trim(filter.search).empty() && wanted.search.starts_with(filter.search);
             for (auto& [expense, fact] : listing.items())
                 if (!narrower || fact.fits) fact.fits = finder.fits(*expense);
         }
     }
     library = now;
     filter = wanted;
+}
+
+/// Brings the listing to the categories, the order and the expenses of now, with the facts of those alone that differ.
+template <class FactsOf, class Before>
+void ExpenseListing::State::follow(const Library& now, const ExpenseFilter& wanted, const FactsOf& factsOf,
+                                   const Before& before) {
+    bool sorted = wanted.order == filter.order && wanted.ascending == filter.ascending;
+    if (!now.categories.sharesAllWith(library.categories)) {
+        books = std::make_shared<int>();
+        sorted = sorted && wanted.order != ExpenseOrder::category && wanted.order != ExpenseOrder::status;
+        if (const auto ids = comeOrGone(library.categories, now.categories); !ids.empty())
+            for (auto& [expense, fact] : listing.items())
+                if (expense->categoryID && ids.contains(*expense->categoryID)) fact = factsOf(*expense, 0);
+    }
+    if (!sorted) std::sort(listing.items().begin(), listing.items().end(), before);
+    listing.update(now.expenses, factsOf, before);
 }
 
 ExpenseListing::ExpenseListing() : state_(std::make_unique<State>()) {}

@@ -92,7 +92,7 @@ Expense changed(Expense expense, const Library& library, Dice& dice) {
 
 Library step(Library library, Dice& dice, Day today) {
     const auto at = [&dice](const auto& list) { return dice.below(list.size()); };
-    switch (dice.below(14)) {
+    switch (dice.below(18)) {
         case 0:
         case 1:
         case 2:
@@ -139,6 +139,22 @@ Library step(Library library, Dice& dice, Day today) {
             return line.isMatched() ? Bank::unmatch(library, line.id)
                                     : Bank::setIgnored(library, line.id, !line.ignored);
         }
+        case 13:
+            library.projects.update(at(library.projects), [](Project& p) { p.name += " desk"; });
+            return library;
+        case 14: {
+            Category added = dice.any(library.categories);
+            added.id = UUID::derived(added.id, std::to_string(dice.below(1'000'000)));
+            library.categories.append(added);
+            return library;
+        }
+        case 15:
+            library.categories.erase(at(library.categories));
+            return library;
+        case 16:
+            library.business.homeCurrency = dice.once(3) ? "USD" : "INR";
+            library.business.terms += "Once more.";
+            return library;
         default:
             return Bank::matchToExpense(library, dice.any(library.transactions).id, dice.any(library.expenses).id);
     }
