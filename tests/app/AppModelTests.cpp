@@ -244,7 +244,13 @@ private slots:
         QCOMPARE(books.onDisk().business.name, std::string("before the end"));
     }
 
+    void theProgramEndsCleanlyOnSIGTERM_data() {
+        QTest::addColumn<bool>("sheet");
+        QTest::newRow("nothing to save") << false;
+        QTest::newRow("a sheet is open") << true;
+    }
     void theProgramEndsCleanlyOnSIGTERM() {
+        QFETCH(bool, sheet);
         OpenBooks books;
         QVERIFY(books.rename("untouched"));
         QVERIFY(books.model.saveNow());
@@ -255,8 +261,10 @@ private slots:
         // What it remembers is not the person's who runs the tests.
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), books.folder.filePath(QStringLiteral("config")));
+        if (sheet) environment.insert(QStringLiteral("TAMBA_TYPES"), QStringLiteral("1"));
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(TAMBA_PROGRAM), {toQt(books.path())});
+        program.start(sheet ? QCoreApplication::applicationFilePath() : QStringLiteral(TAMBA_PROGRAM),
+                      {toQt(books.path())});
         QVERIFY(program.waitForStarted());
         // The day's copy of the books as opened shows that they are open.
         const auto opened = [&] {
@@ -266,11 +274,16 @@ private slots:
         };
         QTRY_VERIFY_WITH_TIMEOUT(opened(), 20000);
         QTest::qWait(300);
+        QTRY_VERIFY_WITH_TIMEOUT(!sheet || program.peek(5) == "typed", 20000);
         program.terminate();
         QVERIFY(program.waitForFinished(20000));
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
         QCOMPARE(program.exitCode(), 0);
-        QCOMPARE(Files::read(books.path() / "tamba.json"), bytes);
+        const Library saved = books.onDisk();
+        if (sheet)
+            QCOMPARE(saved.clients.back().name, std::string("Typed at the end"));
+        else
+            QCOMPARE(Files::read(books.path() / "tamba.json"), bytes);
     }
 };
 

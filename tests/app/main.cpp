@@ -1,4 +1,5 @@
 #include "Tamba/Icons.h"
+#include "Tamba/Screens/ClientsScreen.h"
 #include "Tamba/Style.h"
 #include "Tamba/TambaApp.h"
 #include "Tamba/Translations.h"
@@ -17,10 +18,31 @@ std::vector<std::function<QObject*()>>& classes() {
     return all;
 }
 }  // namespace
+/// Somebody at the program proper: opens the sheet for a new client, types, and says so.
+static void typeIntoASheet() {
+    auto* person = new QTimer(QCoreApplication::instance());
+    QObject::connect(person, &QTimer::timeout, person, [person] {
+        if (QWidget* sheet = QApplication::activeModalWidget()) {
+            person->stop();
+            control<QLineEdit>(*sheet, "clientName").setText(QStringLiteral("Typed at the end"));
+            std::puts("typed");
+            std::fflush(stdout);
+            return;
+        }
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* clients = window->findChild<ClientsScreen*>(); clients && window->isVisible())
+                QTimer::singleShot(0, clients, &ClientsScreen::newClient);
+    });
+    person->start(50);
+}
 void addTestClass(std::function<QObject*()> make) { classes().push_back(std::move(make)); }
 }  // namespace tamba
 
 int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsSet("TAMBA_TYPES")) {
+        qAddPreRoutine(tamba::typeIntoASheet);
+        return tamba::runTamba(argc, argv);
+    }
     QApplication application(argc, argv);
     // Whatever is being built: pictures stay as they are.
     QApplication::setApplicationVersion(QStringLiteral("0.1.0"));
