@@ -12,7 +12,7 @@
 
 namespace tamba::Printing {
 
-void print(QWidget& window, const QString& title, const std::string& pdf, const std::function<void()>& failed) {
+void print(QWidget& window, const QString& title, const std::string& pdf, const Heard& heard) {
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(title);
     printer->setPageSize(QPageSize(QPageSize::A4));
@@ -22,11 +22,12 @@ void print(QWidget& window, const QString& title, const std::string& pdf, const 
     if (dialog.exec() != QDialog::Accepted) return;
     // Each has its own, so that the next one does not stop it; the window waits for what is not printed yet.
     auto* background = new Background(&window);
+    heard(title, Stage::running);
     background->start([=](const std::atomic<bool>&) {
         const bool printed = draw(*printer, pdf);
         return [=] {
             background->deleteLater();
-            if (!printed) failed();
+            heard(title, printed ? Stage::printed : Stage::failed);
         };
     });
 }

@@ -1,7 +1,6 @@
 #include "Tamba/Prompts.h"
 
 #include "Tamba/MailProgram.h"
-#include "Tamba/Printing.h"
 #include "Tamba/QtText.h"
 #include "Tamba/Remembered.h"
 #include "Tamba/Sheets/AccountSheet.h"
@@ -222,7 +221,7 @@ bool DialogPrompts::openMail(const Reminders::Draft& draft, const Path& pdf) {
 }
 
 void DialogPrompts::print(const QString& title, const std::string& pdf) {
-    Printing::print(window_, title, pdf, [this, title] { alert(QObject::tr("“%1” couldn’t be printed.").arg(title)); });
+    Printing::print(window_, title, pdf, heard_);
 }
 
 }  // namespace tamba

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tamba/Printing.h"
 #include "Tamba/Remembered.h"
 #include "Tamba/Rows/ConflictRows.h"
 #include "Tamba/Rows/ImportRows.h"
@@ -138,7 +139,9 @@ public:
 /// Asks with dialogs over a window.
 class DialogPrompts : public Prompts {
 public:
-    explicit DialogPrompts(QWidget& window) : window_(window) {}
+    explicit DialogPrompts(
+        QWidget& window, Printing::Heard heard = [](const QString&, Printing::Stage) {})
+        : window_(window), heard_(std::move(heard)) {}
     void alert(const QString& sentence) override;
     bool confirm(const QString& title, const QString& text, const QString& action) override;
     bool addAgain(const QStringList& files) override;
@@ -170,6 +173,7 @@ public:
 
 private:
     QWidget& window_;
+    Printing::Heard heard_;
 };
 
 }  // namespace tamba

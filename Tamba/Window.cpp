@@ -48,7 +48,13 @@ std::vector<std::filesystem::path> localFiles(const QMimeData& data) {
 Window::Window(AppModel& model, std::unique_ptr<Prompts> prompts, ReceiptQueue::MakeScan scan)
     : Window(
           model,
-          [&prompts](Window& window) { return prompts ? std::move(prompts) : std::make_unique<DialogPrompts>(window); },
+          [&prompts](Window& window) {
+              if (prompts) return std::move(prompts);
+              const auto heard = [&window](const QString& title, Printing::Stage stage) {
+                  window.showPrinting(title, stage);
+              };
+              return std::unique_ptr<Prompts>(std::make_unique<DialogPrompts>(window, heard));
+          },
           std::move(scan)) {}
 
 Window::Window(AppModel& model, const MakePrompts& makePrompts, ReceiptQueue::MakeScan scan)
@@ -268,6 +274,19 @@ void Window::connectFolder() {
 
 void Window::hideStrip() {
     if (!receipts_->isBusy()) strip_->hide();
+}
+
+void Window::showPrinting(const QString& title, Printing::Stage stage) {
+    const QString what = tr("Printing “%1”").arg(title);
+    if (stage == Printing::Stage::running) {
+        // Other work has its bar and its way to be stopped.
+        if (!strip_->isHidden()) return;
+        strip_->show(what, 0, 0);
+        return strip_->setCancellable(false);
+    }
+    if (strip_->what() == what) strip_->hide();
+    if (stage == Printing::Stage::printed) return toast_->show(tr("“%1” is printed").arg(title));
+    prompts_->alert(tr("“%1” couldn’t be printed.").arg(title));
 }
 
 void Window::addFiles(const std::vector<std::filesystem::path>& files) {

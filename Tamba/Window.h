@@ -64,6 +64,8 @@ public:
     [[nodiscard]] Screen screen() const { return screen_; }
     /// What is shown in place of the screens while the books are new. The window takes it over.
     void setWelcome(QWidget* welcome);
+    /// What goes to a printer runs behind the window, which says so.
+    void showPrinting(const QString& title, Printing::Stage stage);
     /// Tells of updates, and has them in the settings; looks for them when that is allowed.
     void setUpdates(UpdateService& updates);
     [[nodiscard]] Prompts& prompts() { return *prompts_; }

@@ -49,6 +49,8 @@ void ActivityStrip::show(const QString& what, int done, int count) {
     setVisible(true);
 }
 
+QString ActivityStrip::what() const { return isHidden() ? QString() : what_->text(); }
+
 void ActivityStrip::setCancellable(bool cancellable) { cancel_->setVisible(cancellable); }
 
 Toast::Toast(QWidget* parent) : QFrame(parent) {

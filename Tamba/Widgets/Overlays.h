@@ -19,6 +19,7 @@ public:
     explicit ActivityStrip(QWidget* parent = nullptr);
     /// `count` 0: no telling how long.
     void show(const QString& what, int done, int count);
+    [[nodiscard]] QString what() const;
     /// Whether what runs can be stopped.
     void setCancellable(bool cancellable);
 

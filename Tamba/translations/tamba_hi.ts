@@ -52,10 +52,6 @@
         <translation>%1 छापें</translation>
     </message>
     <message>
-        <source>“%1” couldn’t be printed.</source>
-        <translation>“%1” नहीं छापी जा सकी।</translation>
-    </message>
-    <message>
         <source>… and %1 more</source>
         <translation>… और %1 अन्य</translation>
     </message>
@@ -7623,6 +7619,18 @@
     <message>
         <source>“%1” is made. Its longest pause between two pictures was %2 ms.</source>
         <translation>“%1” बन गया। दो चित्रों के बीच सबसे लंबा अंतर %2 ms रहा।</translation>
+    </message>
+    <message>
+        <source>Printing “%1”</source>
+        <translation>“%1” छापा जा रहा है</translation>
+    </message>
+    <message>
+        <source>“%1” is printed</source>
+        <translation>“%1” छप गया</translation>
+    </message>
+    <message>
+        <source>“%1” couldn’t be printed.</source>
+        <translation>“%1” नहीं छापा जा सका।</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "Tamba/Screens/ReportView.h"
 #include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/Widgets/BarChart.h"
+#include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/RowDelegate.h"
 #include "Tamba/Widgets/TableView.h"
 #include "TambaCore/Base/Files.h"
@@ -247,6 +248,21 @@ private slots:
         QVERIFY(Printing::draw(printer, open.prompts.printed));
         QCOMPARE(PDFPages::images(Files::read(toPath(paper)), 200).size(),
                  PDFPages::images(open.prompts.printed, 200).size());
+    }
+
+    void whatGoesToThePrinterIsSeenToRunAndToEnd() {
+        OpenWindow open;
+        const auto title = QStringLiteral("INV-7");
+        const auto& strip = *open.window.findChild<ActivityStrip*>();
+        const auto& toast = *open.window.findChild<Toast*>();
+        for (const auto end : {Printing::Stage::printed, Printing::Stage::failed}) {
+            open.window.showPrinting(title, Printing::Stage::running);
+            QCOMPARE(strip.what(), QStringLiteral("Printing “INV-7”"));
+            open.window.showPrinting(title, end);
+            QVERIFY(strip.isHidden());
+        }
+        QCOMPARE(control<QLabel>(toast, "toastText").text(), QStringLiteral("“INV-7” is printed"));
+        QCOMPARE(open.prompts.alerts, QStringList{QStringLiteral("“INV-7” couldn’t be printed.")});
     }
 
     void whatIsLeftOutIsOneClickAway() {
