@@ -1,5 +1,6 @@
 #include "Tamba/ReportFiles.h"
 #include "Tamba/Rows/OverviewRows.h"
+#include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ExpensesScreen.h"
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/ReportsScreen.h"
@@ -24,6 +25,10 @@ void Window::connectReports() {
     connect(reports_, &ReportsScreen::expenseChosen, this, [this](const UUID& id) {
         showScreen(Screen::expenses);
         expenses_->select({id});
+    });
+    connect(reports_, &ReportsScreen::openLinesChosen, this, [this] {
+        showScreen(Screen::bank);
+        bank_->showList(BankList::open);
     });
     connect(reportFiles_, &ReportFiles::progressed, this, [this](const QString& what, int done, int count) {
         strip_->show(what, done, count);

@@ -469,7 +469,9 @@ std::vector<ReportRemark> yearEndRemarks(const Library& library, const Financial
                                 RowText::counted(static_cast<std::size_t>(open),
                                                  RowText::marked("Rows", "1 bank line is not matched yet."),
                                                  RowText::marked("Rows", "%1 bank lines are not matched yet.")),
-                                {}});
+                                {},
+                                {},
+                                static_cast<std::size_t>(open)});
     return page.remarks;
 }
 

@@ -70,6 +70,7 @@ struct ReportRemark {
     std::string sentence;
     ReportRecords records;
     std::string note = {};  ///< of a table, in English, that says the same
+    std::size_t lines = 0;  ///< how many open bank lines it speaks of
 
     bool operator==(const ReportRemark&) const = default;
 };

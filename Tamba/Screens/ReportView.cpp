@@ -151,13 +151,14 @@ void ReportView::addRemarkGroup(const QString& title, const char* pill, Tone ton
 QWidget* ReportView::remarkLine(std::size_t index) {
     const ReportRemark& remark = page_.remarks[index];
     QString text = toQt(remark.sentence).toHtmlEscaped();
-    const std::size_t count = remark.records.size();
+    const std::size_t count = remark.records.size() + remark.lines;
     if (count > 0) text += QStringLiteral(" <a href=\"#\">%1</a>").arg(count == 1 ? tr("Open") : tr("Show them"));
     QLabel* line = wrapping(text, "remark", content_);
     line->setTextFormat(Qt::RichText);
     line->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     connect(line, &QLabel::linkActivated, this, [this, index] {
         const ReportRecords& records = page_.remarks.at(index).records;
+        if (page_.remarks.at(index).lines > 0) return emit openLinesChosen();
         if (records.size() > 1) return emit recordsChosen(records);
         if (!records.documentIDs.empty()) return emit documentChosen(records.documentIDs.front());
         emit expenseChosen(records.expenseIDs.front());

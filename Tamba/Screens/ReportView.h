@@ -31,6 +31,7 @@ signals:
     /// A remark about one record leads to it at once.
     void documentChosen(const tamba::UUID& id);
     void expenseChosen(const tamba::UUID& id);
+    void openLinesChosen();
     void bundleChosen();
     void journalChosen(tamba::IncomeBasis basis);
     void booksChosen();

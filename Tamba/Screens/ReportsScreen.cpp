@@ -63,6 +63,7 @@ ReportsScreen::ReportsScreen(AppModel& model, ReportFiles& files, QWidget* paren
     connect(view_, &ReportView::recordsChosen, this, &ReportsScreen::showRecords);
     connect(view_, &ReportView::documentChosen, this, &ReportsScreen::documentChosen);
     connect(view_, &ReportView::expenseChosen, this, &ReportsScreen::expenseChosen);
+    connect(view_, &ReportView::openLinesChosen, this, &ReportsScreen::openLinesChosen);
     connect(view_, &ReportView::printChosen, this, &ReportsScreen::print);
     connect(view_, &ReportView::saveChosen, save_, &QPushButton::click);
     connect(pane_, &RecordsPane::documentChosen, this, &ReportsScreen::documentChosen);

@@ -45,6 +45,7 @@ public:
 signals:
     void documentChosen(const tamba::UUID& id);
     void expenseChosen(const tamba::UUID& id);
+    void openLinesChosen();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
