@@ -468,6 +468,11 @@ void Window::closeEvent(QCloseEvent* event) {
     event->ignore();
 }
 
+void Window::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    sidebar_->setNarrow(width() < 1120);
+}
+
 void Window::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
         model_.saveNow();

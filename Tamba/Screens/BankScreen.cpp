@@ -45,7 +45,8 @@ std::vector<BankScreen::Model::Column> BankScreen::columns() const {
          [this](const BankRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole) return toQt(row.name);
              if (role == RowDelegate::Strong) return true;
-             if (role == RowDelegate::Second) return toQt(narrow_ ? row.date : row.narration);
+             if (role == RowDelegate::Second) return toQt(row.narration);
+             if (role == RowDelegate::Folded && narrow_) return toQt(row.date);
              if (role == Qt::ToolTipRole) return toQt(row.narration.empty() ? row.name : row.narration);
              if (role == Qt::AccessibleTextRole) return toQt(row.name + ", " + row.narration);
              return {};
@@ -148,8 +149,9 @@ void BankScreen::makeTable() {
                                .order = Qt::DescendingOrder},
                               this);
     keepSelection(*table_, rows_);
-    ListParts::setHabits(
-        *table_, {.fillMenu = [this](QMenu& menu) { fillMenu(menu); }, .sort = [this](int column) { sortBy(column); }});
+    ListParts::setHabits(*table_, {.fillMenu = [this](QMenu& menu) { fillMenu(menu); },
+                                   .sort = [this](int column) { sortBy(column); },
+                                   .ordered = Column::matched});
     table_->installEventFilter(this);
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &BankScreen::selectionChanged);
 }

@@ -191,8 +191,8 @@ void DocumentEditor::showTotals() {
 
 void DocumentEditor::arrange() {
     const int room = viewport()->width();
-    const bool narrow = room < 680;
-    lines_->setCompact(narrow);
+    const bool narrow = room < 672;
+    lines_->setCompact(room < 720);
     int row = 0, column = 0;
     for (const Part& part : parts_) grid_->removeWidget(part.box);
     for (const Part& part : parts_) {

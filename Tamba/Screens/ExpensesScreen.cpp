@@ -336,9 +336,9 @@ void ExpensesScreen::arrange() {
     static constexpr ListParts::Width widths[] = {{Column::date, 104},  {Column::category, 186}, {Column::amount, 124},
                                                   {Column::tax, 104},   {Column::method, 110},   {Column::receipt, 36},
                                                   {Column::status, 112}};
-    static constexpr ListParts::Width steps[] = {{Column::method, 0},  {Column::tax, 0},      {Column::category, 42},
-                                                 {Column::receipt, 0}, {Column::category, 0}, {Column::status, 40}};
-    ListParts::fitColumns(*table_, room, 170, widths, steps);
+    static constexpr ListParts::Width steps[] = {{Column::method, 0},  {Column::tax, 0},     {Column::category, 42},
+                                                 {Column::receipt, 0}, {Column::status, 40}, {Column::category, 0}};
+    ListParts::fitColumns(*table_, room, 186, widths, steps);
     // A glyph needs no title.
     rows_.setTitle(Column::category, table_->columnWidth(Column::category) < 60 ? QString() : tr("Category"));
     rows_.setTitle(Column::status, table_->columnWidth(Column::status) < 60 ? QString() : tr("Status"));

@@ -47,7 +47,7 @@ QString newTitle(DocKind kind) {
 
 }  // namespace
 
-std::vector<InvoicesScreen::Model::Column> InvoicesScreen::columns() {
+std::vector<InvoicesScreen::Model::Column> InvoicesScreen::columns() const {
     return {
         {tr("Number"), Qt::AlignLeft,
          [](const DocumentRow& row, int role) -> QVariant {
@@ -57,11 +57,13 @@ std::vector<InvoicesScreen::Model::Column> InvoicesScreen::columns() {
              return {};
          }},
         {tr("Client"), Qt::AlignLeft,
-         [](const DocumentRow& row, int role) -> QVariant {
+         [this](const DocumentRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole) return row.client.empty() ? tr("No client") : toQt(row.client);
              if (role == Qt::ForegroundRole && row.client.empty()) return Colors::current().muted;
              if (role == RowDelegate::Strong) return !row.client.empty();
              if (role == RowDelegate::Second) return toQt(row.due);
+             if (role == RowDelegate::Folded && folded_)
+                 return toQt(row.due.empty() ? row.number : row.number + " · " + row.due);
              if (role == RowDelegate::SecondTone) return static_cast<int>(row.late ? Tone::danger : Tone::none);
              if (role == Qt::ToolTipRole) return toQt(row.client);
              if (role == Qt::AccessibleTextRole) return toQt(row.client + ", " + row.due);
@@ -400,13 +402,14 @@ void InvoicesScreen::hideEvent(QHideEvent*) { pane_->commit(); }
 void InvoicesScreen::resizeEvent(QResizeEvent*) { arrange(); }
 
 void InvoicesScreen::arrange() {
-    const int wanted = std::clamp(width() * 60 / 100, 480, 900);
+    const int wanted = std::clamp(width() * 5 / 8 - 84, 480, 900);
     pane_->setPreferredWidth(wanted);
     const int room = width() - (pane_->isHidden() ? 0 : wanted);
-    // What gives way first where the client's name would get too little room.
-    static constexpr ListParts::Width widths[] = {{Column::number, 120}, {Column::total, 124}, {Column::status, 100}};
-    static constexpr ListParts::Width steps[] = {{Column::status, 40}, {Column::number, 0}, {Column::total, 112}};
-    ListParts::fitColumns(*table_, room, 130, widths, steps);
+    // What gives way first where the client's name would get too little room: numbers are then told below it.
+    static constexpr ListParts::Width widths[] = {{Column::number, 116}, {Column::total, 116}, {Column::status, 94}};
+    static constexpr ListParts::Width steps[] = {{Column::number, 0}, {Column::status, 40}, {Column::total, 112}};
+    ListParts::fitColumns(*table_, room, 214, widths, steps);
+    folded_ = table_->isColumnHidden(Column::number);
     // A glyph needs no title.
     rows_.setTitle(Column::status, table_->columnWidth(Column::status) < 60 ? QString() : tr("Status"));
     count_->setVisible(room >= 420);

@@ -67,7 +67,7 @@ private:
     using Model = RowsModel<DocumentRow>;
     /// What was changed decides whether the document on the right gives way to one of the list.
     enum class Because { booksChanged, filterChanged };
-    [[nodiscard]] static std::vector<Model::Column> columns();
+    [[nodiscard]] std::vector<Model::Column> columns() const;
     QWidget* makeHeader();
     QWidget* makeFooter();
     void makeTable();
@@ -87,6 +87,7 @@ private:
     DocumentListing listing_;
     Model rows_;
     bool filling_ = false;
+    bool folded_ = false;        // numbers stand below the clients
     QPointer<QWidget> watched_;  // the window whose closing takes what is being typed
     QTabBar* kinds_;
     QPushButton* newDocument_;

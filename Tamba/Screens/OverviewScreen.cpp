@@ -24,7 +24,7 @@ namespace tamba {
 namespace {
 
 /// Below this the panels stand under each other and the figures two by two.
-constexpr int sideBySide = 900;
+constexpr int sideBySide = 1000;
 
 struct Panel {
     QFrame* frame;

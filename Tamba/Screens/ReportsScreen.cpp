@@ -28,7 +28,7 @@ namespace {
 
 /// Above this many records a report may take longer than a frame of the screen.
 constexpr std::size_t large = 1'500;
-constexpr int listWidth = 176, paneWidth = 340, narrow = 820, wideForPane = 860;
+constexpr int listWidth = 176, paneWidth = 340, narrow = 980, wideForPane = 860;
 
 const std::vector<int>& compositionRates() {
     static const std::vector<int> rates{600, 500, 100};

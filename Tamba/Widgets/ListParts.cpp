@@ -54,6 +54,8 @@ Header header(Heading heading, QWidget* parent) {
     rows->addLayout(top);
     auto* tools = new QHBoxLayout;
     tools->setSpacing(12);
+    // Rows stand where they stand on every other page, whatever is in them.
+    for (QHBoxLayout* row : {top, tools}) row->addStrut(32);
     rows->addLayout(tools);
     return {frame, top, tools};
 }
@@ -123,13 +125,13 @@ Body body(QWidget* header, QTableView* table, QWidget* footer, QWidget* parent) 
 namespace {
 
 /// What a click on a title does, for those who have only keys.
-void addOrders(QMenu& menu, const QTableView& view, const std::function<void(int column)>& sort) {
+void addOrders(QMenu& menu, const QTableView& view, const std::function<void(int column)>& sort, int count) {
     const QHeaderView* header = view.horizontalHeader();
     if (!menu.isEmpty()) menu.addSeparator();
     QMenu* orders = menu.addMenu(QObject::tr("Order By"));
-    for (int column = 0; column < view.model()->columnCount(); ++column) {
+    for (int column = 0; column < std::min(count, view.model()->columnCount()); ++column) {
         const QString title = view.model()->headerData(column, Qt::Horizontal).toString();
-        if (title.isEmpty() || view.isColumnHidden(column)) continue;
+        if (title.isEmpty()) continue;
         QAction* action = orders->addAction(title, orders, [sort, column] { sort(column); });
         action->setCheckable(true);
         action->setChecked(column == header->sortIndicatorSection());
@@ -142,10 +144,10 @@ void setHabits(QTableView& view, Habits habits) {
     QObject::connect(view.horizontalHeader(), &QHeaderView::sectionClicked, &view, habits.sort);
     view.setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(&view, &QWidget::customContextMenuRequested, &view,
-                     [&view, fill = habits.fillMenu, sort = habits.sort](const QPoint& at) {
+                     [&view, fill = habits.fillMenu, sort = habits.sort, ordered = habits.ordered](const QPoint& at) {
                          QMenu menu(&view);
                          fill(menu);
-                         if (sort) addOrders(menu, view, sort);
+                         if (sort) addOrders(menu, view, sort, ordered);
                          if (!menu.isEmpty()) menu.exec(view.viewport()->mapToGlobal(at));
                      });
     new Keys(view, std::move(habits));

@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include <functional>
+#include <limits>
 #include <span>
 
 class QMenu;
@@ -63,6 +64,7 @@ struct Habits {
     std::function<void()> open = {}, remove = {};
     std::function<void(QMenu&)> fillMenu;
     std::function<void(int column)> sort;
+    int ordered = std::numeric_limits<int>::max();  ///< so many columns, from the first, rows can be ordered by
 };
 void setHabits(QTableView& view, Habits habits);
 

@@ -84,7 +84,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     const auto ink = index.data(Qt::ForegroundRole).value<QColor>();
     painter->setPen(ink.isValid() ? ink : colors.text);
     const auto alignment = static_cast<Qt::Alignment>(index.data(Qt::TextAlignmentRole).toInt());
-    if (const QVariant second = index.data(Second); !second.toString().isEmpty()) {
+    const QVariant folded = index.data(Folded);
+    if (const QVariant second = folded.isValid() ? folded : index.data(Second); !second.toString().isEmpty()) {
         const QRectF below = words.adjusted(0, words.height() / 2 - 1, 0, -7);
         words.adjust(0, 7, 0, -words.height() / 2);
         const QFont above = painter->font();

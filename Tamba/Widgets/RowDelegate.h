@@ -13,7 +13,8 @@ public:
     /// `Glyph`: name of an icon. `GlyphColor`: QColor, else muted. `Pill`: a `Tone` as int. `Strong`: bold.
     /// With `Pill`, `Glyph` stands for its word where there is no room for that.
     /// `Second`: a quieter text below the first; `SecondTone`: a `Tone` as int for it.
-    enum Role { Glyph = Qt::UserRole, GlyphColor, Pill, Strong, Second, SecondTone };
+    /// `Folded`: what stands there instead while other columns have no room and are told of in this one.
+    enum Role { Glyph = Qt::UserRole, GlyphColor, Pill, Strong, Second, SecondTone, Folded };
     static constexpr int rowHeight = 36;
     static constexpr int tallRowHeight = 52;  ///< where rows have second texts
 

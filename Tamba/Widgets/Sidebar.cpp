@@ -18,7 +18,11 @@
 
 namespace tamba {
 
-/// One entry: glyph, word, and how many wait.
+namespace {
+constexpr int wideWidth = 208, narrowWidth = 60;
+}
+
+/// One entry: glyph, word, and how many wait; where it is narrow a dot says that some do.
 class SidebarItem : public QAbstractButton {
 public:
     SidebarItem(const QString& icon, const QString& text, bool nested, QWidget* parent)
@@ -30,7 +34,14 @@ public:
         setAttribute(Qt::WA_Hover);
     }
     ExpenseList list = ExpenseList::all;
+    QString keys;
 
+    void refreshTip(bool narrow) {
+        QStringList parts{keys};
+        if (narrow) parts = {text(), accessibleDescription(), keys};
+        parts.removeAll(QString());
+        setToolTip(parts.join(QStringLiteral(" · ")));
+    }
     void setCount(std::size_t count) {
         count_ = count;
         setAccessibleDescription(count == 0 ? QString() : Sidebar::tr("%n waiting", nullptr, static_cast<int>(count)));
@@ -56,6 +67,17 @@ protected:
             painter.drawRoundedRect(box, 6, 6);
         }
         const QColor ink = on ? colors.dark ? colors.text : colors.accent : nested_ ? colors.muted : colors.text;
+        if (width() < wideWidth) {
+            const qreal size = nested_ ? 16 : 18;
+            QRectF glyph(0, 0, size, size);
+            glyph.moveCenter(QRectF(rect()).center());
+            Icons::paint(painter, glyph, icon_, ink);
+            if (count_ == 0 || nested_) return;
+            painter.setPen(QPen(colors.sidebar, 1.5));
+            painter.setBrush(colors.accent);
+            painter.drawEllipse(glyph.topRight() + QPointF(2, 1), 4, 4);
+            return;
+        }
         const qreal left = nested_ ? 36 : 18;
         Icons::paint(painter, QRectF(left, (height() - 18) / 2.0, 18, 18), icon_, ink);
         painter.setFont(Style::textFont(13, on || !nested_ ? QFont::DemiBold : QFont::Normal));
@@ -136,15 +158,15 @@ QString title(Screen screen) {
 
 Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(model) {
     setObjectName(QStringLiteral("sidebar"));
-    setFixedWidth(208);
+    setFixedWidth(wideWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 14, 0, 8);
     layout->setSpacing(0);
 
-    auto* head = new QHBoxLayout;
-    head->setContentsMargins(16, 0, 12, 16);
-    head->setSpacing(10);
-    head->addWidget(new Monogram(model, this));
+    head_ = new QHBoxLayout;
+    head_->setContentsMargins(16, 0, 12, 16);
+    head_->setSpacing(10);
+    head_->addWidget(new Monogram(model, this));
     auto* words = new QVBoxLayout;
     words->setSpacing(0);
     name_ = new QLabel(this);
@@ -154,8 +176,8 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
     place_ = Controls::label({}, "caption", this);
     words->addWidget(name_);
     words->addWidget(place_);
-    head->addLayout(words, 1);
-    layout->addLayout(head);
+    head_->addLayout(words, 1);
+    layout->addLayout(head_);
 
     items_ = new QVBoxLayout;
     items_->setSpacing(0);
@@ -166,7 +188,7 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
             {"people", "screenClients"},    {"category-bank", "screenBank"}, {"reports", "screenReports"}};
         const auto& [icon, name] = looks[static_cast<std::size_t>(screen)];
         SidebarItem* item = addItem(icon, title(screen), name, false);
-        item->setToolTip(tr("Ctrl+%1").arg(static_cast<int>(screen) + 1));
+        item->keys = tr("Ctrl+%1").arg(static_cast<int>(screen) + 1);
         connect(item, &QAbstractButton::clicked, this, [this, screen] {
             emit screenChosen(screen);
             if (screen == Screen::expenses) emit listChosen(ExpenseList::all);
@@ -185,10 +207,10 @@ Sidebar::Sidebar(AppModel& model, QWidget* parent) : QWidget(parent), model_(mod
     ownBooks_->hide();
     connect(ownBooks_, &QPushButton::clicked, this, &Sidebar::ownBooksChosen);
 
-    auto* settings = new SidebarItem(QStringLiteral("gear"), tr("Settings"), false, this);
-    settings->setObjectName(QStringLiteral("settings"));
-    connect(settings, &QAbstractButton::clicked, this, &Sidebar::settingsChosen);
-    layout->addWidget(settings);
+    settings_ = new SidebarItem(QStringLiteral("gear"), tr("Settings"), false, this);
+    settings_->setObjectName(QStringLiteral("settings"));
+    connect(settings_, &QAbstractButton::clicked, this, &Sidebar::settingsChosen);
+    layout->addWidget(settings_);
 
     saving_ = new QPushButton(this);
     saving_->setObjectName(QStringLiteral("saveState"));
@@ -262,6 +284,21 @@ void Sidebar::setSample(bool sample) {
     place_->setText(sample ? tr("Sample books") : toQt(model_.folder().filename()));
 }
 
+void Sidebar::setNarrow(bool narrow) {
+    if (narrow == narrow_) return;
+    narrow_ = narrow;
+    setFixedWidth(narrow ? narrowWidth : wideWidth);
+    head_->setContentsMargins(narrow ? (narrowWidth - 34) / 2 : 16, 0, narrow ? 0 : 12, 16);
+    name_->setHidden(narrow);
+    place_->setHidden(narrow);
+    ownBooks_->setText(narrow ? QString() : ownBooks_->accessibleName());
+    ownBooks_->setToolTip(narrow ? ownBooks_->accessibleName() : QString());
+    ownBooks_->setIcon(narrow ? Icons::icon(QStringLiteral("chevron-left"), &Colors::text) : QIcon());
+    for (QPushButton* button : {ownBooks_, saving_})
+        button->setStyleSheet(narrow ? QStringLiteral("padding: 0; text-align: center") : QString());
+    refresh();
+}
+
 void Sidebar::recount() {
     const Library& library = model_.library();
     background_.cancel();
@@ -298,6 +335,9 @@ void Sidebar::refresh() {
     badge(Screen::expenses, waits_.expenses.incomplete, tr("%1 without a category or an exchange rate"));
     badge(Screen::invoices, waits_.invoices, tr("%1 overdue"));
     badge(Screen::bank, waits_.bank, tr("%1 to match"));
+    for (const auto* items : {&screens_, &lists_})
+        for (SidebarItem* item : *items) item->refreshTip(narrow_);
+    settings_->refreshTip(narrow_);
     refreshSaving();
     update();
 }
@@ -309,9 +349,11 @@ void Sidebar::refreshSaving() {
     const QString text = failed                                ? tr("Couldn’t save")
                          : saving == AppModel::Saving::pending ? tr("Saving…")
                                                                : tr("Saved");
-    saving_->setText(QLatin1Char(' ') + text);
+    saving_->setText(narrow_ ? QString() : QLatin1Char(' ') + text);
     saving_->setAccessibleName(text);
-    saving_->setToolTip(failed ? model_.saveProblem() + QStringLiteral("\n") + tr("Click to try again.") : QString());
+    saving_->setToolTip(failed    ? model_.saveProblem() + QStringLiteral("\n") + tr("Click to try again.")
+                        : narrow_ ? text
+                                  : QString());
     saving_->setIcon(failed                                ? Icons::icon(QStringLiteral("alert"), &Colors::danger)
                      : saving == AppModel::Saving::pending ? Icons::icon(QStringLiteral("saving"), &Colors::muted)
                                                            : Icons::icon(QStringLiteral("check"), &Colors::success));

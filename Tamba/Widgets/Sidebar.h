@@ -8,6 +8,7 @@
 
 #include <vector>
 
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
@@ -33,6 +34,8 @@ public:
     void setList(ExpenseList list);
     /// The sample books are shown instead of the person's own.
     void setSample(bool sample);
+    /// Glyphs alone, where the room is needed for what they lead to; the words are in the tips.
+    void setNarrow(bool narrow);
 
 signals:
     void screenChosen(tamba::Screen screen);
@@ -52,6 +55,8 @@ private:
     void refreshSaving();
 
     AppModel& model_;
+    bool narrow_ = false;
+    QHBoxLayout* head_;
     QLabel* name_;
     QLabel* place_;
     QVBoxLayout* items_;
@@ -61,6 +66,7 @@ private:
     ExpenseList list_ = ExpenseList::all;
     Waiting waits_;
     QPushButton* ownBooks_;
+    SidebarItem* settings_;
     QPushButton* saving_;
     Background background_;  // counts large books
 };

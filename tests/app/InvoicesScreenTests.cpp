@@ -1,5 +1,7 @@
 #include "Tamba/Rows/DocumentRows.h"
 #include "Tamba/Screens/InvoicesScreen.h"
+#include "Tamba/Widgets/ListParts.h"
+#include "Tamba/Widgets/RowDelegate.h"
 #include "TambaCore/Documents/Books.h"
 #include "TambaCore/Documents/DocMath.h"
 #include "tests/app/Support.h"
@@ -314,6 +316,28 @@ private slots:
         QTest::keyClick(&control<QTableView>(open.screen, "documents"), Qt::Key_Delete);
         QVERIFY(open.model.library() == before);
         QCOMPARE(noticed.size(), 1);
+    }
+
+    void theSmallestWindowHasRoomForNamesAndCopiesWholeRows() {
+        OpenWindow open(Fixtures::library(testDay));
+        const std::pair<Screen, const char*> lists[] = {
+            {Screen::expenses, "expenses"}, {Screen::bank, "bankLines"}, {Screen::invoices, "documents"}};
+        for (const auto& [screen, name] : lists) {
+            open.window.resize(1440, 880);
+            open.window.showScreen(screen);
+            auto& table = control<QTableView>(open.window, name);
+            table.selectRow(2);
+            const QString wide = ListParts::selectedText(table);
+            open.window.resize(open.window.minimumSize());
+            QTRY_VERIFY2(table.columnWidth(1) >= 190 && table.columnWidth(1) < 300, name);
+            QCOMPARE(ListParts::selectedText(table), wide);
+        }
+        const auto& documents = control<QTableView>(open.window, "documents");
+        QVERIFY(documents.isColumnHidden(0));
+        const QModelIndex client = documents.model()->index(2, 1);
+        QCOMPARE(client.data(RowDelegate::Folded).toString(), client.siblingAtColumn(0).data().toString() +
+                                                                  QStringLiteral(" · ") +
+                                                                  client.data(RowDelegate::Second).toString());
     }
 
     void aDraftIsDeletedWithAWayBack() {
