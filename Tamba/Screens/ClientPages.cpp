@@ -19,8 +19,11 @@ ClientPages::ClientPages(ClientsScreen& clients, ProjectsScreen& projects, QWidg
     for (QHBoxLayout* head : {&clients_.head(), &projects_.head()}) {
         auto* tabs = new QTabBar(widget(own));
         Controls::name(*tabs, own == 0 ? "clientTabs" : "projectTabs", tr("Clients or projects"));
+        tabs->ensurePolished();  // else the tabs are measured with another font than they are drawn with
         tabs->setDrawBase(false);
         tabs->setExpanding(false);
+        tabs->setElideMode(Qt::ElideNone);
+        tabs->setUsesScrollButtons(false);
         tabs->addTab(tr("Clients"));
         tabs->addTab(tr("Projects"));
         tabs->setCurrentIndex(own);

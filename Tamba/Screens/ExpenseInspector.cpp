@@ -179,6 +179,10 @@ QWidget* ExpenseInspector::makeFields() {
     notes_->setTabChangesFocus(true);
     notes_->setFixedHeight(64);
     row(tr("Notes"), notes_);
+    // Beside the first line, not the middle.
+    auto& notesTitle = *qobject_cast<QLabel*>(form_->labelForField(notes_));
+    notesTitle.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    notesTitle.setContentsMargins(0, 7, 0, 0);
     for (QLineEdit* field : {amount_, tax_, rate_, distance_}) field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     above_->addLayout(form_);
 
@@ -225,6 +229,9 @@ QWidget* ExpenseInspector::makeSeveral() {
     layout->addWidget(right);
     layout->addWidget(remove);
     layout->addStretch(1);
+    for (QWidget* part :
+         {static_cast<QWidget*>(severalCategory_), static_cast<QWidget*>(right), static_cast<QWidget*>(remove)})
+        part->setMaximumWidth(fieldsWidth - 48);
     connect(right, &QPushButton::clicked, this, &ExpenseInspector::looksRight);
     connect(remove, &QPushButton::clicked, this, &ExpenseInspector::deleteChosen);
     connect(severalCategory_, &QComboBox::activated, this, [this] { emit categoryChosen(idOf(*severalCategory_)); });

@@ -381,7 +381,7 @@ void ProjectsScreen::arrange() {
     const auto& rows = rows_.rows();
     const bool noStatus =
         std::all_of(rows.begin(), rows.end(), [](const ProjectListRow& row) { return row.status.empty(); });
-    const ListParts::Width widths[] = {{Column::client, 150},
+    const ListParts::Width widths[] = {{Column::client, room >= 780 ? 204 : 150},
                                        {Column::expenses, 120},
                                        {Column::income, 120},
                                        {Column::status, noStatus ? 0 : 96},

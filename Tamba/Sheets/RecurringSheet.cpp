@@ -69,6 +69,9 @@ RecurringSheet::RecurringSheet(QWidget* parent, const Library& library)
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(4);
         auto* pause = Controls::button({}, "pauseRecurring", Controls::Kind::link, buttons);
+        // As wide as its longer word, so that what stands beside it stands below the others.
+        pause->setMinimumWidth(pause->fontMetrics().horizontalAdvance(tr("Resume")) + 16);
+        pause->setStyleSheet(QStringLiteral("text-align: left"));
         auto* stop = Controls::button({}, "stopRecurring", Controls::Kind::link, buttons);
         layout->addWidget(pause);
         layout->addWidget(stop);

@@ -43,7 +43,7 @@ SplitSheet::SplitSheet(QWidget* parent, const Library& library, const BankTransa
     outcome_->setMinimumHeight(36);
     body().addWidget(outcome_);
     main_ = addButtons(tr("Split"), tr("Cancel"));
-    setFixedWidth(700);
+    setFixedWidth(756);
     if (!rows_.empty()) rows_.front().amount->setFocus();
     refresh();
 }
@@ -55,7 +55,7 @@ QWidget* SplitSheet::makeRow(const OpenInvoice& invoice) {
     columns->setSpacing(10);
     const std::size_t index = rows_.size();
     auto* title = new QLabel(widget);
-    title->setFixedWidth(264);
+    title->setFixedWidth(320);
     title->setText(title->fontMetrics().elidedText(toQt(invoice.title), Qt::ElideRight, title->width()));
     title->setToolTip(toQt(invoice.title));
     auto* due = Controls::button(tr("%1 due").arg(toQt(invoice.due)), "takeAll", Controls::Kind::link, widget);

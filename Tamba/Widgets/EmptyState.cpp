@@ -47,9 +47,9 @@ EmptyState::EmptyState(QWidget* parent) : QWidget(parent) {
     layout->addWidget(glyph_, 0, Qt::AlignHCenter);
     layout->addSpacing(18);
     layout->addWidget(title_);
-    layout->addSpacing(6);
+    layout->addSpacing(10);
     layout->addWidget(sentence_, 0, Qt::AlignHCenter);
-    layout->addSpacing(20);
+    layout->addSpacing(24);
     layout->addWidget(action_, 0, Qt::AlignHCenter);
     layout->addSpacing(8);
     layout->addWidget(other_, 0, Qt::AlignHCenter);
@@ -78,8 +78,9 @@ void EmptyState::set(const QString& icon, const QString& title, const QString& s
 void EmptyState::fit() {
     const int room = std::clamp(width() - 48, 160, 400);
     sentence_->setFixedWidth(room);
-    // Centred in the layout, a label that wraps gets no height for its width.
-    sentence_->setMinimumHeight(std::max(0, sentence_->heightForWidth(room)));
+    // Centred in the layout, a label that wraps does not get the height for its width.
+    sentence_->setMinimumHeight(0);  // which it would else not go below
+    sentence_->setFixedHeight(std::max(0, sentence_->heightForWidth(room)));
 }
 
 void EmptyState::resizeEvent(QResizeEvent*) { fit(); }

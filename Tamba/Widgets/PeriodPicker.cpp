@@ -23,7 +23,7 @@ PeriodPicker::PeriodPicker(Day today, int fyStartMonth, QWidget* parent)
     label_->setPopupMode(QToolButton::InstantPopup);
     label_->setFocusPolicy(Qt::TabFocus);
     label_->setMinimumWidth(128);
-    label_->setMinimumHeight(32);
+    label_->setFixedHeight(30);
     layout->addWidget(earlier_);
     layout->addWidget(label_);
     layout->addWidget(later_);

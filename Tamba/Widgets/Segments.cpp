@@ -10,6 +10,7 @@ namespace tamba {
 
 Segments::Segments(const Choices& choices, QWidget* parent) : QFrame(parent) {
     setObjectName(QStringLiteral("segments"));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
     layout->setSpacing(2);

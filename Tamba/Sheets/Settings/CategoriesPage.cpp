@@ -68,12 +68,12 @@ CategoriesPage::CategoriesPage(const Library& library, QWidget* parent) : Settin
     auto* box = new QWidget(this);
     auto* columns = new QHBoxLayout(box);
     columns->setContentsMargins(0, 0, 0, 0);
-    columns->setSpacing(16);
+    columns->setSpacing(12);
     auto* left = new QVBoxLayout;
     left->setSpacing(6);
     list_ = new QListWidget(box);
     Controls::name(*list_, "categories", tr("Categories"));
-    list_->setFixedWidth(218);
+    list_->setFixedWidth(222);
     list_->setMinimumHeight(380);
     list_->setIconSize(QSize(17, 17));
     auto* add = Controls::button(tr("Add Category"), "addCategory", Controls::Kind::link, box);
@@ -124,6 +124,7 @@ void CategoriesPage::refreshList() {
         auto* entry = new QListWidgetItem(Icons::categoryIcon(category.symbol, category.colorHex),
                                           category.name.empty() ? tr("New category") : toQt(category.name), list_);
         entry->setSizeHint(QSize(0, 32));
+        entry->setToolTip(entry->text());
     }
     list_->setCurrentRow(std::min(row, list_->count() - 1));
 }
