@@ -35,7 +35,7 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
     body().addLayout(columns, 1);
 
     const Business& business = library.business;
-    add("books", tr("Business"), new BusinessPage(business, this));
+    add("books", tr("Business"), new BusinessPage(library, this));
     add("percent", tr("Tax"), new TaxPage(business, this));
     const int tax = pageCount() - 1;
     add("hash", tr("Numbering"), new NumberingPage(library, today, this));

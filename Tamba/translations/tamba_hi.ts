@@ -3632,6 +3632,10 @@
         <source>Year begins in</source>
         <translation>साल की शुरुआत</translation>
     </message>
+    <message>
+        <source>What is in the books already keeps its exchange rates: an amount in %1 will count as the same number of %2.</source>
+        <translation>बहीखाते में जो पहले से है उसकी विनिमय दरें वही रहती हैं: %1 की रक़म उतने ही %2 गिनी जाएगी।</translation>
+    </message>
 </context>
 <context>
     <name>tamba::CategoriesPage</name>

@@ -242,6 +242,20 @@ private slots:
         QVERIFY(SettingsSheet(nullptr, library, testDay).edit().library == library);
     }
 
+    void anotherHomeCurrencySaysWhatItDoesToTheBooks() {
+        for (const bool used : {false, true}) {
+            Library library = Library::make();
+            if (used) library.expenses.append(testing::spent("Chai Point", 100));
+            SettingsSheet sheet(nullptr, library, testDay);
+            auto& currency = control<QComboBox>(sheet, "homeCurrency");
+            const auto& note = control<QLabel>(sheet, "homeCurrencyNote");
+            currency.setCurrentIndex(currency.findData(QStringLiteral("AED")));
+            QCOMPARE(note.accessibleName().contains(QStringLiteral("an amount in INR")), used);
+            currency.setCurrentIndex(currency.findData(QStringLiteral("INR")));
+            QVERIFY(note.text().isEmpty());
+        }
+    }
+
     void categoriesAndSeriesAreKept() {
         Library library = Library::make();
         Expense expense = testing::spent("Chai Point", 100);

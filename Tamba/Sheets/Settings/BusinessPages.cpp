@@ -19,7 +19,8 @@ std::string trimmed(const QLineEdit& field) { return toStd(field.text().trimmed(
 
 }  // namespace
 
-BusinessPage::BusinessPage(const Business& business, QWidget* parent) : SettingsPage(parent) {
+BusinessPage::BusinessPage(const Library& library, QWidget* parent) : SettingsPage(parent) {
+    const Business& business = library.business;
     name_ = form.line(tr("Name"), "businessNameField", business.name);
     address_ = form.text(tr("Address"), "businessAddress", 3, business.address);
     country_ = form.combo(tr("Country"), "businessCountry");
@@ -34,6 +35,18 @@ BusinessPage::BusinessPage(const Business& business, QWidget* parent) : Settings
     form.section(tr("Books"));
     currency_ = form.combo(tr("Home currency"), "homeCurrency");
     fillCurrencies(*currency_, business.homeCurrency);
+    QLabel* keep = form.note();
+    keep->setObjectName(QStringLiteral("homeCurrencyNote"));
+    const bool any = !library.documents.empty() || !library.expenses.empty();
+    connect(currency_, &QComboBox::currentIndexChanged, this, [this, keep, any, home = toQt(business.homeCurrency)] {
+        const QString other = currency_->currentData().toString();
+        form.setNote(*keep,
+                     !any || other == home ? QString()
+                                           : tr("What is in the books already keeps its exchange rates: an "
+                                                "amount in %1 will count as the same number of %2.")
+                                                 .arg(home, other),
+                     "problem");
+    });
     yearStart_ = form.combo(tr("Year begins in"), "yearStart");
     for (int month = 1; month <= 12; ++month)
         yearStart_->addItem(toQt(Sentences::months(Day{2026, month, 1}.formatted("MMMM"))), month);

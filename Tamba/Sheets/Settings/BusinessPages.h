@@ -9,7 +9,7 @@ class BusinessPage : public SettingsPage {
     Q_OBJECT
 
 public:
-    BusinessPage(const Business& business, QWidget* parent);
+    BusinessPage(const Library& library, QWidget* parent);
     void store(Library& library) const override;
 
 private:
