@@ -227,8 +227,8 @@ void DocumentActions::write(const Document& document, Mail kind) {
         const bool reminder = kind == Mail::reminder;
         // Only the person knows whether it went.
         if (!prompts_.confirm(reminder ? tr("Has the reminder gone?") : tr("Has it gone?"),
-                              tr("Once the e-mail is sent, mark it here. The PDF is also in your books, as "
-                                 "Invoices/%1.")
+                              tr("Once the e-mail is sent, mark it here; that, and the steps before it, cannot be "
+                                 "undone. The PDF is also in your books, as Invoices/%1.")
                                   .arg(toQt(kept.filename())),
                               reminder ? tr("Mark as Reminded") : tr("Mark as Sent")))
             return;

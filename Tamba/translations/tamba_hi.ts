@@ -4283,10 +4283,6 @@
         <translation>क्या यह चला गया?</translation>
     </message>
     <message>
-        <source>Once the e-mail is sent, mark it here. The PDF is also in your books, as Invoices/%1.</source>
-        <translation>ई-मेल भेजने के बाद यहाँ बता दें। PDF आपके बहीखाते में भी है, Invoices/%1 के नाम से।</translation>
-    </message>
-    <message>
         <source>Mark as Reminded</source>
         <translation>याद दिला दिया</translation>
     </message>
@@ -4333,6 +4329,10 @@
     <message>
         <source>New %1</source>
         <translation>नया %1</translation>
+    </message>
+    <message>
+        <source>Once the e-mail is sent, mark it here; that, and the steps before it, cannot be undone. The PDF is also in your books, as Invoices/%1.</source>
+        <translation>ई-मेल भेजने के बाद यहाँ बता दें; यह और इससे पहले के क़दम वापस नहीं लिए जा सकते। PDF आपके बहीखाते में भी है, Invoices/%1 के नाम से।</translation>
     </message>
 </context>
 <context>
