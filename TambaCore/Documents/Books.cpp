@@ -33,7 +33,8 @@ Document following(const Library& library, Document document, const Client* clie
         const std::string place = client ? PlaceOfSupply::defaultPOS(client->taxID, client->stateCode, own) : own;
         if (!place.empty()) document.placeOfSupply = place;
     }
-    document.lut = (foreign || (client && client->sez)) && !library.business.lutReference.empty();
+    // As Settings tell it: under LUT, unless that is switched off on the invoice. Without it, IGST would be charged.
+    document.lut = library.business.regime == TaxRegime::gstIndia && (foreign || (client && client->sez));
     return withSupply(library, std::move(document));
 }
 

@@ -349,7 +349,6 @@ TEST(Books, billAnExpenseOnOneInvoiceAtATime) {
 
 TEST(Books, followTheClient) {
     Library library = aBook();
-    library.business.lutReference = "AD270426000001X";
     library.rates.append({"JPY", 565'000, day, {}});
     const struct {
         const char *country, *state, *currency;
