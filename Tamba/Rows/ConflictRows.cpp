@@ -109,17 +109,10 @@ namespace {
 
 const std::string separator = " · ";
 
-std::string identity(const auto& record) {
-    if constexpr (requires { record.id; })
-        return record.id.text();
-    else
-        return record.currency;
-}
-
 template <class T>
 const T* inList(const List<T>& list, const std::string& id) {
     for (const T& record : list)
-        if (identity(record) == id) return &record;
+        if (identityText(record) == id) return &record;
     return nullptr;
 }
 

@@ -13,20 +13,8 @@ namespace tamba {
 
 namespace {
 
-/// What tells one record of a list from the others.
-template <class T>
-const auto& identity(const T& record) {
-    if constexpr (requires { record.id; })
-        return record.id;
-    else
-        return record.currency;
-}
-
 template <class T>
 using Identity = std::remove_cvref_t<decltype(identity(std::declval<const T&>()))>;
-
-std::string text(const UUID& id) { return id.text(); }
-std::string text(const std::string& currency) { return currency; }
 
 /// Records of a list by identity; positions and pointers are valid as long as the list.
 template <class T>
@@ -148,7 +136,7 @@ struct Merger {
         const bool keepOurs = ours.state != DocState::draft;
         Document kept = keepOurs ? ours : theirs;
         const Document& other = keepOurs ? theirs : ours;
-        const std::string id = text(base.id);
+        const std::string id = base.id.text();
         member(list, id, "payments", base.payments, kept.payments, other.payments);
         const auto tell = [&](const auto& field) {
             const auto& lost = other.*field.member;
@@ -167,7 +155,7 @@ struct Merger {
             if (base && base->state == DocState::draft && issuedSince) return issued(name, *base, ours, theirs);
         }
         T merged = ours;
-        record(name, text(identity(ours)), base ? *base : T{}, merged, theirs);
+        record(name, identityText(ours), base ? *base : T{}, merged, theirs);
         return merged;
     }
 
@@ -186,7 +174,7 @@ struct Merger {
             const auto other = lookUp<T>(inTheirs, id);
             if (!other) {
                 if (!old || !same(old, mine) || isNumbered(*mine)) merged.append(mine);
-                if (old && !same(old, mine)) conflicts.push_back({name, text(id), "", fieldText(*mine), ""});
+                if (old && !same(old, mine)) conflicts.push_back({name, identityText(*mine), "", fieldText(*mine), ""});
             } else if (old && isNumbered(*old) && isNumbered(*mine) && !isNumbered(*other)) {
                 merged.append(mine);
             } else if (same(mine, other) || (old && same(old, other))) {
@@ -203,7 +191,7 @@ struct Merger {
             if (inOurs.contains(id)) continue;
             const auto old = lookUp<T>(inBase, id);
             if (old && same(old, other)) continue;  // we removed it
-            if (old) conflicts.push_back({name, text(id), "", "", fieldText(*other)});
+            if (old) conflicts.push_back({name, identityText(*other), "", "", fieldText(*other)});
             merged.append(other);
         }
         return merged;
@@ -359,7 +347,7 @@ private:
             const Document *our = found(mine, document.id), *their = found(others, document.id);
             if (!our || !their || our->isIssued() == their->isIssued()) continue;
             const Document& standing = our->isIssued() ? *our : *their;
-            merged_.conflicts.push_back({"documents", text(document.id), "state", fieldText(our->state),
+            merged_.conflicts.push_back({"documents", document.id.text(), "state", fieldText(our->state),
                                          fieldText(their->state), &standing == their});
             documents.update(i, [&standing](Document& kept) {
                 kept.state = standing.state;

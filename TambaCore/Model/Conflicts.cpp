@@ -11,17 +11,10 @@ namespace {
 template <class T>
 concept RecordList = requires(const T& list) { list.sharesAllWith(list); };
 
-std::string identity(const auto& record) {
-    if constexpr (requires { record.id; })
-        return record.id.text();
-    else
-        return record.currency;
-}
-
 template <class T>
 std::size_t place(const List<T>& list, const std::string& id) {
     std::size_t index = 0;
-    while (index < list.size() && identity(list[index]) != id) ++index;
+    while (index < list.size() && identityText(list[index]) != id) ++index;
     return index;
 }
 

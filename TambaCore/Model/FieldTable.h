@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
@@ -32,6 +33,22 @@ concept IsRecord = requires { std::tuple_size<std::remove_cvref_t<decltype(Field
 /// Records that keep the keys they do not know; `TaxSplit` alone has a closed set of keys.
 template <class T>
 concept KeepsUnknownKeys = requires(T record) { record.unknown; };
+
+/// What tells one record of a list from the others: its id, or the currency of an exchange rate.
+template <class T>
+[[nodiscard]] const auto& identity(const T& record) {
+    if constexpr (requires { record.id; })
+        return record.id;
+    else
+        return record.currency;
+}
+template <class T>
+[[nodiscard]] std::string identityText(const T& record) {
+    if constexpr (requires { record.id; })
+        return record.id.text();
+    else
+        return record.currency;
+}
 
 /// The words of an enumeration in the file, in the order of its values.
 template <class E>
