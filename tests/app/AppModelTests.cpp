@@ -219,20 +219,6 @@ private slots:
         QVERIFY(!second.problem().isEmpty());
     }
 
-    void anotherMachinesChangeIsMergedAndEndsTheHistory() {
-        OpenBooks books;
-        QVERIFY(books.rename("ours"));
-        QVERIFY(books.model.saveNow());
-        Library theirs = books.onDisk();
-        theirs.clients.append(Client::make("Their client"));
-        LibraryStore(books.path()).save(theirs);
-        QVERIFY(books.rename("ours again"));
-        QVERIFY(books.model.saveNow());
-        QCOMPARE(books.model.library().clients.size(), std::size_t(1));
-        QCOMPARE(books.onDisk().business.name, std::string("ours again"));
-        QVERIFY(books.model.undoTitle().isEmpty());
-    }
-
     void terminationIsHeardInTimeToSave() {
         OpenBooks books;
         SignalWatcher watcher;

@@ -84,22 +84,5 @@ TEST(DocumentCheck, namesPaymentsAndCreditNotesOfVoidInvoices) {
     EXPECT_EQ(kinds(books), (std::vector{Kind::voidSettled, Kind::voidSettled}));
 }
 
-TEST(DocumentCheck, oneDraftIssuedOnBothSidesWithTwoNumbersIsBothDocuments) {
-    Meeting meeting;
-    const Document draft = testing::aDraft(meeting.base, DocKind::invoice, {Line::make("Logo", 1000, 500, 1800)});
-    meeting.base = Books::addDraft(meeting.base, draft);
-    const auto issues = [&](const Library& l) { return Books::issue(l, draft.id, today); };
-    const auto issuesAfterAnother = [&](Library l) {
-        testing::issued(l, testing::aDraft(l, DocKind::invoice, {Line::make("Site", 1000, 900, 1800)}));
-        return Books::issue(l, draft.id, today);
-    };
-    const Library merged = meeting.of(issues, issuesAfterAnother).library;
-    std::vector<std::string> numbers;
-    for (const Document& document : merged.documents)
-        if (document.lines[0].name == "Logo") numbers.push_back(*document.number);
-    EXPECT_EQ(numbers, (std::vector<std::string>{"INV/26-27/002", "INV/26-27/003"}));
-    EXPECT_EQ(meeting.of(issues, issues).library.documents.size(), 2U) << "the same document";
-}
-
 }  // namespace
 }  // namespace tamba

@@ -180,7 +180,7 @@ TEST(Fixtures, holdTwoThingsToLookAtBeforeTheReturnsAreSent) {
     }
 }
 
-TEST(Fixtures, bothStatementsRunOnAndAreLinkedFromBothSides) {
+TEST(Fixtures, bothStatementsRunOnAndFitWhatTheyPay) {
     for (const Day day : someDays) {
         SCOPED_TRACE(day.iso());
         const Library& library = sample(day);
@@ -193,19 +193,10 @@ TEST(Fixtures, bothStatementsRunOnAndAreLinkedFromBothSides) {
             EXPECT_EQ(*line.balance, isFirst ? *line.balance : before->second + line.amount);
             before->second = *line.balance;
             EXPECT_GT(*line.balance, 0) << "a current account is not overdrawn";
-            if (line.paymentID) {
-                const Document* invoice = library.document(*line.invoiceID);
-                ASSERT_TRUE(invoice);
-                const auto payment = std::find_if(invoice->payments.begin(), invoice->payments.end(),
-                                                  [&](const Payment& one) { return one.id == line.paymentID; });
-                ASSERT_NE(payment, invoice->payments.end());
-                EXPECT_EQ(payment->bankTxnID, line.id);
-            }
             if (!line.expenseID) continue;
             const Expense* paid = library.expense(*line.expenseID);
             ASSERT_TRUE(paid);
             EXPECT_EQ(paid->amount, -line.amount);
-            EXPECT_EQ(paid->bankTxnID, line.id);
             EXPECT_EQ(paid->currency, Bank::currency(library, line).code);
             const auto name = Matcher::words(paid->vendor), read = Matcher::words(line.counterparty.value_or(""));
             EXPECT_TRUE(std::includes(name.begin(), name.end(), read.begin(), read.end()) && !read.empty())

@@ -1,13 +1,10 @@
 #include "TambaCore/Bank/Matching.h"
 #include "TambaCore/Bank/Rules.h"
-#include "TambaCore/Documents/Expenses.h"
 #include "TambaCore/Documents/Standing.h"
-#include "TambaCore/Model/LibraryCheck.h"
 #include "tests/support/Books.h"
 #include "tests/support/Refusal.h"
 
 #include <functional>
-#include <random>
 
 namespace tamba {
 namespace {
@@ -383,79 +380,6 @@ TEST_F(MatchingTest, makesExpensesByTheRules) {
         EXPECT_EQ(*after.expense(created->id), *created);
         EXPECT_EQ(find(after.transactions, id)->expenseID, created->id);
         EXPECT_FALSE(find(after.transactions, id)->ignored);
-    }
-}
-
-RC_GTEST_FIXTURE_PROP(MatchingTest, noSequenceLeavesALinkOfOneSide, (std::uint32_t seed)) {
-    std::mt19937 dice(seed);
-    const auto below = [&dice](std::size_t count) { return dice() % count; };
-    for (int step = 0; step < 40; ++step) {
-        const UUID txn = library.transactions[below(library.transactions.size())].id;
-        const UUID invoice = invoices[below(3)];
-        const UUID spent = library.expenses.empty() ? UUID() : library.expenses[below(library.expenses.size())].id;
-        const auto& payments = library.document(invoice)->payments;
-        const Remainder remainder = below(2) == 0 ? Remainder::due : Remainder::asTDS;
-        try {
-            switch (below(12)) {
-                case 0:
-                    library = Bank::matchToExpense(library, txn, spent);
-                    break;
-                case 1:
-                    library = Bank::matchToInvoice(library, txn, invoice, remainder);
-                    break;
-                case 2:
-                    library = Bank::splitReceipt(
-                        library, bigReceipt,
-                        {{invoices[0], 90'000, remainder}, {invoices[1], 100'000}, {invoices[2], 60'000}});
-                    break;
-                case 3:
-                    library = Bank::unmatch(library, txn);
-                    break;
-                case 4:
-                    library = Bank::createExpense(library, txn).library;
-                    break;
-                case 5:
-                    library = Expenses::remove(library, spent);
-                    break;
-                case 6:
-                    if (!payments.empty())
-                        library = Books::removePayment(library, invoice, payments[below(payments.size())].id);
-                    break;
-                case 7:
-                    if (step > 30) library = Books::voidDocument(library, invoice, "");
-                    break;
-                case 8:
-                    library = Bank::setIgnored(library, txn, below(2) == 0);
-                    break;
-                case 9:
-                    library = Bank::autoMatch(library).library;
-                    break;
-                case 10:
-                    library = Books::recordPayment(library, invoice, Payment::make(day, 8'000, 0, PaymentMethod::cash));
-                    break;
-                case 11:
-                    if (!payments.empty())
-                        library = Bank::matchToPayment(library, txn, invoice, payments[below(payments.size())].id);
-                    break;
-            }
-        } catch (const BooksError&) {
-        }
-        for (const auto& problem : LibraryCheck::check(library, LibraryStore("nowhere")).problems)
-            RC_FAIL(problem.sentence);
-        const auto rests = Bank::partlyMatched(library);
-        for (const BankTransaction& one : library.transactions) {
-            const auto rest = rests.find(one.id);
-            RC_ASSERT((rest == rests.end() ? 0 : rest->second) ==
-                      (one.isMatched() ? Bank::unassigned(library, one) : 0));
-            RC_ASSERT((!one.expenseID || library.expense(*one.expenseID)->bankTxnID == one.id));
-            RC_ASSERT(one.invoiceID.has_value() == one.paymentID.has_value());
-            RC_ASSERT((!(one.expenseID && one.invoiceID) && !(one.isMatched() && one.ignored)));
-        }
-        for (const Expense& one : library.expenses)
-            RC_ASSERT((!one.bankTxnID || at(*one.bankTxnID).expenseID == one.id));
-        for (const UUID& id : invoices)
-            for (const Payment& one : library.document(id)->payments)
-                RC_ASSERT((!one.bankTxnID || at(*one.bankTxnID).paymentID.has_value()));
     }
 }
 

@@ -1,3 +1,4 @@
+#include "TambaCore/Base/MailText.h"
 #include "TambaCore/Receipts/Receipts.h"
 #include "tests/support/Print.h"
 #include "tests/support/Refusal.h"
@@ -21,19 +22,6 @@ using ::testing::Not;
 constexpr Day today{2026, 10, 20};
 const Bill tea{{"Chai Point", ""}, {"Date: 14/10/2026", ""}, {"Grand Total", "₹473.00"}};
 
-std::string base64(std::string_view bytes) {
-    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string result;
-    for (std::size_t i = 0; i < bytes.size(); i += 3) {
-        std::uint32_t group = 0;
-        for (std::size_t k = 0; k < 3; ++k)
-            group = group << 8 | (i + k < bytes.size() ? static_cast<std::uint8_t>(bytes[i + k]) : 0U);
-        for (std::size_t k = 0; k < 4; ++k) result += i + k > bytes.size() ? '=' : digits[group >> (18 - 6 * k) & 63];
-        if (i % 54 == 51) result += "\r\n";
-    }
-    return result;
-}
-
 struct Attached {
     std::string name, mime, bytes;
 };
@@ -46,7 +34,7 @@ std::string mail(std::string_view html, const std::vector<Attached>& attachments
         std::string(html) + "\r\n";
     for (const Attached& part : attachments)
         text += "--XX\r\nContent-Type: " + part.mime + "\r\nContent-Disposition: attachment; filename=\"" + part.name +
-                "\"\r\nContent-Transfer-Encoding: base64\r\n\r\n" + base64(part.bytes) + "\r\n";
+                "\"\r\nContent-Transfer-Encoding: base64\r\n\r\n" + MailText::base64(part.bytes);
     return text + "--XX--\r\n";
 }
 

@@ -11,7 +11,6 @@
 #include "TambaCore/Reports/Reports.h"
 
 #include <map>
-#include <set>
 #include <unordered_map>
 
 namespace tamba::soak {
@@ -104,6 +103,7 @@ private:
                 if (line != lines.end() && invoice.currency == Bank::currency(library_, *line->second).code)
                     taken[line->first] += payment.amount;
             }
+        const auto rests = Bank::partlyMatched(library_);
         for (const BankTransaction& line : library_.transactions) {
             need(!(line.expenseID && line.paymentID) && !(line.ignored && line.isMatched()), line.id,
                  "A bank line is two things at once");
@@ -113,6 +113,9 @@ private:
                 paid != payments.end())
                 need(paid->second->bankTxnID == line.id, line.id, "A bank line’s payment does not name it");
             const std::int64_t rest = Bank::unassigned(library_, line);
+            const auto open = rests.find(line.id);
+            need((open == rests.end() ? 0 : open->second) == (line.isMatched() ? rest : 0), line.id,
+                 "A bank line that is matched in part");
             need(rest >= 0 && rest <= std::max<std::int64_t>(line.amount, 0), line.id, "What is left of a bank line");
             if (taken[line.id] > std::max<std::int64_t>(line.amount, 0))
                 fault(line.id, "A bank line pays more than it is", true);
@@ -174,6 +177,13 @@ std::vector<Fault> reportFaults(const Library& library, Day today) {
     }
     same(owed + overpaid, reports.outstanding(), "The ages do not come to what is owed");
     return faults;
+}
+
+std::set<UUID> payments(const Library& library) {
+    std::set<UUID> ids;
+    for (const Document& document : library.documents)
+        for (const Payment& payment : document.payments) ids.insert(payment.id);
+    return ids;
 }
 
 std::vector<LostPaper> lostPaper(const Library& before, const Library& after) {

@@ -3,6 +3,7 @@
 #include "TambaCore/Model/LibraryStore.h"
 #include "TambaCore/Model/Models.h"
 
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,6 +24,9 @@ struct Fault {
 
 /// Parts of a report come to its whole. Slower: for now and then.
 [[nodiscard]] std::vector<Fault> reportFaults(const Library& library, Day today);
+
+/// The payments on all documents.
+[[nodiscard]] std::set<UUID> payments(const Library& library);
 
 struct LostPaper {
     UUID id;

@@ -228,7 +228,9 @@ private:
     void meet() {
         doing_ = "Another machine’s change";
         if (!Files::exists(store().fileURL())) return;
-        Library theirs = elsewhere_ && somebody_.oneIn(4) ? *elsewhere_ : LibraryStore::read(store().fileURL());
+        const Library known = LibraryStore::read(store().fileURL());
+        Library theirs = elsewhere_ && somebody_.oneIn(4) ? *elsewhere_ : known;
+        const Library begun = theirs;
         for (auto steps = 1 + somebody_.upTo(5); steps > 0; --steps) {
             const Somebody::Step& chosen = somebodyElse_.nextStep(false);
             try {
@@ -248,6 +250,12 @@ private:
         tolerate();  // a file that the other machine removed is gone before its books are looked at
         if (LibraryStore::read(store().fileURL()) != model_.library()) return;  // not looked at yet
         lookForLostPaper(theirs);
+        const std::set<UUID> kept = payments(model_.library());
+        for (const auto& [then, since] : {std::pair(&known, &before), {&begun, &theirs}}) {
+            const std::set<UUID> old = payments(*then);
+            for (const UUID& id : payments(*since))
+                if (!old.contains(id) && !kept.contains(id)) fault("A payment is lost: " + id.text());
+        }
     }
 
     /// Where another machine's changes came in a new history begins, and what two machines can leave is put up with.
