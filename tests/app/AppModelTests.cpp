@@ -15,18 +15,6 @@ class AppModelTests : public QObject {
     Q_OBJECT
 
 private slots:
-    void aStepIsTakenBackAndForwardByName() {
-        OpenBooks books;
-        const Library before = books.model.library();
-        QVERIFY(books.rename("Rangoli Studio"));
-        QCOMPARE(books.model.undoTitle(), QStringLiteral("Rename"));
-        books.model.undo();
-        QVERIFY(books.model.library() == before);
-        QVERIFY(books.model.undoTitle().isEmpty());
-        books.model.redo();
-        QCOMPARE(books.model.library().business.name, std::string("Rangoli Studio"));
-    }
-
     void aHundredStepsAreKept() {
         OpenBooks books;
         for (int i = 1; i <= 130; ++i) QVERIFY(books.rename(std::to_string(i)));
@@ -37,32 +25,6 @@ private slots:
         }
         QCOMPARE(steps, 100);
         QCOMPARE(books.model.library().business.name, std::string("30"));
-    }
-
-    void anActionThatMovesFilesBeginsANewHistory() {
-        OpenBooks books;
-        QVERIFY(books.rename("one"));
-        books.model.perform(
-            QStringLiteral("Remove Receipt"),
-            [](Library library, Day) {
-                library.business.name = "two";
-                return library;
-            },
-            AppModel::Undo::beginsNewHistory);
-        QVERIFY(books.model.undoTitle().isEmpty());
-        QCOMPARE(books.model.library().business.name, std::string("two"));
-    }
-
-    void aRefusalLeavesTheBooksAndSaysItsSentence() {
-        OpenBooks books;
-        const Library before = books.model.library();
-        QSignalSpy refused(&books.model, &AppModel::refused);
-        QVERIFY(!books.model.perform(
-            QStringLiteral("Fail"), [](Library, Day) -> Library { throw StoreError(StoreError::Code::notAFile, ""); }));
-        QCOMPARE(refused.count(), 1);
-        QCOMPARE(refused.front().front().toString(), QStringLiteral("That file couldn’t be added."));
-        QVERIFY(books.model.library() == before);
-        QVERIFY(!books.model.saveTimerRuns());
     }
 
     void aBurstOfChangesIsWrittenOnceAfterTheLast() {

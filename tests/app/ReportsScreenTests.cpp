@@ -142,15 +142,6 @@ private slots:
         QVERIFY(view.copiedText().find("27ABBFM4410Q1Z2") != std::string::npos);
     }
 
-    void onTheCashBasisAPaymentCountsInItsMonth() {
-        Open open;
-        open.screen.findChild<QPushButton*>(QStringLiteral("basisCash"))->click();
-        QCOMPARE(open.cell(october, 1), QStringLiteral("₹0.00"));
-        open.click(november, 1);
-        QCOMPARE(open.cell(november, 1), QStringLiteral("₹50,000.00"));
-        QCOMPARE(open.text("recordsSum"), QStringLiteral("₹50,000.00"));
-    }
-
     void keysReachFiguresBarsAndRecords() {
         Open open;
         QSignalSpy documents(&open.screen, &ReportsScreen::documentChosen);

@@ -1,5 +1,7 @@
 #include "TambaCore/Bank/Bank.h"
 #include "TambaCore/Bank/BankImport.h"
+#include "TambaCore/Model/Fields.h"
+#include "tests/support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -50,93 +52,27 @@ TEST(Bank, addsWhatTheBooksDoNotHoldSortedByDate) {
 }
 
 TEST(BankImport, readsDates) {
-    using enum DateOrder;
-    const struct {
-        const char* text;
-        DateOrder order;
-        const char* day;
-    } cases[] = {
-        {"2026-04-01", dmy, "2026-04-01"},
-        {"2026-04-01T10:00:00Z", mdy, "2026-04-01"},
-        {"03/04/2025", dmy, "2025-04-03"},
-        {"03/04/2025", mdy, "2025-03-04"},
-        {"03/04/25 19:40", dmy, "2025-04-03"},
-        {"26/10/14", ymd, "2026-10-14"},
-        {"01-08-26", dmy, "2026-08-01"},  // as year-month-day it would be the year 1
-        {"1 Apr 2026", mdy, "2026-04-01"},
-        {"01-APR-26", dmy, "2026-04-01"},
-        {"1st August 2026", dmy, "2026-08-01"},
-        {"Aug 29, 2026", dmy, "2026-08-29"},
-        {"Sept 3, 2026", dmy, "2026-09-03"},
-        {"SAT 01/08/2026 (value 02/08/2026)", dmy, "2026-08-01"},
-        {"2026/04/01", mdy, "2026-04-01"},
-        {"31/02/2026", dmy, ""},
-        {"13/13/2026", mdy, ""},
-        {"2026-02-30", dmy, ""},
-        {"41/02/20267", dmy, ""},
-        {"", dmy, ""},
-        {"tomorrow", dmy, ""},
-    };
-    for (const auto& one : cases) {
-        const auto day = BankImport::parseDate(one.text, one.order);
-        EXPECT_EQ(day ? day->iso() : "", one.day) << one.text;
+    for (const auto& row : testing::casesOf("banks/dates.tsv")) {
+        const auto day = BankImport::parseDate(row.at(0), *fromWord<DateOrder>(row.at(1)));
+        EXPECT_EQ(day ? day->iso() : "none", row.at(2)) << row[0];
+    }
+}
+
+TEST(BankImport, namesTheOtherSideAsAPersonReadsIt) {
+    for (const auto& row : testing::casesOf("banks/payees.tsv")) {
+        const std::string payee = BankImport::cleanVendor(row.at(0));
+        EXPECT_EQ(payee.empty() ? "none" : payee, row.at(1)) << row[0];
     }
 }
 
 TEST(BankImport, readsAnAmountOnlyWhenTheWholeCellIsOne) {
-    struct Case {
-        const char* cell;
-        std::optional<std::int64_t> minor;
-    };
-    const Case cases[] = {
-        {"1,23,456.78", 12345678},
-        {"-500", -50000},
-        {"\u2212500", -50000},
-        {"(1,234.50)", -123450},
-        {"500 DR", -50000},
-        {"500.00Dr.", -50000},
-        {"(500) DR", -50000},
-        {"1,500.00(Cr)", 150000},
-        {"20 C", 2000},
-        {"Rs.1,855.26", 185526},
-        {"Rs. 500", 50000},
-        {"-£10.99", -1099},
-        {"£-10.99", -1099},
-        {"₹ 2,000", 200000},
-        {"2000 INR", 200000},
-        {"1'234.50", 123450},
-        {"1 234,56", 123456},
-        {"1.234,50", 123450},
-        {"12,5", 1250},
-        {"500-", -50000},
-        {"+1,000", 100000},
-        {".5", 50},
-        {"5.", 500},
-        {"0.125", 13},
-        {"10000000000000.00", 1'000'000'000'000'000},
-        {"10000000000000.01", std::nullopt},
-        {"123456789012345678901234567890", std::nullopt},
-        {"1,2,3", std::nullopt},
-        {"1,2345.00", std::nullopt},
-        {"1.2.3", std::nullopt},
-        {"500 600", std::nullopt},
-        {"UPI/412345678901", std::nullopt},
-        {"500 paid", std::nullopt},
-        {"--5", std::nullopt},
-        {"12:30", std::nullopt},
-        {"5%", std::nullopt},
-        {"1.234", std::nullopt},  // 1234 or 1.23
-        {"٥٠٠", std::nullopt},
-        {"-", std::nullopt},
-        {"", std::nullopt},
-    };
-    for (const Case& one : cases) {
+    for (const auto& row : testing::casesOf("banks/amounts.tsv")) {
         // A second line, so that the table has one; it says nothing about decimal marks.
-        const std::string text = "Date;Text;Amount\n1/4/2026;a;-1\n1/4/2026;b;" + std::string(one.cell) + "\n";
+        const std::string text = "Date;Text;Amount\n1/4/2026;a;-1\n1/4/2026;b;" + row.at(0) + "\n";
         const auto parsed = BankImport::csv(text, DateOrder::dmy, Currency::inr());
         std::optional<std::int64_t> minor;
         if (parsed.transactions.size() == 2) minor = parsed.transactions[1].amount;
-        EXPECT_EQ(minor, one.minor) << one.cell;
+        EXPECT_EQ(minor, testing::numberOf(row.at(1))) << row[0];
     }
 }
 

@@ -112,14 +112,5 @@ TEST(Deadlines, tellWhatIsInThem) {
     EXPECT_EQ(holds(library, {2026, 12, 5}, Kind::cmp08), "₹90,577.77 turnover · ₹5,434.66 to pay so far");
 }
 
-TEST(Deadlines, countWhatWouldBeRefused) {
-    Library library = aBook();
-    add(library, DocKind::invoice, {2026, 11, 3}, 10'000'000);
-    const auto problems = [&] { return upcoming(library, {2026, 12, 1}, 12).front().problems; };
-    EXPECT_EQ(problems(), 0U);
-    library.documents.update(0, [](Document& document) { document.number = "A number of far too many characters"; });
-    EXPECT_EQ(problems(), 1U);
-}
-
 }  // namespace
 }  // namespace tamba

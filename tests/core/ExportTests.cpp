@@ -1,6 +1,5 @@
 #include "TambaCore/Base/CSV.h"
 #include "TambaCore/Base/Files.h"
-#include "TambaCore/Base/SHA256.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Reports/BundleNames.h"
 #include "TambaCore/Reports/Export.h"
@@ -387,10 +386,6 @@ TEST(Export, spreadsheetsReadWhatIsWritten) {
         ASSERT_EQ(read->size(), expected.size());
         for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(read->at(i)[0], expected[i][0]) << name;
     }
-}
-
-TEST(SHA256, isTheOneOfTheStandard) {
-    EXPECT_EQ(sha256("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
 }
 
 }  // namespace

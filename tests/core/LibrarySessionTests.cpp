@@ -216,25 +216,5 @@ TEST(LibrarySession, locksAFolderThatIsYetToBeMadeUnderOneName) {
     EXPECT_THROW(LibrarySession(std::filesystem::relative(folder / "books"), writing), LockedError);
 }
 
-TEST(LibrarySession, restoresABackupOverDamagedBooksAndKeepsThem) {
-    const TemporaryFolder folder;
-    const LibraryStore store(folder.path());
-    store.save(aLibrary());
-    const Library good = *store.load();
-    write(store.fileURL(), "damaged");
-    EXPECT_THROW(LibrarySession(folder.path(), writing), StoreError);
-    const auto backups = LibrarySession::backups(folder.path());
-    ASSERT_EQ(backups.size(), 1u);
-    EXPECT_EQ(LibrarySession::restore(folder.path(), backups[0].name), good);
-    EXPECT_EQ(store.load(), good);
-    const auto names = Files::names(store.backupsFolder());
-    ASSERT_EQ(names.size(), 2u);
-    EXPECT_TRUE(names[0].starts_with("replaced-"));
-    EXPECT_EQ(contents(store.backupsFolder() / names[0]), "damaged");
-    for (const char* name : {"../tamba.json", "absent.json", ""})
-        EXPECT_THROW(LibrarySession::restore(folder.path(), name), StoreError) << name;
-    EXPECT_EQ(store.load(), good);
-}
-
 }  // namespace
 }  // namespace tamba

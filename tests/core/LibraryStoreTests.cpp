@@ -62,23 +62,6 @@ TEST(LibraryStore, keepsFourteenBackupsAndStrangersFiles) {
     EXPECT_EQ(names.back(), todaysBackup());
 }
 
-TEST(LibraryStore, aDamagedFileIsReportedAndLeftAlone) {
-    const TemporaryFolder folder;
-    const LibraryStore store(folder.path());
-    write(store.fileURL(), "{\"version\": 1, \"ru");
-    try {
-        (void)store.load();
-        FAIL();
-    } catch (const StoreError& error) {
-        EXPECT_EQ(error.code(), Code::unreadable);
-        EXPECT_STREQ(error.what(),
-                     "Tamba couldn’t read its library: The file is damaged or cut off. A daily backup is in the "
-                     "Backups folder.");
-    }
-    EXPECT_EQ(contents(store.fileURL()), "{\"version\": 1, \"ru");
-    EXPECT_EQ(Files::names(folder.path()).size(), 1u);
-}
-
 TEST(LibraryStore, aFolderThatCannotBeWrittenIsAFinishedSentence) {
     const TemporaryFolder folder;
     write(folder / "file", "x");

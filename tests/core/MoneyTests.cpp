@@ -1,5 +1,6 @@
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Money.h"
+#include "tests/support/Cases.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -206,49 +207,20 @@ TEST(MoneyFormat, writesAmountsInWords) {
 }
 
 TEST(MoneyFormat, readsWhatPeopleAndBanksWrite) {
-    const struct {
-        const char* text;
-        std::optional<std::int64_t> minor;
-    } cases[] = {
-        {"(1,234.50)", -123450},
-        {"1.234,50", 123450},
-        {"12,5", 1250},
-        {"12,50", 1250},
-        {"1,234", 123400},
-        {"500 DR", -50000},
-        {"500dr.", -50000},
-        {"500 Cr.", 50000},
-        {"(500) DR", -50000},
-        {"(500) CR", -50000},
-        {" -500\n", -50000},
-        {"−500", -50000},
-        {"500-", -50000},
-        {"-(500)", -50000},
-        {"12,34,567.89", 123456789},
-        {"1.234.567", 123456700},
-        {"1.234.567,89", 123456789},
-        {"1,2,34", 123400},
-        {"₹ 500", 50000},
-        {"५५ 5", 500},
-        {".5", 50},
-        {"5.", 500},
-        {"1.005", 101},
-        {"-1.005", -101},
-        {"0.00499999999999999999999999999999999999999999", 0},
-        {"0000000000000000000000000000000000000000000012", 1200},
-        {"92233720368547758.07", highest},
-        {"92233720368547758.08", {}},
-        {"99999999999999999999999999", {}},
-        {"abc", {}},
-        {"", {}},
-        {" \n", {}},
-        {"DR", {}},
-        {"()", {}},
-        {"(", {}},
-        {"-", {}},
-        {".", {}},
-    };
-    for (const auto& [text, minor] : cases) EXPECT_EQ(parse(text, Currency::inr()), minor) << text;
+    for (const auto& row : testing::casesOf("money/written.tsv")) {
+        const std::string& text = row.at(1);
+        const auto minor = testing::numberOf(row.back());
+        if (row[0] == "parse") {
+            EXPECT_EQ(parse(text, Currency::inr()), minor) << text;
+        } else if (row[0] == "sum") {
+            EXPECT_EQ(parseSum(text, Currency::inr()), minor) << text;
+        } else {
+            EXPECT_EQ(withoutCurrencyMark(text), row.at(2));
+            EXPECT_EQ(parse(row[2], Currency::inr()), minor) << text;
+        }
+    }
+    EXPECT_EQ(parse(" -500\n", Currency::inr()), -50000);
+    EXPECT_EQ(parse(" \n", Currency::inr()), std::nullopt);
     EXPECT_EQ(parse("1234.5", Currency::of("JPY")), 1235);
     EXPECT_EQ(parse("1,234.5678", Currency::of("KWD")), 1234568);
 }
@@ -273,46 +245,6 @@ TEST(MoneyFormat, readsQuantitiesAndRates) {
 }
 
 TEST(MoneyFormat, stripsTheCurrencyMarkOnly) {
-    const struct {
-        const char* text;
-        const char* figure;
-        std::int64_t minor;
-    } cases[] = {
-        {"Rs.1,855.26", "1,855.26", 185526},
-        {"Rs 1,855.26 DR", "1,855.26 DR", -185526},
-        {"RS. 1,855.26 Cr.", "1,855.26 Cr.", 185526},
-        {"(Rs.500)", "(500)", -50000},
-        {"(Rs. 500)", "(500)", -50000},
-        {"INR500", "500", 50000},
-        {"INR 500", "500", 50000},
-        {"500 INR", "500", 50000},
-        {"500 Rs. DR", "500 DR", -50000},
-        {"Rs. 500 DR.", "500 DR.", -50000},
-        {"1,200/-", "1,200", 120000},
-        {"Rs.1,200/- only", "1,200 only", 120000},
-        {"−₹20", "−20", -2000},
-        {"₹ -20", "-20", -2000},
-        {"-Rs.20", "-20", -2000},
-        {"₹1,23,456", "1,23,456", 12345600},
-        {"₹.500", "500", 50000},
-        {"₹.50", ".50", 50},
-        {"Rs.50", "50", 5000},
-        {"Rs..50", ".50", 50},
-        {"Re.1", "1", 100},
-        {"INR ₹ 20", "20", 2000},
-        {"US$ 20.00", "20.00", 2000},
-        {"1.234,50 €", "1.234,50", 123450},
-        {"KD 1", "1", 100},
-        {"R99.00", "99.00", 9900},
-        {"CHF 500.-", "500", 50000},
-        {"500-", "500-", -50000},
-        {"500.00", "500.00", 50000},
-        {"Order 12", "Order 12", 1200},
-    };
-    for (const auto& [text, figure, minor] : cases) {
-        EXPECT_EQ(withoutCurrencyMark(text), figure);
-        EXPECT_EQ(parse(withoutCurrencyMark(text), Currency::inr()), minor) << text;
-    }
     EXPECT_EQ(withoutCurrencyMark("Rs."), "");
     EXPECT_EQ(withoutCurrencyMark(""), "");
     EXPECT_EQ(withoutCurrencyMark("Bars"), "Bars");
@@ -327,60 +259,6 @@ TEST(MoneyFormat, refusesAnEntryNobodyMeans) {
 }
 
 TEST(MoneyFormat, worksOutWhatIsTypedAsASum) {
-    const struct {
-        const char* text;
-        std::optional<std::int64_t> minor;
-    } cases[] = {
-        {"3*1200", 360000},
-        {"1,180/1.18", 100000},
-        {"=2 × 1.5 + ₹10 − 4 ÷ 8", 1250},
-        {"3x1200", 360000},
-        {"3 x (2 X 1.5)", 900},
-        {"10-2-3", 500},  // from the left
-        {"100/10/4", 250},
-        {"2+3*4", 1400},
-        {"(2+3)*4", 2000},
-        {"-(2+3)*-4", 2000},
-        {"-5*3", -1500},
-        {"10/3*3", 1000},  // rounded once: 10/3 alone is 3.33
-        {"0.005+0.005", 1},
-        {"1/200", 1},  // half a paisa, away from zero
-        {"-1/200", -1},
-        {"1/201", 0},
-        {"0.1*3", 30},
-        {"1.234,50*2", 246900},
-        {"Rs.1,200/- + Rs. 300/-", 150000},
-        {"500.- + 20", 52000},
-        {"100/-5", -2000},
-        {"₹20*3", 6000},
-        {"1180/1.18/1.18/1.18/1.18/1.18/1.18/1.18", 37043},  // 370.4300 by another arithmetic
-        {"9999999999999*1", 999999999999900},
-        {"9999999999999+0.99+0.01", maximumAmount},
-        {"9999999999999+0.99+0.02", {}},
-        {"999999999999999999999999999999/999999999999999999999999999999", 100},
-        {"99999999999999999999999999999999999999999*1", {}},  // beyond 128 bits
-        {"9999999999999999999*9999999999999999999*9999999999999999999", {}},
-        {"1/0", {}},
-        {"0/(1-1)", {}},
-        {"3*", {}},
-        {"*3", {}},
-        {"3**4", {}},
-        {"3++4", {}},
-        {"(3+4", {}},
-        {"3+4)", {}},
-        {"2(3+4)", {}},
-        {"3*2 DR", {}},
-        {"3*1 200", {}},
-        {"3*twelve", {}},
-        {"1000+18%", {}},
-        {"1.2.3.*₹", {}},
-        // One figure is read as ever.
-        {"1,200/-", 120000},
-        {"500 DR", -50000},
-        {"+20", 2000},
-        {"lunch", {}},
-    };
-    for (const auto& [text, minor] : cases) EXPECT_EQ(parseSum(text, Currency::inr()), minor) << text;
     EXPECT_EQ(parseSum("10/4", Currency::of("JPY")), 3);
     EXPECT_EQ(parseSum("1/3", Currency::of("KWD")), 333);
     EXPECT_EQ(parseSum(std::string(1'000'000, '('), Currency::inr()), std::nullopt);

@@ -132,15 +132,5 @@ TEST(ReportTables, sharesStandOnlyWhereNothingCameBack) {
     EXPECT_EQ(shares(), "    ") << "of one paisa in all";
 }
 
-TEST(ReportTables, sayWhatIsLeftOut) {
-    Library library = Library::make();
-    Expense expense = Expense::make({2026, 10, 1});
-    expense.currency = "USD", expense.rateMicros = 0, expense.amount = 100;
-    library.expenses.append(expense);
-    const Table table = ReportTables::profit({library, today}, IncomeBasis::cash, year);
-    ASSERT_EQ(table.notes.size(), 2U);
-    EXPECT_EQ(table.notes[1], "1 record is left out: without an exchange rate, or with a figure that can’t be right.");
-}
-
 }  // namespace
 }  // namespace tamba

@@ -21,21 +21,6 @@ Document document(DocKind kind, DocState state, Day issued, Day due = today) {
 }
 Document invoice(Day issued, Day due = today) { return document(DocKind::invoice, DocState::issued, issued, due); }
 
-TEST(Reports, emptyBooksGiveZeros) {
-    const Reports reports{Library::make(), today};
-    const auto months = reports.months(IncomeBasis::accrual, {2026, 1});
-    ASSERT_EQ(months.size(), 12U);
-    EXPECT_EQ(months.front(), (MonthRow{{2026, 1, 1}, 0, 0, {}, {}}));
-    EXPECT_EQ(months.back().month, (Day{2026, 12, 1}));
-    EXPECT_TRUE(reports.byCategory(Period::fy(year)).empty());
-    EXPECT_EQ(reports.outstanding(), 0);
-    EXPECT_EQ(reports.aging(), (std::vector<AgingRow>{{"Not yet due", 0, 0, {}},
-                                                      {"1–30 days", 0, 0, {}},
-                                                      {"31–60 days", 0, 0, {}},
-                                                      {"61–90 days", 0, 0, {}},
-                                                      {"Over 90 days", 0, 0, {}}}));
-}
-
 TEST(Reports, agingCountsWholeDaysPastDue) {
     const struct {
         int daysLate;
