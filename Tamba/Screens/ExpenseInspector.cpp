@@ -366,21 +366,18 @@ void ExpenseInspector::setRate(const QString& text) {
     const bool good = value && isBelievable(*value);
     Controls::markProblem(*rate_, good ? QString() : tr("Enter a rate such as 83.25."));
     if (!good || *value == e->rateMicros) return;
-    model_.perform(tr("Change Exchange Rate"), [id = e->id, rate = *value](Library library, Day today) {
-        const std::size_t index = indexOf(library.expenses, id);
-        if (index == library.expenses.size()) return library;
-        library.expenses.update(index, [rate](Expense& changed) { changed.rateMicros = rate; });
-        // Kept for the next expense in that currency.
-        const std::string currency = library.expenses[index].currency;
-        if (rate == 0) return library;
-        for (std::size_t i = 0; i < library.rates.size(); ++i)
-            if (library.rates[i].currency == currency) {
-                library.rates.update(i, [&](FXRate& kept) { kept.rateMicros = rate, kept.updated = today; });
-                return library;
-            }
-        library.rates.append(FXRate{currency, rate, today, {}});
-        return library;
-    });
+    const bool done =
+        model_.perform(tr("Change Exchange Rate"), [id = e->id, rate = *value](Library library, Day today) {
+            const Expense* present = library.expense(id);
+            if (!present) return library;
+            Expense changed = *present;
+            changed.rateMicros = rate;
+            const std::string currency = changed.currency;
+            library = Expenses::replace(std::move(library), std::move(changed));
+            // For the next expense in that currency.
+            return rate == 0 ? library : Expenses::keepRate(std::move(library), currency, rate, today);
+        });
+    if (!done) refill();
 }
 
 void ExpenseInspector::convertToHome() {

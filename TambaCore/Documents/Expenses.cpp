@@ -29,6 +29,16 @@ Expense settled(Expense expense) {
     return expense;
 }
 
+/// The books can say what it is worth, or will when its exchange rate is there.
+bool hasValue(const Library& library, const Expense& expense) {
+    return isBelievable(expense) && (expense.rateMicros < 1 || inHomeCurrency(library, expense, expense.amount));
+}
+
+BooksError tooLarge() {
+    return BooksError(BooksError::Code::figures,
+                      "The exchange rate or a figure of this expense is too large to be right.");
+}
+
 }  // namespace
 
 const CategoryRule* rule(const Library& library, std::string_view text) {
@@ -63,8 +73,10 @@ Library add(Library library, Expense expense) {
 
 Library replace(Library library, Expense expense) {
     const std::size_t index = indexOf(library.expenses, expense.id);
-    if (index < library.expenses.size())
-        library.expenses.update(index, [&expense](Expense& old) { old = settled(std::move(expense)); });
+    if (index == library.expenses.size()) return library;
+    expense = settled(std::move(expense));
+    if (!hasValue(library, expense) && hasValue(library, library.expenses[index])) throw tooLarge();
+    library.expenses.update(index, [&expense](Expense& old) { old = std::move(expense); });
     return library;
 }
 
@@ -110,11 +122,7 @@ Expense withCurrency(const Library& library, Expense expense, std::string_view c
     if (from.exponent == to.exponent || !isBelievable(expense)) return expense;
     const auto asRead = [&](std::int64_t minor) { return MoneyMath::mulDiv(minor, to.scale(), from.scale()); };
     expense.amount = asRead(expense.amount);
-    const std::int64_t tax = asRead(expense.tax);
-    if (!tamba::isBelievable(expense.amount) || !tamba::isBelievable(tax))
-        throw BooksError(BooksError::Code::figures,
-                         "The amount or its tax is too large to be right in " + to.code + ".");
-    return withTax(library, std::move(expense), tax);
+    return withTax(library, std::move(expense), asRead(expense.tax));
 }
 
 std::optional<std::int64_t> mileageAmount(std::int64_t distanceMilli, std::int64_t rateMinor) {
@@ -159,9 +167,7 @@ Expense convertedToHome(const Library& library, Expense expense) {
     if (expense.rateMicros < 1) throw BooksError(BooksError::Code::missingRate, from.code);
     const auto converted = [&](std::int64_t figure) {
         const auto value = inHomeCurrency(library, expense, figure);
-        if (!value)
-            throw BooksError(BooksError::Code::figures,
-                             "The exchange rate or a figure of this expense is too large to be right.");
+        if (!value) throw tooLarge();
         return *value;
     };
     const std::string paid = from.code + " " + MoneyFormat::string(expense.amount, from, MoneyFormat::Symbol::hidden) +

@@ -21,7 +21,7 @@ namespace tamba::Expenses {
 [[nodiscard]] const Expense* latest(const Library& library, std::string_view vendor);
 
 /// Adding and replacing (the expense that has the same id) work a mileage amount out anew: distance × its own rate, no
-/// tax.
+/// tax. Replacing throws `figures` where what can be right became what cannot.
 [[nodiscard]] Library add(Library library, Expense expense);
 [[nodiscard]] Library replace(Library library, Expense expense);
 /// Also frees the bank line it was matched with and the lines of drafts that bill it. Its files are the store's.
@@ -32,7 +32,7 @@ namespace tamba::Expenses {
 /// With another tax total, divided by the vendor's and the business's states; a total of 0 clears the split.
 [[nodiscard]] Expense withTax(const Library& library, Expense expense, std::int64_t tax);
 /// With another currency and the rate kept for it; 0 where none is kept, which leaves the expense out of reports. The
-/// figures stay as people read them: 118.00 rupees become 118 yen. Throws `figures` where they have no room.
+/// figures stay as people read them: 118.00 rupees become 118 yen.
 [[nodiscard]] Expense withCurrency(const Library& library, Expense expense, std::string_view currency);
 /// Keeps the rate of a currency for what is entered from that day on; without a rate, keeps none. What is in the books
 /// stays at its own.

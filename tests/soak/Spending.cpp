@@ -97,10 +97,10 @@ Library Somebody::convertToHome(Library library, Day) {
 Library Somebody::changeExpenseRate(Library library, Day today) {
     const Expense* expense = one(library.expenses);
     if (!expense || expense->currency == library.home().code) return library;
-    const std::string currency = expense->currency;
-    const std::int64_t value = rate();
-    library.expenses.update(indexOf(library.expenses, UUID(expense->id)), [&](Expense& e) { e.rateMicros = value; });
-    return Expenses::keepRate(std::move(library), currency, value, today);
+    Expense changed = *expense;
+    changed.rateMicros = rate();
+    library = Expenses::replace(std::move(library), changed);
+    return Expenses::keepRate(std::move(library), changed.currency, changed.rateMicros, today);
 }
 
 Library Somebody::changeRepeats(Library library, Day today) {
