@@ -61,7 +61,7 @@ public:
             shown_ = after;
         });
         QObject::connect(&model_, &AppModel::conflicted, &screens_, [this](const MergeReport& report) {
-            for (const Conflict& conflict : report.conflicts) told_.insert(conflict.id);
+            for (const Conflict& conflict : report.conflicts) told_.insert(conflict.id), decided_.insert(conflict.id);
         });
         QObject::connect(&model_, &AppModel::opened, &screens_, [this] { shown_ = model_.library(); });
         beginBooks(somebody_.upTo(2));
@@ -249,7 +249,7 @@ private:
         met(before);
         tolerate();  // a file that the other machine removed is gone before its books are looked at
         if (LibraryStore::read(store().fileURL()) != model_.library()) return;  // not looked at yet
-        lookForLostPaper(theirs);
+        lookForLostPaper(theirs, decided_);
         const std::set<UUID> kept = payments(model_.library());
         for (const auto& [then, since] : {std::pair(&known, &before), {&begun, &theirs}}) {
             const std::set<UUID> old = payments(*then);
@@ -299,14 +299,14 @@ private:
             for (Fault& each : reportFaults(now, today_)) found.push_back(std::move(each));
         for (const Fault& each : found)
             if (!tolerated_.contains(each.key)) fault(each.sentence);
-        lookForLostPaper(before);
+        lookForLostPaper(before, told_);
         if (shown_ != now) fault("The screens were not told of a change.");
     }
 
     /// What was issued then is still there, or a person was asked about it.
-    void lookForLostPaper(const Library& then) {
+    void lookForLostPaper(const Library& then, const std::set<std::string>& told) {
         for (const LostPaper& lost : lostPaper(then, model_.library()))
-            if (!told_.contains(lost.id.text()) && !(lost.standsAgain && metSomebody_)) fault(lost.sentence);
+            if (!told.contains(lost.id.text()) && !(lost.standsAgain && metSomebody_)) fault(lost.sentence);
     }
 
     struct Folder {
@@ -322,7 +322,8 @@ private:
     Library shown_;
     std::optional<Library> elsewhere_;  // what the other machine wrote last
     std::vector<Library> past_, future_;
-    std::set<std::string> tolerated_, told_;  // told_: what a meeting in this step asked a person about
+    std::set<std::string> tolerated_;
+    std::set<std::string> told_, decided_;  // what meetings asked a person about, in this step and ever
     bool metSomebody_ = false;
     std::vector<std::string> faults_;
     QObject screens_;  // gone before the model saves for the last time
