@@ -52,21 +52,21 @@ TEST(Bank, addsWhatTheBooksDoNotHoldSortedByDate) {
 }
 
 TEST(BankImport, readsDates) {
-    for (const auto& row : testing::casesOf("banks/dates.tsv")) {
+    for (const auto& row : testing::casesOf(TEST_DATA "/banks/dates.tsv")) {
         const auto day = BankImport::parseDate(row.at(0), *fromWord<DateOrder>(row.at(1)));
         EXPECT_EQ(day ? day->iso() : "none", row.at(2)) << row[0];
     }
 }
 
 TEST(BankImport, namesTheOtherSideAsAPersonReadsIt) {
-    for (const auto& row : testing::casesOf("banks/payees.tsv")) {
+    for (const auto& row : testing::casesOf(TEST_DATA "/banks/payees.tsv")) {
         const std::string payee = BankImport::cleanVendor(row.at(0));
         EXPECT_EQ(payee.empty() ? "none" : payee, row.at(1)) << row[0];
     }
 }
 
 TEST(BankImport, readsAnAmountOnlyWhenTheWholeCellIsOne) {
-    for (const auto& row : testing::casesOf("banks/amounts.tsv")) {
+    for (const auto& row : testing::casesOf(TEST_DATA "/banks/amounts.tsv")) {
         // A second line, so that the table has one; it says nothing about decimal marks.
         const std::string text = "Date;Text;Amount\n1/4/2026;a;-1\n1/4/2026;b;" + row.at(0) + "\n";
         const auto parsed = BankImport::csv(text, DateOrder::dmy, Currency::inr());

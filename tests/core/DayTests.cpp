@@ -27,7 +27,7 @@ private:
 };
 
 TEST(Day, readsTheISOForm) {
-    for (const auto& row : testing::casesOf("days.tsv")) {
+    for (const auto& row : testing::casesOf(TEST_DATA "/days.tsv")) {
         const auto day = Day::iso(row.at(0));
         EXPECT_EQ(day ? std::to_string(day->y) + " " + std::to_string(day->m) + " " + std::to_string(day->d) : "none",
                   row.at(1))

@@ -207,7 +207,7 @@ TEST(MoneyFormat, writesAmountsInWords) {
 }
 
 TEST(MoneyFormat, readsWhatPeopleAndBanksWrite) {
-    for (const auto& row : testing::casesOf("money/written.tsv")) {
+    for (const auto& row : testing::casesOf(TEST_DATA "/money/written.tsv")) {
         const std::string& text = row.at(1);
         const auto minor = testing::numberOf(row.back());
         if (row[0] == "parse") {

@@ -10,10 +10,10 @@
 
 namespace tamba::testing {
 
-/// The rows of a table of cases below tests/data, cut at its tabs. Lines that begin with # say why.
-inline std::vector<std::vector<std::string>> casesOf(const std::string& name) {
+/// The rows of a file of cases, cut at its tabs. Lines that begin with # say why.
+inline std::vector<std::vector<std::string>> casesOf(const std::string& file) {
     std::vector<std::vector<std::string>> rows;
-    for (const std::string& line : Text::splitLines(Files::read(std::string(TEST_DATA "/") + name)))
+    for (const std::string& line : Text::splitLines(Files::read(file)))
         if (!line.empty() && !line.starts_with("# ")) rows.push_back(Text::split(line, '\t'));
     return rows;
 }
