@@ -13,7 +13,7 @@ names); "books: none" with none. Each transcript runs in an empty folder of its 
 zone and without any other environment. What differs from run to run is masked: ids that data/NAME.json does not hold
 (xxxxxxxx), points in time (<time>), seconds (<s>) and today's date where backups are named (yyyy-mm-dd).
 
-    run.py --cli build/dev/tamba-cli [--approve] [NAME.test …]
+    run.py --cli build/dev/tamba-cli [--approve] [--kills 20] [NAME.test …]
 """
 
 import argparse
@@ -27,6 +27,8 @@ import shutil
 import subprocess
 import sys
 import tempfile
+
+import kill
 
 HERE = pathlib.Path(__file__).resolve().parent
 INDENT = "    "
@@ -157,6 +159,7 @@ def main():
     options = argparse.ArgumentParser()
     options.add_argument("--cli", required=True, type=pathlib.Path)
     options.add_argument("--approve", action="store_true", help="write what was answered into the transcripts")
+    options.add_argument("--kills", type=int, default=20, help="rounds of the kill -9 test; 0 leaves it out")
     options.add_argument("transcripts", nargs="*", type=pathlib.Path)
     chosen = options.parse_args()
     cli = chosen.cli.resolve()
@@ -164,6 +167,8 @@ def main():
 
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         jobs = [pool.submit(run_transcript, path, cli, chosen.approve) for path in paths]
+        if chosen.kills and not chosen.transcripts:
+            jobs.append(pool.submit(kill.run, cli, chosen.kills))
         results = [job.result() for job in jobs]
     passed = sum(result[0] for result in results)
     failures = [failure for result in results for failure in result[1]]

@@ -216,5 +216,20 @@ TEST(LibrarySession, locksAFolderThatIsYetToBeMadeUnderOneName) {
     EXPECT_THROW(LibrarySession(std::filesystem::relative(folder / "books"), writing), LockedError);
 }
 
+TEST(LibrarySession, neverSavesOverBooksThatBecameUnreadable) {
+    const TemporaryFolder folder;
+    const LibraryStore store(folder.path());
+    store.save(aLibrary());
+    LibrarySession session(folder.path(), writing);
+    write(store.fileURL(), "half a fil");
+    try {
+        session.save(*session.loaded());
+        FAIL();
+    } catch (const StoreError& error) {
+        EXPECT_EQ(error.code(), StoreError::Code::unreadable);
+    }
+    EXPECT_EQ(contents(store.fileURL()), "half a fil");
+}
+
 }  // namespace
 }  // namespace tamba

@@ -38,6 +38,22 @@ TEST(Reports, agingCountsWholeDaysPastDue) {
     }
 }
 
+TEST(Reports, whatIsSettledIsOwedNoMore) {
+    Library library;
+    Document paid = invoice({2026, 1, 1}, {2026, 1, 2});
+    paid.payments = {Payment::make(today, 90'000, 10'000, PaymentMethod::bank)};
+    const Document credited = invoice({2026, 1, 1}, {2026, 1, 2});
+    Document note = document(DocKind::creditNote, DocState::issued, today);
+    note.linkedID = credited.id;
+    Document overpaid = invoice({2026, 1, 1}, {2026, 1, 2});
+    overpaid.payments = {Payment::make(today, 100'700, 0, PaymentMethod::bank)};
+    library.documents = {paid, credited, note, overpaid};
+    const Reports reports{library, today};
+    for (const AgingRow& row : reports.aging()) EXPECT_EQ(row.count, 0) << row.label;
+    EXPECT_TRUE(reports.overdue().empty());
+    EXPECT_EQ(reports.outstanding(), -700);
+}
+
 TEST(Reports, spendingGroupsByCategoryLargestFirst) {
     Library library = Library::make();
     const auto spend = [&library](std::int64_t amount, std::optional<UUID> category, std::int64_t claimed = 0) {
