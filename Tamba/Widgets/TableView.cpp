@@ -279,7 +279,7 @@ void TableView::focusInEvent(QFocusEvent* event) {
 }
 
 void TableView::measure() {
-    constexpr int padding = 28, indicator = 12;
+    constexpr int padding = 25, indicator = 2;  // the cell leaves 12 at either side
     const QFontMetrics plain(Style::textFont(13)), strong(Style::textFont(13, QFont::DemiBold)),
         title(Style::textFont(11, QFont::DemiBold)), detail(Style::textFont(11));
     asked_.clear();
@@ -341,6 +341,8 @@ void TableView::arrange() {
         measureRoom(true);
         shrinkTexts(tight);
         shrinkTexts(tightest);
+        // With a bar below anyhow, names are whole.
+        if (over < 0) measureRoom(true);
     }
     if (stacked != model_.isStacked()) {
         model_.setStacked(stacked);
