@@ -10,6 +10,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <tuple>
+#include <unordered_set>
+#include <utility>
 
 namespace tamba {
 
@@ -147,6 +149,45 @@ fs::path placeForReplaced(const LibraryStore& store) {
     return store.backupsFolder() / (name + ".json");
 }
 
+template <class Record>
+std::unordered_set<UUID> idsOf(const Record& records) {
+    std::unordered_set<UUID> ids;
+    for (const auto& record : records) ids.insert(record.id);
+    return ids;
+}
+
+/// What came back here since the last save, as by undo, was taken away by nobody else, even if an earlier version that
+/// stands for what the others had seen still has it: then it is new.
+Library withoutWhatCameBack(Library ancestor, const Library& last, const Library& ours) {
+    const auto leaveOut = [&](auto list) {
+        auto& records = ancestor.*list;
+        if (records.sharesAllWith(last.*list) || (ours.*list).sharesAllWith(last.*list)) return;
+        const auto saved = idsOf(last.*list), here = idsOf(ours.*list);
+        for (std::size_t i = records.size(); i-- > 0;)
+            if (here.contains(records[i].id) && !saved.contains(records[i].id)) records.erase(i);
+    };
+    const auto payments = [](const Library& library) {
+        std::unordered_set<UUID> ids;
+        for (const Document& document : library.documents) ids.merge(idsOf(document.payments));
+        return ids;
+    };
+    std::apply([&](auto... list) { (..., leaveOut(list)); },
+               std::tuple(&Library::clients, &Library::items, &Library::categories, &Library::projects,
+                          &Library::expenses, &Library::recurring, &Library::documents, &Library::series,
+                          &Library::accounts, &Library::transactions, &Library::rules));
+    if (ancestor.documents.sharesAllWith(last.documents)) return ancestor;
+    const auto saved = payments(last), here = payments(ours);
+    const auto cameBack = [&](const Payment& payment) {
+        return here.contains(payment.id) && !saved.contains(payment.id);
+    };
+    for (std::size_t i = 0; i < ancestor.documents.size(); ++i) {
+        const auto& paid = ancestor.documents[i].payments;
+        if (std::any_of(paid.begin(), paid.end(), cameBack))
+            ancestor.documents.update(i, [&](Document& document) { std::erase_if(document.payments, cameBack); });
+    }
+    return ancestor;
+}
+
 bool losesRecords(const Library& before, const Library& after) {
     const Changes changes = Changes::between(before, after);
     for (const ListChanges* list : {&changes.clients, &changes.items, &changes.categories, &changes.projects,
@@ -222,7 +263,9 @@ std::optional<LibrarySession::Saved> LibrarySession::takeInChange(const Library&
 }
 
 LibrarySession::Saved LibrarySession::mergeAndSave(const Library& ours, const Change& theirs) {
-    Merged merged = merge(ancestorOf(theirs.library), ours, theirs.library);
+    Library ancestor = ancestorOf(theirs.library);
+    if (base_) ancestor = withoutWhatCameBack(std::move(ancestor), *base_, ours);
+    Merged merged = merge(ancestor, ours, theirs.library);
     // What looks removed there may not have got there yet.
     if (losesRecords(ours, merged.library)) keep(ours);
     stamp_ = merged.library == theirs.library ? theirs.stamp : store_.save(merged.library);

@@ -120,6 +120,25 @@ TEST(LibrarySession, anOlderFileTakesNothingAwayThatWasSavedHere) {
     EXPECT_EQ(merged.business.email, "a@b.example");
 }
 
+TEST(LibrarySession, whatCameBackByUndoIsNotTakenAwayByAnotherMachine) {
+    TwoMachines machines;
+    auto& [folder, elsewhere, session, ours, theirs] = machines;
+    session.save(ours);
+    const UUID expense = ours.expenses.back().id;
+    ASSERT_FALSE(ours.documents[0].payments.empty());
+    Library without = ours;
+    without.expenses.erase(without.expenses.size() - 1);
+    without.documents.update(0, [](Document& document) { document.payments.clear(); });
+    session.save(without);
+    Library there = without;
+    there.business.phone = "1";
+    elsewhere.save(there);
+    const Library merged = session.save(ours).library;
+    EXPECT_EQ(merged.business.phone, "1");
+    EXPECT_TRUE(find(merged.expenses, expense));
+    EXPECT_EQ(merged.documents[0].payments, ours.documents[0].payments);
+}
+
 TEST(LibrarySession, whatAnotherMachineTakesAwayIsKeptAmongTheBackups) {
     TwoMachines machines;
     auto& [folder, elsewhere, session, ours, theirs] = machines;
