@@ -1,5 +1,6 @@
 #include "TambaCore/Model/LibrarySession.h"
 
+#include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/ModelsJSON.h"
 
 #include <fcntl.h>
@@ -149,8 +150,8 @@ fs::path placeForReplaced(const LibraryStore& store) {
     return store.backupsFolder() / (name + ".json");
 }
 
-template <class Record>
-std::unordered_set<UUID> idsOf(const Record& records) {
+template <class Records>
+std::unordered_set<UUID> idsOf(const Records& records) {
     std::unordered_set<UUID> ids;
     for (const auto& record : records) ids.insert(record.id);
     return ids;
@@ -159,22 +160,23 @@ std::unordered_set<UUID> idsOf(const Record& records) {
 /// What came back here since the last save, as by undo, was taken away by nobody else, even if an earlier version that
 /// stands for what the others had seen still has it: then it is new.
 Library withoutWhatCameBack(Library ancestor, const Library& last, const Library& ours) {
-    const auto leaveOut = [&](auto list) {
-        auto& records = ancestor.*list;
-        if (records.sharesAllWith(last.*list) || (ours.*list).sharesAllWith(last.*list)) return;
-        const auto saved = idsOf(last.*list), here = idsOf(ours.*list);
-        for (std::size_t i = records.size(); i-- > 0;)
-            if (here.contains(records[i].id) && !saved.contains(records[i].id)) records.erase(i);
+    const auto leaveOut = [&](const auto& field) {
+        auto& records = ancestor.*field.member;
+        if constexpr (requires { records.sharesAllWith(records), records[0].id; }) {
+            const auto& old = last.*field.member;
+            const auto& present = ours.*field.member;
+            if (records.sharesAllWith(old) || present.sharesAllWith(old)) return;
+            const auto saved = idsOf(old), here = idsOf(present);
+            for (std::size_t i = records.size(); i-- > 0;)
+                if (here.contains(records[i].id) && !saved.contains(records[i].id)) records.erase(i);
+        }
     };
+    std::apply([&](const auto&... field) { (..., leaveOut(field)); }, Fields<Library>);
     const auto payments = [](const Library& library) {
         std::unordered_set<UUID> ids;
         for (const Document& document : library.documents) ids.merge(idsOf(document.payments));
         return ids;
     };
-    std::apply([&](auto... list) { (..., leaveOut(list)); },
-               std::tuple(&Library::clients, &Library::items, &Library::categories, &Library::projects,
-                          &Library::expenses, &Library::recurring, &Library::documents, &Library::series,
-                          &Library::accounts, &Library::transactions, &Library::rules));
     if (ancestor.documents.sharesAllWith(last.documents)) return ancestor;
     const auto saved = payments(last), here = payments(ours);
     const auto cameBack = [&](const Payment& payment) {
