@@ -72,8 +72,8 @@ void Writer::inPieces(std::size_t records, const std::function<void(Writer&, std
         }
     };
     std::vector<std::jthread> threads;
-    for (unsigned i = 0; i < processors; ++i) threads.emplace_back(work);
     try {
+        for (unsigned i = 0; i < processors; ++i) threads.emplace_back(work);
         for (std::size_t i = 0; i < count; ++i) {
             std::unique_lock lock(mutex);
             changed.wait(lock, [&] { return finished[i % places.size()] == i + 1; });
