@@ -4,6 +4,8 @@
 #include "TambaCore/Model/JSONWriter.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <tuple>
 #include <unordered_map>
 #include <unordered_set>
@@ -81,6 +83,11 @@ std::string fieldText(const M& member) {
     return std::string(writer.text());
 }
 
+/// What a document's paper says; the rest, such as when it was mailed, is known to the books alone.
+constexpr std::array<std::string_view, 15> onPaper{"billTo",    "currency", "dueDate", "issueDate",     "lines",
+                                                   "lut",       "notes",    "number",  "placeOfSupply", "rateMicros",
+                                                   "reference", "roundOff", "seller",  "supply",        "terms"};
+
 /// Gathers the merged books and what could not be decided.
 struct Merger {
     std::vector<Conflict> conflicts;
@@ -132,15 +139,20 @@ struct Merger {
     }
 
     /// A draft that left its state on one side, or on both. Payments are the exception: none of either side is lost.
+    /// Where both issued it, two papers may be with the client: all that differs on them is told, even where the one
+    /// that lost says what the draft said.
     Document issued(const std::string& list, const Document& base, const Document& ours, const Document& theirs) {
         const bool keepOurs = ours.state != DocState::draft;
         Document kept = keepOurs ? ours : theirs;
         const Document& other = keepOurs ? theirs : ours;
         const std::string id = base.id.text();
         member(list, id, "payments", base.payments, kept.payments, other.payments);
+        const bool twoPapers = other.state != DocState::draft;
         const auto tell = [&](const auto& field) {
             const auto& lost = other.*field.member;
-            if (field.key == "payments" || lost == base.*field.member || lost == kept.*field.member) return;
+            if (field.key == "payments" || lost == kept.*field.member) return;
+            const bool isNews = lost != base.*field.member || (twoPapers && std::ranges::count(onPaper, field.key) > 0);
+            if (!isNews) return;
             conflicts.push_back({list, id, std::string(field.key), fieldText(ours.*field.member),
                                  fieldText(theirs.*field.member), !keepOurs});
         };

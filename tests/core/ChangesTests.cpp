@@ -6,6 +6,9 @@
 
 #include <rapidcheck/gtest.h>
 
+#include <set>
+#include <string>
+
 namespace tamba {
 namespace {
 
@@ -168,8 +171,15 @@ TEST(Merge, mixesNoEditsIntoWhatWasIssued) {
         EXPECT_EQ(merged.conflicts[0].field, "lines");
         EXPECT_EQ(merged.conflicts[0].keptTheirs, theirs == &issued);
     }
+    // Issued on both sides: two papers, and the day that equals the draft's own is news like the other.
     const Library later = Books::issue(edited, draft.id, {2026, 10, 20});
-    EXPECT_EQ(merge(base, issued, later).library.documents, issued.documents);
+    for (const bool firstIsOurs : {true, false}) {
+        const Merged merged = firstIsOurs ? merge(base, issued, later) : merge(base, later, issued);
+        EXPECT_EQ(merged.library.documents, (firstIsOurs ? issued : later).documents);
+        std::set<std::string> told;
+        for (const Conflict& conflict : merged.conflicts) told.insert(conflict.field);
+        EXPECT_EQ(told, (std::set<std::string>{"dueDate", "issueDate", "lines"}));
+    }
 }
 
 TEST(Merge, keepsBothDocumentsThatGotOneNumber) {
