@@ -224,17 +224,22 @@ QWidget* ExpenseInspector::makeSeveral() {
     layout->addWidget(Controls::label(tr("Category for all of them"), "field", page));
     severalCategory_ = combo(tr("Category for all of them"), "severalCategory");
     layout->addWidget(severalCategory_);
+    layout->addWidget(Controls::label(tr("Project for all of them"), "field", page));
+    severalProject_ = combo(tr("Project for all of them"), "severalProject");
+    layout->addWidget(severalProject_);
+    layout->addSpacing(4);
     auto* right = Controls::button(tr("All Look Right"), "allLookRight", Controls::Kind::plain, page);
     auto* remove = Controls::button(tr("Delete Them"), "deleteSeveral", Controls::Kind::plain, page);
     layout->addWidget(right);
     layout->addWidget(remove);
     layout->addStretch(1);
-    for (QWidget* part :
-         {static_cast<QWidget*>(severalCategory_), static_cast<QWidget*>(right), static_cast<QWidget*>(remove)})
+    for (QWidget* part : {static_cast<QWidget*>(severalCategory_), static_cast<QWidget*>(severalProject_),
+                          static_cast<QWidget*>(right), static_cast<QWidget*>(remove)})
         part->setMaximumWidth(fieldsWidth - 48);
     connect(right, &QPushButton::clicked, this, &ExpenseInspector::looksRight);
     connect(remove, &QPushButton::clicked, this, &ExpenseInspector::deleteChosen);
     connect(severalCategory_, &QComboBox::activated, this, [this] { emit categoryChosen(idOf(*severalCategory_)); });
+    connect(severalProject_, &QComboBox::activated, this, [this] { setProject(idOf(*severalProject_)); });
     return page;
 }
 
@@ -386,6 +391,13 @@ void ExpenseInspector::convertToHome() {
 }
 
 void ExpenseInspector::fillMenu(QMenu& menu) {
+    if (!model_.library().projects.empty()) {
+        QMenu* projects = menu.addMenu(tr("Project"));
+        projects->addAction(tr("No project"), this, [this] { setProject({}); });
+        for (const Project& project : model_.library().projects)
+            if (!project.archived)
+                projects->addAction(toQt(project.name), this, [this, id = project.id] { setProject(id); });
+    }
     if (!expense()) return;
     QMenu* repeats = menu.addMenu(tr("Repeats"));
     for (int i = 0; i < repeats_->count(); ++i) {
@@ -457,12 +469,24 @@ void ExpenseInspector::chooseProject() {
         });
         return;
     }
-    edit(tr("Change Project"), [id = idOf(*project_)](const Library& library, Expense e) {
-        e.projectID = id;
-        const Project* project = id ? library.project(*id) : nullptr;
-        if (project && project->clientID && !e.clientID) e.clientID = project->clientID;
-        return e;
+    setProject(idOf(*project_));
+}
+
+void ExpenseInspector::setProject(const std::optional<UUID>& project) {
+    if (filling_) return;
+    const bool done = model_.perform(tr("Change Project"), [ids = ids_, project](Library library, Day) {
+        const Project* chosen = project ? library.project(*project) : nullptr;
+        for (const UUID& id : ids) {
+            const std::size_t index = indexOf(library.expenses, id);
+            if (index == library.expenses.size() || library.expenses[index].projectID == project) continue;
+            library.expenses.update(index, [&](Expense& e) {
+                e.projectID = project;
+                if (chosen && chosen->clientID && !e.clientID) e.clientID = chosen->clientID;
+            });
+        }
+        return library;
     });
+    if (!done) refill();
 }
 
 void ExpenseInspector::looksRight() {

@@ -39,7 +39,7 @@ public:
     void focusVendor();
     /// Takes the mark "check" off everything selected.
     void looksRight();
-    /// What can be done with a single selected expense besides: let it repeat, convert it.
+    /// What can be done with the selection besides: give it a project, let a single expense repeat, convert it.
     void fillMenu(QMenu& menu);
     /// A field holds text that is not yet part of the books.
     [[nodiscard]] bool hasUnsavedText() const;
@@ -71,6 +71,8 @@ private:
     void setRepeats(int frequency);  // −1: never
     void chooseClient();
     void chooseProject();
+    /// For all that is selected; an expense without a client takes the project's.
+    void setProject(const std::optional<UUID>& project);
     void refill();
     [[nodiscard]] const Expense* expense() const;
 
@@ -114,6 +116,7 @@ private:
     QVBoxLayout* attachments_;
     QLabel* severalText_;
     QComboBox* severalCategory_;
+    QComboBox* severalProject_;
 };
 
 }  // namespace tamba

@@ -41,8 +41,14 @@ void ExpenseInspector::show(const std::vector<UUID>& ids) {
     pages_->setCurrentIndex(ids_.empty() ? 0 : 2);
     severalText_->setText(tr("%1 expenses selected").arg(ids_.size()));
     fillCategories(*severalCategory_, model_.library());
-    severalCategory_->setCurrentIndex(-1);
-    severalCategory_->setPlaceholderText(tr("Choose…"));
+    severalProject_->clear();
+    severalProject_->addItem(tr("No project"), QString());
+    for (const Project& project : model_.library().projects)
+        if (!project.archived) severalProject_->addItem(toQt(project.name), idText(project.id));
+    for (QComboBox* choice : {severalCategory_, severalProject_}) {
+        choice->setCurrentIndex(-1);
+        choice->setPlaceholderText(tr("Choose…"));
+    }
 }
 
 void ExpenseInspector::setBeside(bool beside) {

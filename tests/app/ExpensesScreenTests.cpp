@@ -194,8 +194,14 @@ private slots:
         QVERIFY(open.library() == before);
     }
 
-    void severalGetACategoryAtOnce() {
-        Open open;
+    void severalGetACategoryAndAProjectAtOnce() {
+        Library library = someBooks();
+        const Client client = Client::make("Saffron Labs"), other = Client::make("Monsoon Tea");
+        for (const Client& each : {client, other}) library.clients.append(each);
+        const Project project = Project::make("Packaging", client.id);
+        library.projects.append(project);
+        library.expenses.update(3, [&](Expense& e) { e.clientID = other.id; });
+        Open open(library);
         const Library before = open.library();
         open.screen.select({before.expenses[1].id, before.expenses[3].id});
         auto& combo = open.field<QComboBox>("severalCategory");
@@ -205,6 +211,13 @@ private slots:
             QCOMPARE(open.library().expenses[i].categoryID, std::optional(before.categories[1].id));
             QVERIFY(open.library().expenses[i].claimTax);
         }
+        auto& projects = open.field<QComboBox>("severalProject");
+        projects.setCurrentText(QStringLiteral("Packaging"));
+        emit projects.activated(projects.currentIndex());
+        for (const std::size_t i : {1, 3}) QCOMPARE(open.library().expenses[i].projectID, std::optional(project.id));
+        QCOMPARE(open.library().expenses[1].clientID, std::optional(client.id));
+        QCOMPARE(open.library().expenses[3].clientID, std::optional(other.id));
+        QVERIFY(!open.library().expenses[0].projectID);
     }
 
     void aTripIsDistanceTimesTheRateOfTheDay() {
