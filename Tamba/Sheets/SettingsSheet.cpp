@@ -69,6 +69,7 @@ SettingsSheet::SettingsSheet(QWidget* parent, const Library& library, Day today,
     setFixedWidth(860);
     setMinimumHeight(600);
     refresh();
+    before_ = edit();
 }
 
 void SettingsSheet::add(const char* icon, const QString& title, SettingsPage* page) {
@@ -107,6 +108,23 @@ void SettingsSheet::refresh() {
     }
     save_->setEnabled(good);
     folder_->setWishesEnabled(good);
+}
+
+bool SettingsSheet::isChanged() const {
+    if (!save_->isEnabled()) return true;  // by something that cannot be saved
+    const SettingsEdit now = edit();
+    return now.library != before_->library || now.logo != before_->logo || now.appearance != before_->appearance ||
+           now.lookForUpdates != before_->lookForUpdates;
+}
+
+void SettingsSheet::reject() {
+    if (!qobject_cast<QPushButton*>(sender()) && isChanged()) {
+        Sheet question(this, Icon::question, tr("Discard the changes?"),
+                       tr("What was changed in the settings is not saved yet."));
+        question.addButtons(tr("Discard"), tr("Go On Editing"));
+        if (question.exec() != Accepted) return;
+    }
+    Sheet::reject();
 }
 
 SettingsEdit SettingsSheet::edit() const {

@@ -32,12 +32,16 @@ public:
     [[nodiscard]] SettingsEdit edit() const;
     void showPage(int index);
     [[nodiscard]] int pageCount() const { return static_cast<int>(pages_.size()); }
+    /// Asks before what was typed is dropped by Escape or the window's frame; the button for it was meant.
+    void reject() override;
 
 private:
     void add(const char* icon, const QString& title, SettingsPage* page);
     void refresh();
+    [[nodiscard]] bool isChanged() const;
 
     const Library library_;
+    std::optional<SettingsEdit> before_;
     std::vector<SettingsPage*> pages_;
     InvoicesPage* invoices_;
     AppearancePage* appearance_;

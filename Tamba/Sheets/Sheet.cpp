@@ -87,7 +87,9 @@ bool Sheet::focusNextPrevChild(bool next) { return TabOrder::move(*this, next); 
 
 void Sheet::end() {
     if (keep_) keep_->click();
-    if (isVisible()) reject();
+    if (!isVisible()) return;
+    dismissed_ = true;
+    QDialog::reject();
 }
 
 void Sheet::reject() {

@@ -107,6 +107,34 @@ private slots:
         QCOMPARE(sheet.draft().body, std::string("My own words"));
     }
 
+    void escapeAsksBeforeItDropsWhatWasSet() {
+        SettingsSheet sheet(nullptr, Library::make(), testDay);
+        sheet.show();
+        QVERIFY(QTest::qWaitForWindowActive(&sheet));
+        int asked = 0;
+        const auto escape = [&](const char* answer) {
+            QTimer::singleShot(0, &sheet, [&asked, answer] {
+                for (auto* question : QApplication::activeModalWidget()->findChildren<QLabel*>())
+                    asked += question->text() == QLatin1String("Discard the changes?");
+                if (auto* button = QApplication::activeModalWidget()->findChild<QPushButton*>(QLatin1String(answer)))
+                    button->click();
+            });
+            QTest::keyClick(&sheet, Qt::Key_Escape);
+        };
+        control<QLineEdit>(sheet, "upiID").setText(QStringLiteral("kagaz@bank"));
+        escape("sheetOther");
+        QVERIFY(sheet.isVisible());
+        QCOMPARE(sheet.edit().library.business.upiID, std::string("kagaz@bank"));
+        escape("sheetMain");
+        QVERIFY(!sheet.isVisible());
+        QCOMPARE(asked, 2);
+
+        SettingsSheet unchanged(nullptr, Fixtures::library(testDay), testDay);
+        unchanged.show();
+        QTest::keyClick(&unchanged, Qt::Key_Escape);
+        QVERIFY(!unchanged.isVisible());
+    }
+
     void settingsMarkWhatIsWrongAndKeepWhatCameMeanwhile() {
         OpenWindow books;
         books.prompts.changeSettings = [&](const Library& library) {
