@@ -1,5 +1,6 @@
 #include "TambaCore/Base/Files.h"
 
+#include "TambaCore/Base/Helper.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Base/UUID.h"
 
@@ -139,7 +140,7 @@ static std::jthread handOutPages(char* begin, std::size_t size) {
     if (to < from + 8 * page) return {};
     void* pages = reinterpret_cast<void*>(from);
     (void)::madvise(pages, to - from, MADV_HUGEPAGE);
-    return std::jthread([pages, length = to - from] { (void)::madvise(pages, length, MADV_POPULATE_WRITE); });
+    return helper([pages, length = to - from] { (void)::madvise(pages, length, MADV_POPULATE_WRITE); });
 }
 
 std::string read(const Path& path) {

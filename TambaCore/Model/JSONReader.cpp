@@ -1,3 +1,4 @@
+#include "TambaCore/Base/Helper.h"
 #include "TambaCore/Base/Text.h"
 #include "TambaCore/Model/Fields.h"
 #include "TambaCore/Model/JSONLayout.h"
@@ -348,7 +349,7 @@ public:
         const auto threads = std::min<std::size_t>(std::thread::hardware_concurrency(), steps_.size());
         {
             std::vector<std::jthread> others;
-            for (std::size_t i = 1; i < threads; ++i) others.emplace_back([this] { work(); });
+            for (std::size_t i = 1; i < threads; ++i) others.push_back(helper([this] { work(); }));
             work();
         }
         if (failed_) return false;

@@ -1,5 +1,6 @@
 #include "TambaCore/Model/JSONWriter.h"
 
+#include "TambaCore/Base/Helper.h"
 #include "TambaCore/Base/Text.h"
 
 #include <simdjson.h>
@@ -52,6 +53,15 @@ void Writer::inPieces(std::size_t records, const std::function<void(Writer&, std
     std::size_t taken = 0, handedOver = 0;
     std::mutex mutex;
     std::condition_variable changed;
+    const auto layOut = [&](std::size_t i) {
+        Writer& piece = places[i % places.size()];
+        piece.restart();
+        piece.depth_ = depth_;
+        piece.first_ = i == 0;
+        const std::size_t end = std::min((i + 1) * recordsOfPiece, records);
+        for (std::size_t record = i * recordsOfPiece; record < end; ++record) write(piece, record);
+        piece.repair();
+    };
     const auto work = [&] {
         std::unique_lock lock(mutex);
         while (true) {
@@ -59,13 +69,7 @@ void Writer::inPieces(std::size_t records, const std::function<void(Writer&, std
             if (taken == count) return;
             const std::size_t i = taken++;
             lock.unlock();
-            Writer& piece = places[i % places.size()];
-            piece.restart();
-            piece.depth_ = depth_;
-            piece.first_ = i == 0;
-            const std::size_t end = std::min((i + 1) * recordsOfPiece, records);
-            for (std::size_t record = i * recordsOfPiece; record < end; ++record) write(piece, record);
-            piece.repair();
+            layOut(i);
             lock.lock();
             finished[i % places.size()] = i + 1;
             changed.notify_all();
@@ -73,8 +77,10 @@ void Writer::inPieces(std::size_t records, const std::function<void(Writer&, std
     };
     std::vector<std::jthread> threads;
     try {
-        for (unsigned i = 0; i < processors; ++i) threads.emplace_back(work);
+        for (unsigned i = 0; i < processors; ++i)
+            if (std::jthread thread = helper(work); thread.joinable()) threads.push_back(std::move(thread));
         for (std::size_t i = 0; i < count; ++i) {
+            if (threads.empty()) layOut(i), finished[i % places.size()] = i + 1;
             std::unique_lock lock(mutex);
             changed.wait(lock, [&] { return finished[i % places.size()] == i + 1; });
             lock.unlock();
