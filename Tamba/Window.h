@@ -27,6 +27,7 @@ class DropOverlay;
 class EmptyState;
 class ExpensesScreen;
 class FolderActions;
+class GuideWindow;
 class InvoicesScreen;
 class OverviewScreen;
 class ProjectsScreen;
@@ -108,6 +109,8 @@ private:
     void makeClientMenu();
     // WindowHelp.cpp
     void makeHelpMenu();
+    /// At the page about what is on the screen.
+    void showGuide();
     void recordDemonstration();
     /// Fills a menu with what can be done with a screen's selection, or says what is missing.
     void fillSelectionMenu(QMenu& menu, Screen screen, bool selected, const QString& otherwise,
@@ -176,6 +179,7 @@ private:
     Toast* toast_;
     DropOverlay* overlay_;
     SearchPalette* search_ = nullptr;
+    GuideWindow* guide_ = nullptr;
     QAction* new_ = nullptr;
     QAction* print_ = nullptr;
     QAction* find_ = nullptr;

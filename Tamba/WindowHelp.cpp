@@ -1,5 +1,7 @@
 #include "CorvexKit/LiveRecorder.h"
+#include "Tamba/GuideWindow.h"
 #include "Tamba/QtText.h"
+#include "Tamba/Sheets/AboutSheet.h"
 #include "Tamba/Translations.h"
 #include "Tamba/Widgets/Overlays.h"
 #include "Tamba/Widgets/RecorderBar.h"
@@ -9,12 +11,31 @@
 #include <QMenuBar>
 #include <QUrl>
 
+#include <array>
+
 namespace tamba {
 
 void Window::makeHelpMenu() {
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->setObjectName(QStringLiteral("helpMenu"));
+    QAction* guide = help->addAction(tr("&Guide"), this, &Window::showGuide);
+    guide->setShortcut(QKeySequence::HelpContents);
+    help->addSeparator();
     record_ = help->addAction(tr("&Record a Demonstration…"), this, &Window::recordDemonstration);
+    help->addSeparator();
+    help->addAction(tr("&About Tamba"), this, [this] {
+        auto* about = new AboutSheet(this, model_.folder());
+        about->setAttribute(Qt::WA_DeleteOnClose);
+        about->open();
+    });
+}
+
+void Window::showGuide() {
+    static constexpr std::array<const char*, std::size(allScreens)> about{"README.md",  "bill.md", "invoice.md",
+                                                                          "invoice.md", "bank.md", "gst.md"};
+    if (!guide_) guide_ = new GuideWindow(this);
+    const bool begins = welcome_ && model_.isNew();
+    guide_->open(QLatin1String(begins ? "first-day.md" : about[static_cast<std::size_t>(screen_)]));
 }
 
 void Window::recordDemonstration() {

@@ -3208,6 +3208,25 @@
     </message>
 </context>
 <context>
+    <name>tamba::AboutSheet</name>
+    <message>
+        <source>Bookkeeping for freelancers and small studios.</source>
+        <translation>फ़्रीलांसरों और छोटे स्टूडियो के लिए बहीखाता।</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later. It comes without any warranty.</source>
+        <translation>GNU General Public License, संस्करण 3 या उसके बाद के अधीन मुक्त सॉफ़्टवेयर। इसके साथ कोई वारंटी नहीं है।</translation>
+    </message>
+    <message>
+        <source>Your books are in %1</source>
+        <translation>आपका बहीखाता %1 में है</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>बंद करें</translation>
+    </message>
+</context>
+<context>
     <name>tamba::AccentField</name>
     <message>
         <source>Colour</source>
@@ -4861,6 +4880,10 @@
         <source>Remove Receipt</source>
         <translation>रसीद हटाएँ</translation>
     </message>
+    <message>
+        <source>Project for all of them</source>
+        <translation>इन सबका प्रोजेक्ट</translation>
+    </message>
 </context>
 <context>
     <name>tamba::ExpensesPage</name>
@@ -5092,6 +5115,21 @@
     <message>
         <source>One is kept of each of the last fourteen days of work, as the day began and as it was first saved.</source>
         <translation>पिछले चौदह कार्य-दिवसों में हर दिन का एक बैकअप रहता है: जैसा दिन की शुरुआत में था और जैसा पहली बार सहेजा गया।</translation>
+    </message>
+</context>
+<context>
+    <name>tamba::GuideWindow</name>
+    <message>
+        <source>Guide</source>
+        <translation>मार्गदर्शिका</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>पन्ने</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>विषय-सूची</translation>
     </message>
 </context>
 <context>
@@ -6762,6 +6800,22 @@
         <source>Updates</source>
         <translation>अपडेट</translation>
     </message>
+    <message>
+        <source>Discard the changes?</source>
+        <translation>बदलाव छोड़ दें?</translation>
+    </message>
+    <message>
+        <source>What was changed in the settings is not saved yet.</source>
+        <translation>सेटिंग में किए गए बदलाव अभी सहेजे नहीं गए हैं।</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>छोड़ दें</translation>
+    </message>
+    <message>
+        <source>Go On Editing</source>
+        <translation>संपादन जारी रखें</translation>
+    </message>
 </context>
 <context>
     <name>tamba::ShareBars</name>
@@ -7635,6 +7689,14 @@
     <message>
         <source>“%1” couldn’t be printed.</source>
         <translation>“%1” नहीं छापा जा सका।</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>मार्गदर्शिका (&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;About Tamba</source>
+        <translation>Tamba के बारे में (&amp;A)</translation>
     </message>
 </context>
 <context>

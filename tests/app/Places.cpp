@@ -1,5 +1,6 @@
 #include "tests/app/Places.h"
 
+#include "Tamba/GuideWindow.h"
 #include "Tamba/Screens/BankScreen.h"
 #include "Tamba/Screens/ClientPages.h"
 #include "Tamba/Screens/ClientsScreen.h"
@@ -9,6 +10,7 @@
 #include "Tamba/Screens/ReportView.h"
 #include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/Screens/WelcomeScreen.h"
+#include "Tamba/Sheets/AboutSheet.h"
 #include "Tamba/Sheets/BillableSheet.h"
 #include "Tamba/Sheets/MileageSheet.h"
 #include "Tamba/Sheets/RecurringSheet.h"
@@ -261,6 +263,12 @@ private:
         RecorderBar recorder(&window);
         recorder.setSeconds(72);
         show(recorder, "recorder");
+        GuideWindow guide(&window);
+        guide.open(QStringLiteral("bank.md"));
+        show(guide, "guide");
+        guide.close();
+        AboutSheet about(&window, "/home/asha/Books");
+        show(about, "sheet-about");
         Sheet alert(&window, Sheet::Icon::alert, {}, QStringLiteral("No text was found on that receipt."));
         alert.addButtons(QStringLiteral("OK"), {});
         show(alert, "sheet-alert");
