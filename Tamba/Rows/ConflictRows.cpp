@@ -134,7 +134,7 @@ struct RecordTitle {
     std::string operator()(const Document& d) const {
         const Client* client = d.clientID ? library.client(*d.clientID) : nullptr;
         return joined(
-            {RowText::translate("Rows", Books::title(d.kind)), d.displayNumber(), client ? client->name : ""});
+            {RowText::translate("Rows", Books::title(d.kind)), RowText::number(d), client ? client->name : ""});
     }
     std::string operator()(const RecurringExpense& r) const {
         return joined({RowText::translate("Rows", "Recurring expense"), r.template_.vendor});

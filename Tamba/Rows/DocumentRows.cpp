@@ -94,7 +94,7 @@ DocumentRow rowOf(const Library& library, const Entry& entry) {
     const Document& document = *entry.document;
     DocumentRow row;
     row.id = document.id;
-    row.number = document.displayNumber();
+    row.number = RowText::number(document);
     row.date = document.issueDate.formatted(dayPattern);
     row.client = entry.client;
     row.due = dueText(library, entry);
@@ -203,7 +203,7 @@ std::string taxTitle(std::string_view name, const DocTotals& totals, int share) 
 }
 
 DocumentFact linkTo(const Document& other) {
-    std::string text = RowText::translate("Rows", Books::title(other.kind)) + ' ' + other.displayNumber();
+    std::string text = RowText::translate("Rows", Books::title(other.kind)) + ' ' + RowText::number(other);
     std::string amount;
     if (DocMath::isBelievable(other))
         amount = MoneyFormat::string(DocMath::totals(other).total, Currency::of(other.currency));

@@ -116,7 +116,7 @@ std::vector<ProjectRecordRow> projectRecords(const Library& library, const UUID&
             found.push_back({document.issueDate,
                              {id,
                               true,
-                              document.displayNumber(),
+                              RowText::number(document),
                               {},
                               MoneyFormat::string(signedValue, Currency::of(document.currency))}});
         }

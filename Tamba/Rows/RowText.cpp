@@ -1,5 +1,7 @@
 #include "Tamba/Rows/RowText.h"
 
+#include "TambaCore/Model/Models.h"
+
 namespace tamba::RowText {
 namespace {
 
@@ -31,6 +33,10 @@ std::string filled(std::string_view text, std::initializer_list<std::string_view
 
 std::string counted(std::size_t count, const char* one, const char* many, std::string_view further) {
     return filled(translate("Rows", count == 1 ? one : many), {std::to_string(count), further});
+}
+
+std::string number(const Document& document) {
+    return document.number ? *document.number : translate("Rows", document.displayNumber());
 }
 
 }  // namespace tamba::RowText

@@ -338,7 +338,7 @@ void ExpensesScreen::arrange() {
                                                   {Column::status, 112}};
     static constexpr ListParts::Width steps[] = {{Column::method, 0},  {Column::tax, 0},     {Column::category, 42},
                                                  {Column::receipt, 0}, {Column::status, 40}, {Column::category, 0}};
-    ListParts::fitColumns(*table_, room, 186, widths, steps);
+    ListParts::fitColumns(*table_, room, 208, widths, steps);
     // A glyph needs no title.
     rows_.setTitle(Column::category, table_->columnWidth(Column::category) < 60 ? QString() : tr("Category"));
     rows_.setTitle(Column::status, table_->columnWidth(Column::status) < 60 ? QString() : tr("Status"));
