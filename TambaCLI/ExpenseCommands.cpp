@@ -194,7 +194,10 @@ int addExpense(const Context& context, const ExpenseEntry& entry) {
     LibrarySession session(context.folder, LibrarySession::Access::write);
     const Library& library = existing(session);
     const Expense expense = expenseFrom(library, entry, context.today);
-    const Library saved = save(session, Expenses::add(library, expense));
+    // As in the window: a new expense, then what was typed, which is refused where it is beyond belief.
+    Expense blank = Expense::make(expense.date);
+    blank.id = expense.id;
+    const Library saved = save(session, Expenses::replace(Expenses::add(library, blank), expense));
     if (context.json)
         std::cout << ModelsJSON::json(expense) << "\n";
     else
