@@ -471,6 +471,7 @@ void Window::closeEvent(QCloseEvent* event) {
 void Window::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     sidebar_->setNarrow(width() < 1120);
+    overlay_->setGeometry(rect());
 }
 
 void Window::changeEvent(QEvent* event) {

@@ -14,7 +14,8 @@ public:
     /// With `Pill`, `Glyph` stands for its word where there is no room for that.
     /// `Second`: a quieter text below the first; `SecondTone`: a `Tone` as int for it.
     /// `Folded`: what stands there instead while other columns have no room and are told of in this one.
-    enum Role { Glyph = Qt::UserRole, GlyphColor, Pill, Strong, Second, SecondTone, Folded };
+    /// `Further`: the first that is left for those who build on this one.
+    enum Role { Glyph = Qt::UserRole, GlyphColor, Pill, Strong, Second, SecondTone, Folded, Further };
     static constexpr int rowHeight = 36;
     static constexpr int tallRowHeight = 52;  ///< where rows have second texts
 

@@ -21,7 +21,7 @@ namespace tamba {
 namespace {
 
 constexpr int headingHeight = 30, moreHeight = 34, edge = 24;
-enum Extra { What = RowDelegate::SecondTone + 1, Right };
+enum Extra { What = RowDelegate::Further, Right };
 
 SearchRow::What whatOf(const QModelIndex& index) { return static_cast<SearchRow::What>(index.data(What).toInt()); }
 

@@ -3,6 +3,7 @@
 #include "Tamba/Screens/InvoicesScreen.h"
 #include "Tamba/Screens/ReportsScreen.h"
 #include "Tamba/Sheets/SettingsSheet.h"
+#include "Tamba/Widgets/RowDelegate.h"
 #include "Tamba/Widgets/SearchPalette.h"
 #include "TambaCore/Fixtures.h"
 #include "tests/app/Support.h"
@@ -40,6 +41,9 @@ private slots:
         const Document& invoice =
             *std::find_if(desk.library().documents.begin(), desk.library().documents.end(), numbered);
         desk.search(*invoice.number);
+        // Below its title stands what is known of it, and nothing in its place.
+        QVERIFY(desk.list.currentIndex().data(RowDelegate::Second).toString().contains(QStringLiteral("₹")));
+        QVERIFY(!desk.list.currentIndex().data(RowDelegate::Folded).isValid());
         desk.press(Qt::Key_Return);
         QVERIFY(!desk.palette.isVisible());
         QCOMPARE(desk.window.screen(), Screen::invoices);
