@@ -31,55 +31,34 @@ Status statusOf(const Library& library, const Expense& expense) {
                                                                                     : Status::check;
 }
 
+/// How a status shows: its word, the sentence behind it (none: what `attention` says), and the glyph that the list of
+/// such expenses has in the sidebar.
+struct StatusLook {
+    const char* text;
+    const char* hint;
+    Tone tone;
+    const char* glyph;
+};
+constexpr auto marked = RowText::marked;
+constexpr StatusLook looks[] = {
+    {"", "", Tone::none, ""},
+    {marked("Rows", "Billed"), marked("Rows", "Billed on to the client."), Tone::neutral, "done"},
+    {marked("Rows", "Billable"), marked("Rows", "To be billed on to the client."), Tone::neutral, "billable"},
+    {marked("Rows", "No rate"), marked("Rows", "Add the exchange rate to include this in reports."), Tone::danger,
+     "exchange"},
+    {marked("Rows", "Check"), nullptr, Tone::warning, "eye"},
+    {marked("Rows", "No category"), nullptr, Tone::neutral, "category-none"},
+};
+const StatusLook& lookOf(Status status) { return looks[static_cast<std::size_t>(status)]; }
+
 std::string textOf(Status status) {
-    switch (status) {
-        case Status::billed:
-            return RowText::translate("Rows", "Billed");
-        case Status::billable:
-            return RowText::translate("Rows", "Billable");
-        case Status::noRate:
-            return RowText::translate("Rows", "No rate");
-        case Status::check:
-            return RowText::translate("Rows", "Check");
-        case Status::noCategory:
-            return RowText::translate("Rows", "No category");
-        case Status::none:
-            break;
-    }
-    return {};
+    return status == Status::none ? std::string() : RowText::translate("Rows", lookOf(status).text);
 }
 
 std::string hintOf(const Library& library, const Expense& expense, Status status) {
-    switch (status) {
-        case Status::billed:
-            return RowText::translate("Rows", "Billed on to the client.");
-        case Status::billable:
-            return RowText::translate("Rows", "To be billed on to the client.");
-        case Status::noRate:
-            return RowText::translate("Rows", "Add the exchange rate to include this in reports.");
-        case Status::check:
-        case Status::noCategory:
-            return Sentences::shown(Expenses::attention(library, expense).value_or(std::string()));
-        case Status::none:
-            break;
-    }
-    return {};
-}
-
-Tone toneOf(Status status) {
-    switch (status) {
-        case Status::noRate:
-            return Tone::danger;
-        case Status::check:
-            return Tone::warning;
-        case Status::billed:
-        case Status::billable:
-        case Status::noCategory:
-            return Tone::neutral;
-        case Status::none:
-            break;
-    }
-    return Tone::none;
+    if (status == Status::none) return {};
+    if (const char* hint = lookOf(status).hint) return RowText::translate("Rows", hint);
+    return Sentences::shown(Expenses::attention(library, expense).value_or(std::string()));
 }
 
 ExpenseRow rowOf(const Library& library, const Expense& expense) {
@@ -94,7 +73,8 @@ ExpenseRow rowOf(const Library& library, const Expense& expense) {
     row.method = RowText::translate("Rows", title(expense.method));
     row.status = textOf(status);
     row.hint = hintOf(library, expense, status);
-    row.tone = toneOf(status);
+    row.tone = lookOf(status).tone;
+    row.glyph = lookOf(status).glyph;
     row.receipt = !expense.attachments.empty();
     if (const Category* category = expense.categoryID ? library.category(*expense.categoryID) : nullptr) {
         row.category = category->name;

@@ -37,6 +37,7 @@ struct ExpenseRow {
     std::string date, vendor, category, amount, tax, method, status;
     std::string symbol, colorHex;  ///< of the category
     std::string hint;              ///< the whole sentence behind `status`
+    std::string glyph;             ///< for the status where there is no room for its word
     Tone tone = Tone::none;
     bool receipt = false;
     bool operator==(const ExpenseRow&) const = default;

@@ -73,6 +73,7 @@ std::vector<ExpensesScreen::Model::Column> ExpensesScreen::columns() {
          [](const ExpenseRow& row, int role) -> QVariant {
              if (role == Qt::DisplayRole) return toQt(row.status);
              if (role == RowDelegate::Pill) return static_cast<int>(row.tone);
+             if (role == RowDelegate::Glyph) return row.glyph.empty() ? QVariant() : toQt(row.glyph);
              if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) return toQt(row.hint);
              return {};
          }},
