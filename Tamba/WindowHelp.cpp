@@ -17,11 +17,11 @@ namespace tamba {
 
 void Window::makeHelpMenu() {
     QMenu* help = menuBar()->addMenu(tr("&Help"));
-    help->setObjectName(QStringLiteral("helpMenu"));
     QAction* guide = help->addAction(tr("&Guide"), this, &Window::showGuide);
     guide->setShortcut(QKeySequence::HelpContents);
     help->addSeparator();
     record_ = help->addAction(tr("&Record a Demonstration…"), this, &Window::recordDemonstration);
+    record_->setObjectName(QStringLiteral("recordDemonstration"));
     help->addSeparator();
     help->addAction(tr("&About Tamba"), this, [this] {
         auto* about = new AboutSheet(this, model_.folder());

@@ -111,7 +111,7 @@ private slots:
         TestPrompts& prompts = books.prompts;
         Window& window = books.window;
         prompts.file = toPath(folder_.path());
-        auto* record = window.menuBar()->findChild<QMenu*>(QStringLiteral("helpMenu"))->actions().constFirst();
+        auto* record = window.findChild<QAction*>(QStringLiteral("recordDemonstration"));
         const auto bar = [&] { return window.findChild<RecorderBar*>(); };
         const auto press = [&](const char* name) {
             bar()->findChild<QPushButton*>(QString::fromLatin1(name))->click();
