@@ -2,17 +2,24 @@
 
 #include <QThread>
 
+#include <utility>
+
 namespace tamba {
 
 Background::~Background() {
     cancel();
-    for (QThread* thread : findChildren<QThread*>()) thread->wait();
+    if (thread_) thread_->wait();
 }
 
 void Background::start(Work work) {
     cancel();
     cancel_ = std::make_shared<std::atomic<bool>>(false);
-    auto* thread = QThread::create([this, work = std::move(work), flag = cancel_] {
+    next_ = std::move(work);
+    if (!thread_) begin();
+}
+
+void Background::begin() {
+    const auto run = [this, work = std::exchange(next_, {}), flag = cancel_] {
         Done done = work(*flag);
         QMetaObject::invokeMethod(
             this,
@@ -22,13 +29,22 @@ void Background::start(Work work) {
                 if (done) done();
             },
             Qt::QueuedConnection);
+    };
+    thread_ = QThread::create(run);
+    thread_->setParent(this);
+    connect(thread_, &QThread::finished, this, [this] {
+        std::exchange(thread_, nullptr)->deleteLater();
+        if (next_) begin();
     });
-    thread->setParent(this);
-    connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    thread->start(QThread::LowPriority);
+    thread_->start(QThread::LowPriority);
+    if (thread_->isRunning() || thread_->isFinished()) return;
+    // The system has no thread left.
+    delete std::exchange(thread_, nullptr);
+    run();
 }
 
 void Background::cancel() {
+    next_ = {};
     if (!cancel_) return;
     *cancel_ = true;
     cancel_.reset();

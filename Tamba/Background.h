@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 
+class QThread;
+
 namespace tamba {
 
 /// One piece of slow work at a time, on a thread of its own. What it found comes back as a function that runs on the
@@ -16,8 +18,9 @@ namespace tamba {
 ///         return [this, lines] { show(*lines); };
 ///     });
 ///
-/// Work gets values of its own and throws nothing. One that begins stops the one before it, whose function is dropped.
-/// The destructor waits for what still runs.
+/// Work gets values of its own and throws nothing. What is started stops the one before it, whose function is dropped,
+/// and begins when that has ended: of many started one after the other only the last is done. The destructor waits for
+/// what still runs.
 class Background : public QObject {
 public:
     using Done = std::function<void()>;                                 ///< none: there is nothing to say
@@ -31,7 +34,11 @@ public:
     [[nodiscard]] bool isBusy() const { return cancel_ != nullptr; }
 
 private:
-    std::shared_ptr<std::atomic<bool>> cancel_;  // of what runs
+    void begin();
+
+    QThread* thread_ = nullptr;
+    Work next_;
+    std::shared_ptr<std::atomic<bool>> cancel_;  // of what was started last
 };
 
 }  // namespace tamba
