@@ -1,8 +1,8 @@
 // The application on the sample books and on 50,000 expenses, without a screen, wall time beside the time of the
 // processor, medians of interleaved runs:
 //   paint   from the start of the process to the first painted window, in processes of their own
-//   edit    one change through AppModel with what follows from it at once, painting included, on each screen; what
-//           other threads find out afterwards is not in it
+//   edit    one change through AppModel with what follows from it at once, on each screen, and the painting of what it
+//           changed; what other threads find out afterwards is not in it
 //   letter  one letter typed into the search above the expenses, painting included
 //   save    AppModel::saveNow      against  write + fsync + rename + folder fsync of the same bytes
 //   bench_application [ROUNDS [overview | expenses | invoices | clients | bank | reports | letter | save]]
@@ -172,8 +172,7 @@ void measureEdits(Running& running, int rounds, std::string_view only) {
             for (int i = 0; i < rounds; ++i, ++turn) {
                 costs.push_back(cost([&] {
                     running.model.perform(QStringLiteral("Edit"), edit.take);
-                    QCoreApplication::sendPostedEvents();
-                    running.window->repaint();
+                    QCoreApplication::sendPostedEvents();  // lays out and paints what changed
                 }));
             }
             print((std::string(on) + ": " + edit.name).c_str(), median(costs), "16");

@@ -68,12 +68,15 @@ std::string lateText(std::int64_t days) {
                                        RowText::marked("Rows", "%1 days late"));
 }
 
-ClientTable clientTable(const Library& library, const ClientFilter& filter, Day today,
-                        Books::KeptStandings& standings) {
+ClientTable ClientListing::table(const Library& library, const ClientFilter& filter, Day today) {
+    return kept_.get(library, filter, today, [&] { return made(library, filter, today); });
+}
+
+ClientTable ClientListing::made(const Library& library, const ClientFilter& filter, Day today) {
     std::vector<std::string> words;
     for (const std::string& word : Text::split(Text::lower(Text::trim(filter.search)), ' '))
         if (!word.empty()) words.push_back(word);
-    const auto accounts = Clients::accounts(library, standings.update(library, today));
+    const auto accounts = Clients::accounts(library, standings_.update(library, today));
     std::vector<Entry> entries;
     for (const Client& client : library.clients) {
         if ((client.archived && !filter.archived) || !fits(client, words)) continue;

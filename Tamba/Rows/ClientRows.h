@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Tamba/Rows/ExpenseRows.h"
+#include "Tamba/Rows/Listing.h"
 #include "TambaCore/Documents/Standing.h"
 #include "TambaCore/Model/Models.h"
 
@@ -17,6 +18,7 @@ struct ClientFilter {
     std::string search = {};  ///< words that must all occur
     ClientOrder order = ClientOrder::name;
     bool ascending = true;
+    bool operator==(const ClientFilter&) const = default;
 };
 
 struct ClientListRow {
@@ -36,9 +38,18 @@ struct ClientTable {
     std::string count, owed, overdue, leftOut;
 };
 
-/// `standings` are kept from one table to the next, so that documents are gone through once.
-[[nodiscard]] ClientTable clientTable(const Library& library, const ClientFilter& filter, Day today,
-                                      Books::KeptStandings& standings);
+/// Tables one after the other: how documents stand that have not changed is not worked out again, and a table that
+/// nothing in it has changed is the same.
+class ClientListing {
+public:
+    [[nodiscard]] ClientTable table(const Library& library, const ClientFilter& filter, Day today);
+
+private:
+    [[nodiscard]] ClientTable made(const Library& library, const ClientFilter& filter, Day today);
+
+    Books::KeptStandings standings_;
+    KeptTable<ClientTable, ClientFilter> kept_;
+};
 /// "12 days late", "On time", "3 days early", as settled invoices were paid on average.
 [[nodiscard]] std::string lateText(std::int64_t days);
 

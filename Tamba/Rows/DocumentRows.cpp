@@ -254,6 +254,10 @@ DocumentTable documentTable(const Library& library, const DocumentFilter& filter
 }
 
 DocumentTable DocumentListing::table(const Library& library, const DocumentFilter& filter, Day today) {
+    return kept_.get(library, filter, today, [&] { return made(library, filter, today); });
+}
+
+DocumentTable DocumentListing::made(const Library& library, const DocumentFilter& filter, Day today) {
     const auto& standings = standings_.update(library, today);
     std::unordered_map<UUID, std::string_view> clients;
     for (const Client& client : library.clients) clients.emplace(client.id, client.name);

@@ -30,6 +30,7 @@ struct DocumentFilter {
     std::string search = {};               ///< words that must all occur
     DocumentOrder order = DocumentOrder::date;
     bool ascending = false;
+    bool operator==(const DocumentFilter&) const = default;
 };
 
 struct DocumentRow {
@@ -52,13 +53,17 @@ struct DocumentTable {
 };
 [[nodiscard]] DocumentTable documentTable(const Library& library, const DocumentFilter& filter, Day today);
 
-/// The same tables, one after the other: how documents stand that have not changed is not worked out again.
+/// The same tables, one after the other: how documents stand that have not changed is not worked out again, and a table
+/// that nothing in it has changed is the same.
 class DocumentListing {
 public:
     [[nodiscard]] DocumentTable table(const Library& library, const DocumentFilter& filter, Day today);
 
 private:
+    [[nodiscard]] DocumentTable made(const Library& library, const DocumentFilter& filter, Day today);
+
     Books::KeptStandings standings_;
+    KeptTable<DocumentTable, DocumentFilter> kept_;
 };
 
 [[nodiscard]] std::size_t countOf(const Library& library, DocKind kind);

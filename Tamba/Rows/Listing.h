@@ -3,12 +3,14 @@
 #include "TambaCore/Base/Difference.h"
 #include "TambaCore/Base/List.h"
 #include "TambaCore/Base/UUID.h"
+#include "TambaCore/Model/Models.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -103,6 +105,31 @@ private:
     std::shared_ptr<const void> books_;
     std::function<Row(const void*)> make_;
     mutable std::unordered_map<std::size_t, Row> made_;  // asked for so far; what they say never changes
+};
+
+/// A table of documents or clients, and all that it was made of: as long as that is the same, so is the table.
+template <class Table, class Filter>
+class KeptTable {
+public:
+    template <class Make>
+    [[nodiscard]] const Table& get(const Library& library, const Filter& filter, Day today, Make&& make) {
+        const bool holds = last_ && last_->documents.sharesAllWith(library.documents) &&
+                           last_->clients.sharesAllWith(library.clients) && last_->business == library.business &&
+                           last_->filter == filter && last_->today == today;
+        if (!holds) last_ = Last{library.documents, library.clients, library.business, filter, today, make()};
+        return last_->table;
+    }
+
+private:
+    struct Last {
+        List<Document> documents;
+        List<Client> clients;
+        Business business;
+        Filter filter;
+        Day today;
+        Table table;
+    };
+    std::optional<Last> last_;
 };
 
 /// The records of a list in the order of a table, each with the facts that it is ordered, filtered and summed by. Given

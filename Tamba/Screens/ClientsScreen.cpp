@@ -163,7 +163,7 @@ void ClientsScreen::refresh() {
     const Library& library = model_.library();
     filter_.search = toStd(search_->text());
     filter_.archived = archived_->isChecked();
-    ClientTable table = clientTable(library, filter_, model_.today(), standings_);
+    ClientTable table = listing_.table(library, filter_, model_.today());
     const bool none = table.rows.empty();
     rows_.setRows(std::move(table.rows));
     count_->setText(toQt(table.count));

@@ -67,7 +67,7 @@ private:
     Prompts& prompts_;
     DocumentActions& documents_;
     ClientFilter filter_;
-    Books::KeptStandings standings_;
+    ClientListing listing_;
     Model rows_;
     QHBoxLayout* head_;
     QLineEdit* search_;

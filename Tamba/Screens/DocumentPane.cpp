@@ -17,7 +17,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedWidget>
-#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -211,9 +210,7 @@ void DocumentPane::refresh() {
     title_->setText(draft ? tr("Draft %1").arg(kind.toLower()) : toQt(document->displayNumber()));
     const DocStatus status = Books::status(library, *document, model_.today());
     pill_->setText(Translations::shown(Books::title(status)));
-    pill_->setProperty("pill", QString::fromLatin1(pillOf(toneOf(status))));
-    pill_->style()->unpolish(pill_);
-    pill_->style()->polish(pill_);
+    Controls::restyle(*pill_, "pill", QString::fromLatin1(pillOf(toneOf(status))));
     pill_->setVisible(!draft);
     standing_->setText(draft ? QString() : toQt(standingText(library, *document, model_.today())));
     standing_->setVisible(!standing_->text().isEmpty());

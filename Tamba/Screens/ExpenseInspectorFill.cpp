@@ -17,7 +17,6 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QStackedWidget>
-#include <QStyle>
 
 // From the books to the fields; the way back is in ExpenseInspector.cpp.
 namespace tamba {
@@ -182,13 +181,8 @@ void ExpenseInspector::showGSTINState() {
         const auto state = IndianState::of(GSTIN::stateCode(text));
         note = problem ? toQt(GSTIN::problemText(*problem)) : state ? Translations::shown(state->label()) : tr("Valid");
     }
-    const char* role = problem ? "problem" : "good";
     gstinNote_->setText(Controls::wrapped(note, *gstinNote_, 212));
-    if (gstinNote_->property("role").toString() != QLatin1String(role)) {
-        gstinNote_->setProperty("role", QString::fromLatin1(role));
-        gstinNote_->style()->unpolish(gstinNote_);
-        gstinNote_->style()->polish(gstinNote_);
-    }
+    setRole(*gstinNote_, problem ? "problem" : "good");
     Controls::markProblem(*gstin_, text.empty() || !problem ? QString() : note);
     const Expense* e = expense();
     form_->setRowVisible(gstinNote_, !note.isEmpty() && e && e->kind == ExpenseKind::regular);

@@ -17,7 +17,6 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace tamba {
@@ -326,9 +325,7 @@ void SuggestionsPane::fillHead(const BankTransaction& line) {
     day_->setText(toQt(facts.account.empty() ? facts.day : facts.day + " · " + facts.account));
     day_->setText(day_->fontMetrics().elidedText(day_->text(), Qt::ElideRight, 232));
     pill_->setText(toQt(facts.status));
-    pill_->setProperty("pill", QString::fromLatin1(pillOf(facts.tone)));
-    pill_->style()->unpolish(pill_);
-    pill_->style()->polish(pill_);
+    Controls::restyle(*pill_, "pill", QString::fromLatin1(pillOf(facts.tone)));
     amount_->setText(toQt(facts.amount));
     setRole(*amount_, facts.in ? "outcome" : "");
     name_->setText(breakable(facts.name));

@@ -55,14 +55,17 @@ QString wrapped(const QString& text, const QLabel& label, int width) {
     return result + line;
 }
 
+void restyle(QWidget& widget, const char* property, const QVariant& value) {
+    if (widget.property(property) == value) return;
+    widget.setProperty(property, value);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
+
 void markProblem(QWidget& field, const QString& sentence) {
     field.setToolTip(sentence);
     field.setAccessibleDescription(sentence);
-    const bool problem = !sentence.isEmpty();
-    if (field.property("problem").toBool() == problem) return;
-    field.setProperty("problem", problem);
-    field.style()->unpolish(&field);
-    field.style()->polish(&field);
+    restyle(field, "problem", !sentence.isEmpty());
 }
 
 }  // namespace tamba::Controls

@@ -22,6 +22,8 @@ void name(QWidget& widget, const char* name, const QString& accessible);
 /// The text with line breaks where it would pass `width`: a form gives labels that wrap by themselves too little
 /// height.
 [[nodiscard]] QString wrapped(const QString& text, const QLabel& label, int width);
+/// Sets a property that the style sheet asks for; the widget is styled again where it is another one.
+void restyle(QWidget& widget, const char* property, const QVariant& value);
 /// Marks a field whose content is refused, with the sentence as its tool tip.
 void markProblem(QWidget& field, const QString& sentence);
 

@@ -17,7 +17,6 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPlainTextEdit>
-#include <QStyle>
 
 #include <algorithm>
 #include <map>
@@ -188,11 +187,6 @@ std::optional<std::int64_t> amountIn(const QLineEdit& field, const Currency& cur
     return MoneyFormat::parseSum(toStd(field.text().trimmed()), currency);
 }
 
-void setRole(QWidget& widget, const char* role) {
-    if (widget.property("role").toString() == QLatin1String(role)) return;
-    widget.setProperty("role", QString::fromLatin1(role));
-    widget.style()->unpolish(&widget);
-    widget.style()->polish(&widget);
-}
+void setRole(QWidget& widget, const char* role) { Controls::restyle(widget, "role", QString::fromLatin1(role)); }
 
 }  // namespace tamba

@@ -11,7 +11,6 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QPainter>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -357,10 +356,7 @@ void Sidebar::refreshSaving() {
     saving_->setIcon(failed                                ? Icons::icon(QStringLiteral("alert"), &Colors::danger)
                      : saving == AppModel::Saving::pending ? Icons::icon(QStringLiteral("saving"), &Colors::muted)
                                                            : Icons::icon(QStringLiteral("check"), &Colors::success));
-    if (saving_->property("failed").toBool() == failed) return;
-    saving_->setProperty("failed", failed);
-    saving_->style()->unpolish(saving_);
-    saving_->style()->polish(saving_);
+    Controls::restyle(*saving_, "failed", failed);
 }
 
 void Sidebar::paintEvent(QPaintEvent*) {

@@ -188,7 +188,7 @@ private slots:
         ExpenseListing expenseListing;
         BankListing bankListing;
         DocumentListing documentListing;
-        Books::KeptStandings standings;
+        ClientListing clientListing;
         Onlooker<ExpenseRow> expenseRows;
         Onlooker<BankRow> bankRows;
         Onlooker<DocumentRow> documentRows;
@@ -233,9 +233,8 @@ private slots:
                                 allPapers = documentTable(library, documents, today);
             QVERIFY(isAlike(papers, allPapers, documentRows));
             QCOMPARE(papers.total + papers.due, allPapers.total + allPapers.due);
-            Books::KeptStandings fresh;
-            const ClientTable kept = clientTable(library, clients, today, standings),
-                              afresh = clientTable(library, clients, today, fresh);
+            const ClientTable kept = clientListing.table(library, clients, today),
+                              afresh = ClientListing().table(library, clients, today);
             QVERIFY(kept.rows == afresh.rows && kept.owed == afresh.owed && kept.overdue == afresh.overdue);
         }
     }
